@@ -1,0 +1,118 @@
+#include "app/MainClass.h"
+
+#include "common/GlobalConfig.h"
+#include "common/MyMessage.h"
+#include "common/Sqlite.h"
+#include "services/Baa00Service.h"
+#include "services/KvsystemService.h"
+
+#include <QDebug>
+
+namespace {
+
+/// Shorter sessions are left to run out; the keep-alive of longer ones comes a margin before their end.
+constexpr long keepLoginThresholdSeconds = 900;
+constexpr long keepLoginMarginSeconds = 75;
+
+void storeIfPositive(int& setting, const QString& text)
+{
+    if (text.toInt() > 0)
+        setting = text.toInt();
+}
+
+void storeIfPresent(int& setting, const QString& text)
+{
+    if (!text.isEmpty())
+        setting = text.toInt();
+}
+
+} // namespace
+
+MainClass::MainClass()
+    : m_message(MyMessage::getInstance()), m_config(GlobalConfig::getInstance()),
+      m_baa00(Baa00Service::getInstance()), m_kvsystem(KvsystemService::getInstance())
+{
+    m_keepLoginTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_keepLoginTimer, &QTimer::timeout, this, [this] { m_baa00->keepLogin()->deleteLater(); });
+    initDb();
+}
+
+MainClass::~MainClass() = default;
+
+void MainClass::init()
+{
+    initSysConfig();
+}
+
+void MainClass::initDb()
+{
+    storeIfPresent(m_config->js_item_count, getSqlData(QStringLiteral("js_item_count")));
+    storeIfPresent(m_config->cons_item_count, getSqlData(QStringLiteral("cons_item_count")));
+    storeIfPresent(m_config->room_item_count, getSqlData(QStringLiteral("room_item_count")));
+    storeIfPositive(m_config->js_assign_type, getSqlData(QStringLiteral("js_assign_type")));
+    storeIfPositive(m_config->stop_server_print_count, getSqlData(QStringLiteral("stop_server_print_count")));
+    if (getSqlData(QStringLiteral("hand_card_device")) == QLatin1String("1"))
+        m_config->hand_card_device = 1;
+    storeIfPositive(m_config->leave_room_print_count, getSqlData(QStringLiteral("leave_room_print_count")));
+    const QString voiceTemplate = getSqlData(QStringLiteral("zy_tts_text"));
+    if (!voiceTemplate.isEmpty())
+        m_config->setZyTtsText(voiceTemplate);
+    storeIfPositive(m_config->call_count, getSqlData(QStringLiteral("call_count")));
+}
+
+QString MainClass::getSqlData(const QString& key)
+{
+    Sqlite settings;
+    if (!settings.open())
+        return {};
+    const QString value = settings.query(key);
+    settings.close();
+    return value;
+}
+
+void MainClass::setSqlData(const QString& key, const QString& value)
+{
+    Sqlite settings;
+    if (!settings.open())
+        return;
+    settings.addData(key, value);
+    settings.close();
+}
+
+void MainClass::startTimer()
+{
+    if (m_keepLoginTimer.isActive())
+        return;
+    qDebug().noquote() << QStringLiteral("定时器打开");
+    const long lifetimeSeconds = m_config->tokenTimeStamp();
+    if (lifetimeSeconds >= keepLoginThresholdSeconds) {
+        m_keepLoginTimer.start(
+            std::chrono::milliseconds(static_cast<qint64>(lifetimeSeconds - keepLoginMarginSeconds) * 1000));
+    }
+}
+
+void MainClass::stopTimer()
+{
+    if (!m_keepLoginTimer.isActive())
+        return;
+    qDebug().noquote() << QStringLiteral("定时器关闭");
+    m_keepLoginTimer.stop();
+}
+
+int MainClass::showMsgConfirm(const QString& title, const QString& msg)
+{
+    m_msgConfirmResult = -1;
+    Q_EMIT msgConfirmSignal(title, msg);
+    return m_msgConfirmResult;
+}
+
+void MainClass::msgConfirmResult(int result)
+{
+    m_msgConfirmResult = result;
+    Q_EMIT msgConfirmDone();
+}
+
+void MainClass::onDestruct(const QString& code)
+{
+    Q_EMIT destructSignal(code);
+}

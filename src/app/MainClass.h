@@ -1,0 +1,63 @@
+#pragma once
+
+#include "common/Singleton.h"
+
+#include <QObject>
+#include <QTimer>
+
+class Baa00Service;
+class GlobalConfig;
+class KvsystemService;
+class MyMessage;
+
+/// Application controller: start-up, settings access, the login keep-alive and the confirmations that view-models ask
+/// for. Main thread.
+class MainClass : public QObject, public Singleton<MainClass>
+{
+    Q_OBJECT
+
+public:
+    ~MainClass() override;
+
+    /// Second half of the start-up, called by the waiting page once it stands. On a failure the page stays, with the
+    /// cause shown.
+    Q_INVOKABLE void init();
+    /// The answer of the confirmation dialog: 1 yes, 0 no.
+    Q_INVOKABLE void msgConfirmResult(int result);
+    /// Keeps the session alive while a module is open.
+    Q_INVOKABLE void startTimer();
+    Q_INVOKABLE void stopTimer();
+
+    /// Asks the user and waits for the answer: 1 yes, 0 no.
+    int showMsgConfirm(const QString& title, const QString& msg);
+
+    /// A setting of this machine, empty when it isn't there.
+    QString getSqlData(const QString& key);
+    void setSqlData(const QString& key, const QString& value);
+    /// Copies the settings into the shared state; done once, at start-up.
+    void initDb();
+
+    /// A module's view-model ends; waits that belong to it end with it.
+    void onDestruct(const QString& code);
+
+Q_SIGNALS:
+    void msgConfirmSignal(const QString& title, const QString& msg);
+    void msgConfirmDone();
+    void destructSignal(const QString& code);
+
+private:
+    friend class Singleton<MainClass>;
+    MainClass();
+
+    bool initSysConfig();
+    bool fetchLines();
+    void chooseLine();
+    bool fetchSysInit();
+
+    MyMessage* m_message;
+    GlobalConfig* m_config;
+    QTimer m_keepLoginTimer;
+    Baa00Service* m_baa00;
+    KvsystemService* m_kvsystem;
+    int m_msgConfirmResult = -1;
+};

@@ -1,0 +1,94 @@
+#include "app/SysInit.h"
+
+#include "common/GlobalConfig.h"
+
+namespace {
+
+/// The modules that get a tile when the terminal holds their right.
+const QStringList& tileModules()
+{
+    static const QStringList modules = {
+        QStringLiteral("CONSUME_CTRL"),   QStringLiteral("ROOMINFO_CTRL"), QStringLiteral("STAFF_QTZ_CTRL"),
+        QStringLiteral("ZZC_CTRL"),       QStringLiteral("HELP_BASH_WAIT"), QStringLiteral("NO_ITEM_SERVER"),
+        QStringLiteral("SELF_ORDER")};
+    return modules;
+}
+
+QString topicPrefix(QString topic)
+{
+    return topic.remove(QStringLiteral("%s"));
+}
+
+void applyTopics(const MqttTopicsDto* topics, GlobalConfig* config)
+{
+    config->setMQTT_ROOM_STATUS(topicPrefix(topics->ROOMSTATUS()));
+    config->setMQTT_STAFF_STATUS(topicPrefix(topics->STAFFSTATUS()));
+    config->setMQTT_CALL_CHGDATA(topicPrefix(topics->CALLCHGDATA()));
+    config->setMQTT_HARDCARDSCALLSTATUS(topicPrefix(topics->HARDCARDSCALLSTATUS()));
+    config->setMQTT_HARDCARDSCALLDATA(topicPrefix(topics->HARDCARDSCALLDATA()));
+}
+
+void applyTerminal(const SysInitDto* sysInit, GlobalConfig* config)
+{
+    TerminalDto* terminal = sysInit->terminalInfo();
+    if (terminal) {
+        config->setStoreId(terminal->storeId());
+        config->setCompId(terminal->compId());
+        config->setDeviceId(terminal->id());
+        config->setTerminalInfo(new TerminalDto(terminal));
+        config->setStoreName(terminal->storeName());
+    }
+    config->setKvupload(sysInit->kvupload());
+}
+
+void buildFuncMenu(const QList<ModAuthDto*>& rights, GlobalConfig* config)
+{
+    QList<ModAuthDto*> tiles;
+    for (ModAuthDto* right : rights) {
+        if (right->pid() != QLatin1String("0") || !right->getAuthflg())
+            continue;
+        if (right->funcVal() == QLatin1String("SYS_CTRL"))
+            config->setIsVisSysConfig(true);
+        else if (tileModules().contains(right->funcVal()))
+            tiles.append(right);
+    }
+    // Transfers need no right of the terminal.
+    ModAuthDto transfer;
+    transfer.set_funcVal(QStringLiteral("TRANSFER_CTRL"));
+    transfer.set_authName(QStringLiteral("手牌转账"));
+    tiles.append(&transfer);
+    config->setFuncMenu(new FuncMenuModel(tiles, config));
+}
+
+} // namespace
+
+void applyMqttInfo(const SysMqttInfoDto* info, GlobalConfig* config)
+{
+    const QStringList address = info->hostUrl().remove(QStringLiteral("tcp://")).split(QLatin1Char(':'));
+    if (address.size() == 2) {
+        config->setMqttUrl(address.at(0));
+        bool isNumber = false;
+        const int port = address.at(1).toInt(&isNumber);
+        if (isNumber)
+            config->setMqttPort(port);
+    }
+    config->setMqttUser(info->username());
+    config->setMqttPwd(info->password());
+    if (info->mqttTopics())
+        applyTopics(info->mqttTopics(), config);
+}
+
+void applySysInit(const SysInitDto* sysInit, GlobalConfig* config)
+{
+    if (sysInit->mqttInfo())
+        applyMqttInfo(sysInit->mqttInfo(), config);
+    applyTerminal(sysInit, config);
+    if (sysInit->planconfig())
+        config->setPlanConfig(new PlanConfigDto(sysInit->planconfig()));
+    if (sysInit->sysconfig())
+        config->setSysConfig(new SysConfigDto(sysInit->sysconfig()));
+    if (sysInit->cardconfig())
+        config->setCardConfig(new CardConfigDto(sysInit->cardconfig()));
+    if (!sysInit->modAuth().isEmpty())
+        buildFuncMenu(sysInit->modAuth().list(), config);
+}

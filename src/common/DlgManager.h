@@ -1,0 +1,38 @@
+#pragma once
+
+#include "common/Singleton.h"
+
+#include <QObject>
+
+/// Who authorised a refused call; an empty id means that nobody did.
+struct Authoriser
+{
+    QString id;
+    QString no;
+    QString name;
+};
+
+/// Relay between the program and the two dialogs that the root window opens for it. Both operations return when the
+/// dialog has closed.
+class DlgManager : public QObject, public Singleton<DlgManager>
+{
+    Q_OBJECT
+
+public:
+    /// Asks for a supervisor on the spot.
+    Authoriser showAuthDlg();
+    /// Lets the user choose a line.
+    void showCloudDlg();
+    /// What the supervisor dialog delivers, from its page.
+    Q_INVOKABLE void authResult(const QString& id, const QString& no, const QString& name);
+
+Q_SIGNALS:
+    void authSignal();
+    void cloudSignal();
+
+private:
+    friend class Singleton<DlgManager>;
+    DlgManager() = default;
+
+    Authoriser m_authoriser;
+};

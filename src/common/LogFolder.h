@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+/// The folder "log" beside the program.
+QString logFolder();
+
+/// Removes the files of the folder that were last written more than seven days ago. Folders in it stay.
+void removeOldLogs(const QString& folder);
+
+/// Removes old files and sends every message of the program to the background writer from here on. Run once at
+/// start-up, on any thread.
+void prepareLog();

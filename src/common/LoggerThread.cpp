@@ -1,0 +1,164 @@
+#include "common/LoggerThread.h"
+
+#include "common/Clock.h"
+#include "common/LogFolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QMutex>
+
+#include <atomic>
+#include <cstdio>
+
+LoggerThread* LoggerThread::getInstance()
+{
+    static QMutex mutex;
+    static std::atomic<LoggerThread*> instance{nullptr};
+    if (!instance) {
+        QMutexLocker lock(&mutex);
+        if (!instance)
+            instance = new LoggerThread(logFolder(), Limits());
+    }
+    return instance;
+}
+
+LoggerThread::LoggerThread(const QString& folder, const Limits& limits) : m_folder(folder), m_limits(limits)
+{
+    start(QThread::InheritPriority);
+}
+
+LoggerThread::~LoggerThread()
+{
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_running = false;
+    }
+    m_wake.notify_all();
+    quit();
+    wait();
+}
+
+void LoggerThread::log(const QString& line)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_queue.append(line);
+    m_queuedChars += line.size();
+    dropOverflow();
+}
+
+void LoggerThread::dropOverflow()
+{
+    while (m_queue.size() > m_limits.queuedLines || (m_queuedChars > m_limits.queuedChars && m_queue.size() > 1)) {
+        m_queuedChars -= m_queue.takeFirst().size();
+        ++m_dropped;
+    }
+}
+
+bool LoggerThread::goesOn()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_running;
+}
+
+void LoggerThread::pause(int ms)
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_wake.wait_for(lock, std::chrono::milliseconds(ms), [this] { return !m_running; });
+}
+
+QString LoggerThread::todaysName() const
+{
+    return QStringLiteral("%1/%2.log").arg(m_folder, Clock::now().toString(QStringLiteral("yyyy-MM-dd")));
+}
+
+void LoggerThread::run()
+{
+    std::printf("#LogerThread# run() %s\n", qPrintable(m_folder));
+    std::fflush(stdout);
+    QDir().mkpath(m_folder);
+
+    QFile file(todaysName());
+    while (goesOn()) {
+        if (file.isOpen() && file.size() >= m_limits.fileBytes) {
+            file.close();
+            m_fullName = file.fileName();
+        }
+        if (!file.isOpen() && !openFile(file))
+            continue;
+        writeQueue(file);
+        pause(m_limits.pauseMs);
+    }
+    file.close();
+}
+
+bool LoggerThread::openFile(QFile& file)
+{
+    const QString name = todaysName();
+    file.setFileName(name);
+    if (name == m_fullName || file.size() >= m_limits.fileBytes) {
+        m_fullName = name;
+        pause(m_limits.pauseMs);
+        return false;
+    }
+    // Unbuffered, so that a full disk shows at the line that it hits.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) {
+        std::printf("#LogerThread# run() open log file fail! %s %s\n", qPrintable(file.errorString()),
+                    qPrintable(name));
+        std::fflush(stdout);
+        pause(m_limits.failedOpenPauseMs);
+        return false;
+    }
+    return true;
+}
+
+void LoggerThread::writeQueue(QFile& file)
+{
+    qint64 dropped = 0;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        dropped = m_dropped;
+    }
+    if (dropped > 0) {
+        if (!writeLine(file, QStringLiteral("#LogerThread# %1 lines dropped").arg(dropped)))
+            return;
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_dropped -= dropped;
+    }
+
+    QString line;
+    while (file.size() < m_limits.fileBytes && takeLine(line)) {
+        if (!writeLine(file, line)) {
+            putBack(line);
+            return;
+        }
+    }
+}
+
+bool LoggerThread::writeLine(QFile& file, const QString& line)
+{
+    const qint64 before = file.size();
+    const QByteArray bytes = line.toLocal8Bit() + '\n';
+    if (file.write(bytes) == bytes.size())
+        return true;
+    // Half a line would stand there twice once the rest can be written.
+    file.resize(before);
+    return false;
+}
+
+bool LoggerThread::takeLine(QString& line)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_running || m_queue.isEmpty())
+        return false;
+    line = m_queue.takeFirst();
+    m_queuedChars -= line.size();
+    return true;
+}
+
+void LoggerThread::putBack(const QString& line)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_queue.prepend(line);
+    m_queuedChars += line.size();
+    dropOverflow();
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QThread>
+
+#include <condition_variable>
+#include <mutex>
+
+class QFile;
+
+/// Writes log lines to one file a day, so that no caller waits for the disk.
+///
+/// A file that has reached its size limit gets no more lines that day. Lines that can't be written wait in memory, up
+/// to a bound; beyond it the oldest are dropped and counted, and the count is written when writing goes on.
+class LoggerThread : public QThread
+{
+    Q_OBJECT
+
+public:
+    /// What bounds the writer; the defaults are the program's.
+    struct Limits
+    {
+        qint64 fileBytes = 10485760;      ///< at this size or above a file is closed
+        int queuedLines = 20000;          ///< lines that wait in memory at most
+        qint64 queuedChars = 32000000;    ///< their characters at most, for whole replies are logged
+        int pauseMs = 500;                ///< after each round
+        int failedOpenPauseMs = 1000;     ///< after a file that couldn't be opened
+    };
+
+    /// The process's writer, into the folder "log" beside the program; made on first use.
+    static LoggerThread* getInstance();
+
+    /// Starts at once. The folder is made when it doesn't exist.
+    LoggerThread(const QString& folder, const Limits& limits);
+    /// Ends the thread; lines still waiting are not written.
+    ~LoggerThread() override;
+
+    /// Appends a line. Any thread.
+    void log(const QString& line);
+
+protected:
+    void run() override;
+
+private:
+    bool goesOn();
+    void pause(int ms);
+    bool openFile(QFile& file);
+    void writeQueue(QFile& file);
+    bool writeLine(QFile& file, const QString& line);
+    bool takeLine(QString& line);
+    void putBack(const QString& line);
+    void dropOverflow();
+    QString todaysName() const;
+
+    const QString m_folder;
+    const Limits m_limits;
+    QString m_fullName; ///< today's file once it stands at its limit; the writer's own
+
+    std::mutex m_mutex; ///< guards what follows
+    std::condition_variable m_wake;
+    bool m_running = true;
+    QList<QString> m_queue;
+    qint64 m_queuedChars = 0;
+    qint64 m_dropped = 0;
+};

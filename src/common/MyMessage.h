@@ -1,0 +1,30 @@
+#pragma once
+
+#include "common/Property.h"
+#include "common/Singleton.h"
+
+/// Relay of messages to the user: whoever has something to say emits here, the root window shows it.
+class MyMessage : public QObject, public Singleton<MyMessage>
+{
+    Q_OBJECT
+    PROPERTY(QString, message, setMessage, {}) // for pages that want one, the relay doesn't use it
+
+public:
+    /// infoType: 1 "success", 2 "error", anything else "info".
+    Q_INVOKABLE void showMessage(const QString& msg, int infoType);
+    /// With a line in the log.
+    Q_INVOKABLE void showError(const QString& msg);
+    /// Without a line in the log.
+    Q_INVOKABLE void ShowError(const QString& msg);
+    Q_INVOKABLE void showOk(const QString& msg);
+
+Q_SIGNALS:
+    /// infoType is "success", "error" or "info".
+    void showMessageSignal(const QString& msg, const QString& infoType);
+    void openBusyDlgSignal();
+    void closeBusyDlgSignal();
+
+private:
+    friend class Singleton<MyMessage>;
+    MyMessage() = default;
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QObject>
+#include <QSqlDatabase>
+
+class MyMessage;
+
+/// The settings table of this machine, "kv_panel_v2.db" in the working directory. Made on the stack for each use, on
+/// the main thread. Failures are shown to the user and give an empty or false result.
+class Sqlite : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Sqlite(QObject* parent = nullptr);
+
+    bool open();
+    void close();
+    /// True when the table is there or could be made.
+    bool createTable();
+    /// The value under the key, empty when there is none.
+    QString query(const QString& code);
+    /// Puts a row in place of the key's old one.
+    void addData(const QString& code, const QString& value);
+    void deleteData(const QString& code);
+
+private:
+    MyMessage* m_message;
+    QSqlDatabase m_database;
+};

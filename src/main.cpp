@@ -1,0 +1,6 @@
+#include "entry/ProcessEntry.h"
+
+int main(int argc, char** argv)
+{
+    return runTerminal(argc, argv);
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QEventLoop>
+
+/// The wait of a back-end call: timers, repaints and events go on, taps and keys are dropped, not queued.
+class EventLoopFilter : public QEventLoop
+{
+    Q_OBJECT
+    Q_PROPERTY(bool isThread READ isThread WRITE setIsThread)
+
+public:
+    explicit EventLoopFilter(QObject* parent = nullptr) : QEventLoop(parent) {}
+
+    /// True lets the user's input through.
+    bool isThread() const { return m_isThread; }
+    void setIsThread(bool isThread) { m_isThread = isThread; }
+
+    /// Drops input while it runs when called on the main thread.
+    int exec();
+    /// Ends the filtering at once and the object at the next turn of the event loop.
+    void deleteLater();
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool m_isThread = false;
+    bool m_installed = false;
+};

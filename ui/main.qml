@@ -1,0 +1,105 @@
+import QtQuick 2.15
+import QtQuick.Controls 2.15
+import QtQuick.Window 2.15
+import GlobalConfig 1.0
+import MyMessage 1.0
+import MainClass 1.0
+import DlgManager 1.0
+import "qml/Components"
+import "qml/StartingPage"
+import "qml/MainPage"
+import "qml/DlgManager.js" as Dlg
+
+ApplicationWindow {
+    id: root
+
+    property bool isBusyDlgOpened: false
+
+    function showMessage(msg, infoType) {
+        message.text = msg
+        message.type = infoType
+        message.show = true
+        if (infoType === "success" || infoType === "error" || infoType === "info")
+            message.openTimer()
+    }
+
+    function openBusyDlg() {
+        if (isBusyDlgOpened)
+            return
+        isBusyDlgOpened = true
+        busyDialog.open()
+    }
+
+    function closeBusyDlg() {
+        busyDialog.close()
+        isBusyDlgOpened = false
+    }
+
+    function showMsgConfirm(title, msg) {
+        const confirmed = Dlg.showDialog("msgConfirmDlg", {titleText: title, contentText: msg})
+        MainClass.msgConfirmResult(confirmed === true ? 1 : 0)
+    }
+
+    function showAuthDlg() {
+        const res = Dlg.showDialog("authDlg", {})
+        if (res === undefined || !res.dlgResult)
+            return
+        DlgManager.authResult(res.staffId, res.staffNo, res.staffName)
+    }
+
+    function showCloud() {
+        Dlg.showDialog("cloudDlg", {})
+    }
+
+    objectName: "root"
+    title: "Kv_Panel_V2"
+    // Where there is no window manager the full-screen state alone leaves a tiny window.
+    width: Screen.width
+    height: Screen.height
+    visible: true
+    visibility: Window.FullScreen
+    font.family: Pinfang
+    font.pixelSize: Theme.textSize
+    color: Theme.backgroundTo
+
+    Component.onCompleted: {
+        MyMessage.showMessageSignal.connect(showMessage)
+        MyMessage.openBusyDlgSignal.connect(openBusyDlg)
+        MyMessage.closeBusyDlgSignal.connect(closeBusyDlg)
+        MainClass.msgConfirmSignal.connect(showMsgConfirm)
+        DlgManager.authSignal.connect(showAuthDlg)
+        DlgManager.cloudSignal.connect(showCloud)
+        Dlg.root = root
+    }
+
+    Loader {
+        anchors.fill: parent
+        objectName: "pageLoader"
+        sourceComponent: GlobalConfig.iSysStatus === 0 ? startingPage : mainPage
+    }
+
+    Component {
+        id: startingPage
+        StartingPage {}
+    }
+
+    Component {
+        id: mainPage
+        MainPage {}
+    }
+
+    Dialog {
+        id: busyDialog
+        objectName: "busyDialog"
+        anchors.centerIn: Overlay.overlay
+        modal: true
+        closePolicy: Popup.NoAutoClose
+        background: null
+        contentItem: BusyIndicator {}
+    }
+
+    Message {
+        id: message
+        owner: root
+    }
+}

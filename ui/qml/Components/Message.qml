@@ -1,0 +1,94 @@
+import QtQuick 2.15
+import QtQuick.Window 2.15
+
+// The one message window. A newer message takes the place of the text and restarts nothing that runs.
+Window {
+    id: message
+
+    property Window owner: null
+    property bool show: false
+    property string text: ""
+    property string type: "info"
+
+    readonly property var looks: ({
+        info: {back: "#fdf6ec", border: "#faecd8", text: "#e6a23c", icon: "qrc:/images/info-fill.png"},
+        success: {back: "#f0f9eb", border: "#e1f3d8", text: "#43B00D", icon: "qrc:/images/success-fill.png"},
+        error: {back: "#fef0f0", border: "#fde2e2", text: "#F13737", icon: "qrc:/images/error-fill.png"}
+    })
+    readonly property var look: looks[type] === undefined ? looks.info : looks[type]
+
+    function openTimer() {
+        if (!lifeTimer.running) {
+            lifeTimer.interval = type === "error" ? 10000 : 3000
+            lifeTimer.start()
+        }
+        y = 80
+    }
+
+    flags: Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.Tool | Qt.WindowDoesNotAcceptFocus
+    visible: show
+    width: 440
+    height: 50
+    x: owner ? owner.x + (owner.width - width) / 2 : 0
+    y: 50
+    color: look.back
+
+    Behavior on y {
+        NumberAnimation { duration: 200 }
+    }
+
+    Timer {
+        id: lifeTimer
+        onTriggered: {
+            message.y = 50
+            hideTimer.start()
+        }
+    }
+
+    Timer {
+        id: hideTimer
+        interval: 300
+        onTriggered: message.show = false
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: message.look.back
+        border.color: message.look.border
+
+        Image {
+            id: icon
+            anchors.left: parent.left
+            anchors.leftMargin: 18
+            anchors.verticalCenter: parent.verticalCenter
+            width: 28
+            height: 28
+            source: message.look.icon
+            smooth: true
+        }
+
+        Text {
+            objectName: "messageText"
+            anchors.left: icon.right
+            anchors.leftMargin: 14
+            anchors.verticalCenter: parent.verticalCenter
+            width: 360
+            height: parent.height - 4
+            verticalAlignment: Text.AlignVCenter
+            text: message.text
+            textFormat: Text.PlainText
+            wrapMode: Text.Wrap
+            elide: Text.ElideRight
+            fontSizeMode: Text.Fit
+            minimumPixelSize: 12
+            font.family: Pinfang
+            font.pixelSize: 20
+            color: message.look.text
+        }
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        onClicked: message.show = false
+    }
+}
