@@ -20,12 +20,8 @@ public:
     Array() : m_owner(this) {}
     Array(const Array& other) : m_list(other.m_list), m_owner(other.m_owner) {}
     explicit Array(const QList<T>& list) : m_list(list), m_owner(this) {}
-    /// Takes the elements over and stays its own owner.
-    Array& operator=(const Array& other)
-    {
-        m_list = other.m_list;
-        return *this;
-    }
+    /// Makes a copy of this one too: the meta-object system hands property values out by assignment.
+    Array& operator=(const Array& other) = default;
     ~Array() = default;
 
     bool isScalar() const override { return !std::is_pointer<T>::value; }

@@ -15,12 +15,8 @@ class Dictionary final : public IDictionary
 public:
     Dictionary() : m_owner(this) {}
     Dictionary(const Dictionary& other) : m_hash(other.m_hash), m_owner(other.m_owner) {}
-    /// Takes the elements over and stays its own owner.
-    Dictionary& operator=(const Dictionary& other)
-    {
-        m_hash = other.m_hash;
-        return *this;
-    }
+    /// Makes a copy of this one too: the meta-object system hands property values out by assignment.
+    Dictionary& operator=(const Dictionary& other) = default;
     ~Dictionary() = default;
 
     bool isScalar() const override { return !std::is_pointer<T>::value; }

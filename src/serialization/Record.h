@@ -84,7 +84,7 @@ public:
     {
         if (m_value == value)
             return false;
-        m_value = value;
+        m_value.setList(value.list());
         return true;
     }
 
@@ -115,7 +115,7 @@ public:
     {
         if (m_value == value)
             return false;
-        m_value = value;
+        m_value.setHash(value.hash());
         return true;
     }
 
