@@ -30,10 +30,11 @@ void storeIfPresent(int& setting, const QString& text)
 
 MainClass::MainClass()
     : m_message(MyMessage::getInstance()), m_config(GlobalConfig::getInstance()),
-      m_baa00(Baa00Service::getInstance()), m_kvsystem(KvsystemService::getInstance())
+      m_keepLoginTimer(new QTimer(this)), m_baa00(Baa00Service::getInstance()), m_kvsystem(KvsystemService::getInstance())
 {
-    m_keepLoginTimer.setTimerType(Qt::PreciseTimer);
-    connect(&m_keepLoginTimer, &QTimer::timeout, this, [this] { m_baa00->keepLogin()->deleteLater(); });
+    m_keepLoginTimer->setObjectName(QStringLiteral("keepLogin"));
+    m_keepLoginTimer->setTimerType(Qt::PreciseTimer);
+    connect(m_keepLoginTimer, &QTimer::timeout, this, [this] { m_baa00->keepLogin()->deleteLater(); });
     initDb();
 }
 
@@ -81,22 +82,22 @@ void MainClass::setSqlData(const QString& key, const QString& value)
 
 void MainClass::startTimer()
 {
-    if (m_keepLoginTimer.isActive())
+    if (m_keepLoginTimer->isActive())
         return;
     qDebug().noquote() << QStringLiteral("定时器打开");
     const long lifetimeSeconds = m_config->tokenTimeStamp();
     if (lifetimeSeconds >= keepLoginThresholdSeconds) {
-        m_keepLoginTimer.start(
+        m_keepLoginTimer->start(
             std::chrono::milliseconds(static_cast<qint64>(lifetimeSeconds - keepLoginMarginSeconds) * 1000));
     }
 }
 
 void MainClass::stopTimer()
 {
-    if (!m_keepLoginTimer.isActive())
+    if (!m_keepLoginTimer->isActive())
         return;
     qDebug().noquote() << QStringLiteral("定时器关闭");
-    m_keepLoginTimer.stop();
+    m_keepLoginTimer->stop();
 }
 
 int MainClass::showMsgConfirm(const QString& title, const QString& msg)

@@ -56,7 +56,7 @@ private:
 
     MyMessage* m_message;
     GlobalConfig* m_config;
-    QTimer m_keepLoginTimer;
+    QTimer* m_keepLoginTimer;
     Baa00Service* m_baa00;
     KvsystemService* m_kvsystem;
     int m_msgConfirmResult = -1;

@@ -7,6 +7,7 @@
 #include "common/MyMessage.h"
 #include "common/QmlEventLoop.h"
 #include "common/Sqlite.h"
+#include "platform/QuitSignals.h"
 #include "platform/SingleInstance.h"
 #include "vm/mainpage/Fps.h"
 
@@ -24,9 +25,9 @@ namespace {
 
 void logTlsVersions()
 {
-    qDebug() << "Supports SSL: " << QSslSocket::supportsSsl();
-    qDebug() << "Lib Build Version: " << QSslSocket::sslLibraryBuildVersionString();
-    qDebug() << "Lib Runtime Version: " << QSslSocket::sslLibraryVersionString();
+    qDebug().noquote() << "Supports SSL: " << QSslSocket::supportsSsl();
+    qDebug().noquote() << "Lib Build Version: " << QSslSocket::sslLibraryBuildVersionString();
+    qDebug().noquote() << "Lib Runtime Version: " << QSslSocket::sslLibraryVersionString();
     if (!QSslSocket::supportsSsl())
         qDebug() << "This machine has no TLS library that Qt can use";
 }
@@ -71,6 +72,9 @@ void registerFont(QQmlApplicationEngine& engine, const QString& directory, const
         return;
     }
     engine.rootContext()->setContextProperty(name, families.first());
+    // The application font is named before any font is loaded; what bears no such name here stands in for it.
+    if (name == QLatin1String("Pinfang"))
+        QFont::insertSubstitution(QGuiApplication::font().family(), families.first());
 }
 
 } // namespace
@@ -82,6 +86,7 @@ int runTerminal(int& argc, char** argv)
 
     QCoreApplication::setAttribute(Qt::AA_UseSoftwareOpenGL, true);
     QGuiApplication application(argc, argv);
+    quitOnTerminationSignals();
     QtConcurrent::run(prepareLog);
     logTlsVersions();
     const QString directory = QCoreApplication::applicationDirPath();

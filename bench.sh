@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Prints a table of ratios: what the terminal does against a base measured in the same run.
+set -euo pipefail
+cd "$(dirname "$0")"
+. scripts/common.sh
+
+install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}"
+build release
+
+say "Measuring"
+export KV_TEST_BIN=$PWD/build/bin KV_TEST_SOURCE=$PWD LC_ALL=C.UTF-8
+for bench in build/bin/bench_*; do
+    "$bench"
+done

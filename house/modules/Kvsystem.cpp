@@ -1,0 +1,27 @@
+#include "src/House.h"
+
+namespace house {
+namespace {
+
+/// The one kind of line list that a touch terminal asks for.
+constexpr int touchTerminalLines = 2;
+
+Reply getSysApiReqUrls(House& house, const Call& call)
+{
+    if (call.body["type"] != touchTerminalLines)
+        return Reply::refuse("LINE_ERR_0001", "线路类型不存在");
+    if (!house.seed.terminalByAuthCode(call.text("tAuthCode")))
+        return Reply::refuse("TERMINAL_ERR_0002", "终端编码未登记，请联系管理员");
+    return Reply::with(house.seed.document["lines"]);
+}
+
+const ModuleRegistration registration([](EndpointTable& table) {
+    table.get("/kvsystem/common/getSysApiReqUrls", getSysApiReqUrls)
+        .open(Access::LineList)
+        .withoutIds()
+        .needs("type", Kind::Number)
+        .needs("tAuthCode", Kind::Text);
+});
+
+} // namespace
+} // namespace house

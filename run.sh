@@ -1,0 +1,146 @@
+#!/usr/bin/env bash
+# Runs the terminal against the demo back end and a broker of its own. See --help.
+set -euo pipefail
+cd "$(dirname "$0")"
+. scripts/common.sh
+
+usage() {
+    cat <<'HELP'
+usage: ./run.sh [--rooms N] [--shot FILE]
+
+Installs what is missing, builds, starts a mosquitto broker, the demo back end and the terminal on ports of their own,
+and ends all of it when the terminal ends. Without a display a virtual one is started.
+
+  --rooms N    size of the demo house
+  --shot FILE  saves a picture of the screen after start-up and ends
+
+Settings and identity of the demo terminal are kept in build/demo; remove the folder to start afresh.
+HELP
+}
+
+shot="" house_options=()
+while [ $# -gt 0 ]; do
+    case $1 in
+        --rooms) house_options+=(--rooms "${2:?--rooms needs a number}"); shift 2 ;;
+        --shot) shot=$(realpath -m "${2:?--shot needs a file}"); shift 2 ;;
+        --help | -h) usage; exit 0 ;;
+        *) usage >&2; exit 2 ;;
+    esac
+done
+
+install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}"
+build release kv_panel kv_house
+
+# Everything that is started here is ended here, and nothing else.
+bin=$PWD/build/bin demo=$PWD/build/demo house_seed=$PWD/house/seed/house.json
+run=$(mktemp -d) started=()
+end_all() {
+    trap - EXIT INT TERM HUP
+    for ((i = ${#started[@]} - 1; i >= 0; i--)); do
+        kill "${started[i]}" 2>/dev/null || continue
+        wait "${started[i]}" 2>/dev/null || continue
+    done
+    rm -rf "$run"
+}
+trap end_all EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM HUP
+
+wait_for() { # wait_for WHAT COMMAND...: up to 20 s
+    local what=$1
+    shift
+    for _ in $(seq 200); do
+        "$@" >/dev/null 2>&1 && return
+        sleep 0.1
+    done
+    fail "$what did not start"
+}
+
+port_answers() { (exec 3<>"/dev/tcp/127.0.0.1/$1") 2>/dev/null; }
+
+free_port() {
+    local port
+    while :; do
+        port=$((20000 + RANDOM % 20000))
+        port_answers "$port" || { echo "$port"; return; }
+    done
+}
+
+start_broker() {
+    say "Starting the broker"
+    broker_port=$(free_port)
+    local mosquitto=mosquitto
+    command -v mosquitto >/dev/null || mosquitto=/usr/sbin/mosquitto
+    mosquitto_passwd -c -b "$run/passwords" terminal demo-broker 2>"$run/passwd.log" || fail "$(cat "$run/passwd.log")"
+    cat > "$run/mosquitto.conf" <<CONF
+listener $broker_port 127.0.0.1
+allow_anonymous false
+password_file $run/passwords
+persistence false
+user $(id -un)
+log_dest file $run/mosquitto.log
+CONF
+    "$mosquitto" -c "$run/mosquitto.conf" &
+    started+=($!)
+    wait_for "the broker" port_answers "$broker_port"
+}
+
+start_house() {
+    say "Starting the demo back end"
+    "$bin/kv_house" --seed "$house_seed" --url-file "$run/url" --mqtt-url "tcp://127.0.0.1:$broker_port" \
+        --mqtt-user terminal --mqtt-pwd demo-broker --log "$run/house.log" "${house_options[@]}" >/dev/null &
+    started+=($!)
+    wait_for "the demo back end" test -s "$run/url"
+    house_url=$(cat "$run/url")
+}
+
+start_display() {
+    [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && return
+    say "No display here: starting a virtual one of 1920 x 1080"
+    mkfifo "$run/display"
+    Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp 3>"$run/display" 2>"$run/xvfb.log" &
+    started+=($!)
+    export DISPLAY
+    DISPLAY=:$(head -n 1 "$run/display")
+    openbox >"$run/openbox.log" 2>&1 &
+    started+=($!)
+}
+
+prepare_terminal() {
+    mkdir -p "$demo/config" "$run/runtime"
+    chmod 700 "$run/runtime"
+    export XDG_CONFIG_HOME=$demo/config XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$run/runtime} LC_ALL=C.UTF-8
+    export KV_PANEL_API_URLS=$house_url QT_QUICK_BACKEND=${QT_QUICK_BACKEND:-software}
+    # The identity that a shop enters once; a line that an earlier run chose is gone with its port.
+    printf 'authCode=KV-DEMO-0001\nsecretKey=demo-secret-key-0001\n' > "$XDG_CONFIG_HOME/KV_PANEL_V2.ini"
+}
+
+house_started_terminal() {
+    /usr/bin/python3 - "$house_url" <<'PYTHON'
+import json, sys, urllib.request
+stats = json.load(urllib.request.urlopen(sys.argv[1] + "/_control/stats", timeout=5))
+sys.exit(0 if stats.get("/baa00/getSysInitByAuthCode", {}).get("executed", 0) else 1)
+PYTHON
+}
+
+start_broker
+start_house
+start_display
+prepare_terminal
+
+say "Starting the terminal"
+cd "$demo"
+"$bin/kv_panel" &
+terminal=$!
+started+=("$terminal")
+if [ -n "$shot" ]; then
+    wait_for "the terminal" house_started_terminal
+    sleep 2 # the main page turns in
+    import -window root "$shot"
+    say "Picture saved: $shot"
+    exit 0
+fi
+code=0
+wait "$terminal" || code=$?
+[ "$code" -eq 255 ] && fail "the terminal ended at once: another one is running, or see build/bin/log"
+exit "$code"

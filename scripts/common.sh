@@ -1,0 +1,50 @@
+# What the commands at the top of the tree share. Sourced, with the top of the tree as working directory.
+
+build_packages=(g++ cmake ninja-build pkg-config ccache qtbase5-dev qtdeclarative5-dev qtdeclarative5-dev-tools
+    qtquickcontrols2-5-dev libqt5serialport5-dev libqt5texttospeech5-dev libcurl4-openssl-dev libmosquitto-dev
+    fonts-wqy-microhei fonts-material-design-icons-iconfont python3-fonttools)
+run_packages=(libqt5sql5-sqlite libcurl4 qml-module-qtquick2 qml-module-qtquick-window2 qml-module-qtquick-controls2
+    qml-module-qtquick-templates2 qml-module-qtquick-layouts qml-module-qtquick-shapes qml-module-qtqml
+    qml-module-qtqml-models2)
+# The demo back end is built with the tests, and a display is made where there is none.
+demo_packages=(libcpp-httplib-dev nlohmann-json3-dev libssl-dev mosquitto xvfb xauth openbox imagemagick
+    libgl1-mesa-dri)
+test_packages=(clang clang-format-14 libclang-rt-14-dev xdotool socat openssl qml-module-qttest curl)
+
+say() { printf '\033[1m== %s\033[0m\n' "$*"; }
+
+fail() {
+    printf 'error: %s\n' "$*" >&2
+    exit 1
+}
+
+# Installs those of the packages that are missing; asks nothing.
+install_missing() {
+    command -v dpkg-query >/dev/null || fail "this script installs Debian packages; install these by hand: $*"
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    say "Installing ${missing[*]}"
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || fail "root or sudo is needed to install: ${missing[*]}"
+        as_root=(sudo)
+    fi
+    local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300)
+    "${apt[@]}" update
+    "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# build PRESET [TARGET...]: configures when needed and builds.
+build() {
+    local preset=$1
+    shift
+    local args=()
+    [ $# -gt 0 ] && args=(--target "$@")
+    say "Configuring ($preset)"
+    cmake --preset "$preset" >/dev/null
+    say "Building"
+    cmake --build --preset "$preset" "${args[@]}"
+}

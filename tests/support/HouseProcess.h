@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QProcess>
+#include <QStringList>
+
+/// The demo back end, run for one test on a port of its own and ended with it.
+class HouseProcess
+{
+public:
+    /// Starts it with these further options; ready when this returns, else isReady() says no.
+    explicit HouseProcess(const QStringList& options = {});
+    ~HouseProcess();
+
+    bool isReady() const { return !m_url.isEmpty(); }
+    QString url() const { return m_url; }
+
+    /// Faults, scripted answers and what was seen, over the control path.
+    void fault(const QString& path, const QString& kind, int arg = 0, int count = -1);
+    void answer(const QString& path, const QJsonValue& body, int count = -1);
+    /// Forgets faults, answers and requests.
+    void reset();
+    /// The last requests on the path, the oldest first.
+    QJsonArray requests(const QString& path);
+    QJsonObject lastRequest(const QString& path);
+    int seen(const QString& path);
+    int executed(const QString& path);
+    /// What the house wrote about wrong requests.
+    QString log();
+
+private:
+    QByteArray control(const QString& command, const QJsonObject& body = {});
+
+    QProcess m_process;
+    QString m_url;
+};
