@@ -80,7 +80,7 @@ persistence false
 user $(id -un)
 log_dest file $run/mosquitto.log
 CONF
-    "$mosquitto" -c "$run/mosquitto.conf" &
+    "$mosquitto" -c "$run/mosquitto.conf" 2>>"$run/mosquitto.log" &
     started+=($!)
     wait_for "the broker" port_answers "$broker_port"
 }
@@ -123,6 +123,11 @@ sys.exit(0 if stats.get("/baa00/getSysInitByAuthCode", {}).get("executed", 0) el
 PYTHON
 }
 
+shot_is_painted() {
+    import -window root "$shot"
+    [ "$(identify -format '%[fx:mean > 0.05]' "$shot")" = 1 ]
+}
+
 start_broker
 start_house
 start_display
@@ -136,7 +141,7 @@ started+=("$terminal")
 if [ -n "$shot" ]; then
     wait_for "the terminal" house_started_terminal
     sleep 2 # the main page turns in
-    import -window root "$shot"
+    wait_for "the picture" shot_is_painted
     say "Picture saved: $shot"
     exit 0
 fi

@@ -1,6 +1,7 @@
 #include "common/GlobalConfig.h"
 
 #include "DeploymentValues.h"
+#include "common/RightsTables.h"
 #include "platform/CurlLibrary.h"
 #include "platform/UserValues.h"
 
@@ -40,6 +41,11 @@ void GlobalConfig::setRegValue(const QString& key, const QString& value)
 {
     if (!UserValues::write(key, value))
         qCritical().noquote() << "The user's value could not be stored:" << key;
+}
+
+QJsonArray GlobalConfig::getACodes() const
+{
+    return QJsonArray::fromStringList(Rights::codeTable().keys());
 }
 
 bool GlobalConfig::initLibcurl()

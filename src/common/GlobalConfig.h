@@ -7,6 +7,8 @@
 #include "dto/system/LoginRecords.h"
 #include "dto/system/TerminalRecords.h"
 
+#include <QJsonArray>
+#include <QSet>
 #include <QVector>
 
 class CurlLibrary;
@@ -81,6 +83,13 @@ public:
     static QString getRegValue(const QString& key);
     static void setRegValue(const QString& key, const QString& value);
 
+    /// Whether the staff member of the last complete login holds the right with this code.
+    Q_INVOKABLE bool isHaveAuth(const QString& code) const { return m_rights.contains(code); }
+    /// The codes of his rights, put in place of all before.
+    void setRights(const QSet<QString>& codes) { m_rights = codes; }
+    /// The ids of all rights that the pages ask for.
+    QJsonArray getACodes() const;
+
     QVector<work_area_struct>* workAreaList() { return &m_workAreas; }
 
     /// Binds the HTTP library; false when it or one of its entry points is missing.
@@ -93,5 +102,6 @@ private:
     GlobalConfig();
 
     QVector<work_area_struct> m_workAreas;
+    QSet<QString> m_rights;
     CurlLibrary* m_curl;
 };

@@ -9,6 +9,7 @@
 #include "common/Sqlite.h"
 #include "platform/QuitSignals.h"
 #include "platform/SingleInstance.h"
+#include "services/ServicesRegister.h"
 #include "vm/mainpage/Fps.h"
 
 #include <QDebug>
@@ -104,6 +105,7 @@ int runTerminal(int& argc, char** argv)
         QCoreApplication::quit();
         return -1;
     }
+    ServicesRegister::getInstance()->init();
     qmlRegisterType<QmlEventLoop>("QmlEventLoop", 1, 0, "QmlEventLoop");
     qmlRegisterType<Fps>("Fps", 1, 0, "Fps");
 

@@ -3,6 +3,7 @@
 #include "common/Clock.h"
 #include "common/DlgManager.h"
 #include "common/GlobalConfig.h"
+#include "common/RightsTables.h"
 #include "net/EventLoopFilter.h"
 #include "net/Nonce.h"
 #include "net/RequestText.h"
@@ -10,6 +11,7 @@
 #include "serialization/QJsonSerializer.h"
 
 #include <QDebug>
+#include <QJsonArray>
 #include <QJsonDocument>
 
 namespace {
@@ -147,8 +149,20 @@ void NetServer::logExchange(const QString& url, const QString& json, const QByte
 
 void NetServer::chechAuth(const QString& path, QJsonObject& data)
 {
-    Q_UNUSED(path)
-    Q_UNUSED(data)
+    const QVector<Rights::Rule> rules = Rights::rulesOf(path);
+    if (rules.isEmpty())
+        return;
+    const auto holds = [&data](const char* field, const char* value) {
+        return !field || jsonVal2Str(data, QLatin1String(field)) == QLatin1String(value);
+    };
+    QJsonArray needed;
+    for (const Rights::Rule& rule : rules) {
+        if (holds(rule.code, rule.value) && holds(rule.code1, rule.value1))
+            needed.append(QLatin1String(rule.acode));
+    }
+    data.remove(QStringLiteral("acode")); // one of an earlier try
+    if (!needed.isEmpty())
+        data.insert(QStringLiteral("acode"), needed);
 }
 
 QString NetServer::jsonVal2Str(const QJsonObject& json, const QString& key)
