@@ -11,6 +11,11 @@ if(KV_PANEL_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(KV_PANEL_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
 # One library for one folder of src/: kv_library(net LINK kv_common Qt5::Core).
 # Sources are all of the folder, so that a new file needs no edit here.
 function(kv_library name)
