@@ -23,12 +23,14 @@ inline double median(std::vector<double> values)
     return values[values.size() / 2];
 }
 
-/// One line of the table: what, base, measured, ratio, goal.
-inline void printRatio(const char* what, double baseMicroseconds, double microseconds, double goal)
+/// One line of the table: what against what, both medians, their ratio and the most that it should be (0: no goal).
+inline void printRatio(const char* what, const char* unit, double base, double measured, double goal)
 {
-    const double ratio = microseconds / baseMicroseconds;
-    std::printf("%-72s %10.1f us %10.1f us  %5.2f  goal %4.2f  %s\n", what, baseMicroseconds, microseconds, ratio, goal,
-                ratio <= goal ? "met" : "MISSED");
+    const double ratio = measured / base;
+    std::printf("%-66s %9.1f %9.1f %-3s %6.2f", what, base, measured, unit, ratio);
+    if (goal > 0)
+        std::printf("  goal %4.2f %s", goal, ratio <= goal ? "met" : "MISSED");
+    std::printf("\n");
     std::fflush(stdout);
 }
 

@@ -82,7 +82,7 @@ int main(int argc, char** argv)
     }
     if (read != rounds * (rooms + 3))
         return 1;
-    Measure::printRatio("1,000 rooms: parse and map / parse alone", Measure::median(parsing), Measure::median(reading),
+    Measure::printRatio("reply of 1,000 rooms: parse and map / parse alone", "us", Measure::median(parsing), Measure::median(reading),
                         1.8);
     return 0;
 }

@@ -19,7 +19,7 @@ ControlAnswer complain(const std::string& error) { return answer({{"error", erro
 /// The kind may hold its argument as on the command line, or "arg" holds it as a number or a text.
 std::string faultText(const json& order)
 {
-    const std::string kind = order.at("kind").get<std::string>();
+    std::string kind = order.at("kind").get<std::string>();
     const json argument = order.value("arg", json());
     if (argument.is_null() || kind.find(':') != std::string::npos)
         return kind;

@@ -247,7 +247,7 @@ Refusal checkRights(Check& check)
 
     const std::string supervisorId = check.call.text("authOperater");
     const Staff* supervisor = check.house.seed.staffById(supervisorId);
-    const std::string deviceId = check.call.terminal ? check.call.terminal->id : std::string();
+    const std::string deviceId = check.call.session ? check.call.session->deviceId : std::string();
     if (!supervisorId.empty() &&
         (!supervisor || !check.house.sessions.hasVouched(supervisorId, deviceId, check.call.now)))
         return refuse("SUPERVISOR", "授权人未在本终端验证身份");

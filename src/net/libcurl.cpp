@@ -89,6 +89,7 @@ void libcurl::run()
     curl.curl_easy_setopt(handle, CURLOPT_SSL_VERIFYHOST, 0L);
     curl.curl_easy_setopt(handle, CURLOPT_CAINFO, nullptr);
     curl.curl_easy_setopt(handle, CURLOPT_CAPATH, nullptr);
+    curl.shareTlsSessions(handle);
     curl.curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
     curl.curl_easy_setopt(handle, CURLOPT_USERAGENT, userAgent);
     curl.curl_easy_setopt(handle, CURLOPT_HTTPHEADER, headers);

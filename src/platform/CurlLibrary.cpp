@@ -1,5 +1,24 @@
 #include "platform/CurlLibrary.h"
 
+#include <mutex>
+
+namespace {
+
+/// The library locks what its handles share by these, one for each kind of data.
+std::mutex shareMutexes[CURL_LOCK_DATA_LAST];
+
+void lockShare(CURL*, curl_lock_data data, curl_lock_access, void*)
+{
+    shareMutexes[data].lock();
+}
+
+void unlockShare(CURL*, curl_lock_data data, void*)
+{
+    shareMutexes[data].unlock();
+}
+
+} // namespace
+
 bool CurlLibrary::load()
 {
 #ifdef Q_OS_WIN
@@ -34,5 +53,27 @@ bool CurlLibrary::load()
         m_error = QStringLiteral("curl_global_init failed");
         return false;
     }
+    prepareSharing();
     return true;
+}
+
+void CurlLibrary::prepareSharing()
+{
+    decltype(&::curl_share_init) share_init = nullptr;
+    decltype(&::curl_share_setopt) share_setopt = nullptr;
+    if (!m_library.resolve(share_init, "curl_share_init") || !m_library.resolve(share_setopt, "curl_share_setopt"))
+        return;
+    CURLSH* share = share_init();
+    if (!share)
+        return;
+    share_setopt(share, CURLSHOPT_LOCKFUNC, &lockShare);
+    share_setopt(share, CURLSHOPT_UNLOCKFUNC, &unlockShare);
+    if (share_setopt(share, CURLSHOPT_SHARE, CURL_LOCK_DATA_SSL_SESSION) == CURLSHE_OK)
+        m_share = share;
+}
+
+void CurlLibrary::shareTlsSessions(CURL* handle) const
+{
+    if (m_share)
+        curl_easy_setopt(handle, CURLOPT_SHARE, m_share);
 }

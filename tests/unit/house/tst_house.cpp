@@ -14,6 +14,7 @@ namespace {
 constexpr std::int64_t now = 1770000000;
 const QString giveRight = QStringLiteral("405761200963719170");
 const QString cancelRight = QStringLiteral("418838253703270403");
+const QString openRight = QStringLiteral("405757793603424257");
 
 house::Reply done(house::House&, const house::Call&) { return house::Reply::done(); }
 
@@ -147,6 +148,12 @@ void tst_house::rights_data()
     QTest::newRow("two, in order") << "1001"
                                    << QJsonObject{{"isGive", 1}, {"mode", 0}, {"del", 1}, {"acode", both}}
                                    << "200";
+    QTest::newRow("one held") << "1101" << QJsonObject{{"open", 1}, {"acode", QJsonArray{openRight}}} << "200";
+    QTest::newRow("one of two held") << "1101"
+                                     << QJsonObject{{"del", 1},
+                                                    {"open", 1},
+                                                    {"acode", QJsonArray{cancelRight, openRight}}}
+                                     << "AUTH_ERR_0002";
     QTest::newRow("second condition fails")
         << "1001" << QJsonObject{{"isGive", 1}, {"mode", 1}, {"acode", give}} << "REQ_ERR_ACODE";
     QTest::newRow("not named") << "1001" << QJsonObject{{"isGive", 1}, {"mode", 0}} << "REQ_ERR_ACODE";
@@ -164,8 +171,10 @@ house::Endpoint guardedEndpoint()
     return endpoint.takes("isGive", house::Kind::Any)
         .takes("mode", house::Kind::Any)
         .takes("del", house::Kind::Any)
+        .takes("open", house::Kind::Any)
         .guardedBy({giveRight.toStdString(), "isGive", "1", "mode", "0"})
-        .guardedBy({cancelRight.toStdString(), "del", "1", "", ""});
+        .guardedBy({cancelRight.toStdString(), "del", "1", "", ""})
+        .guardedBy({openRight.toStdString(), "open", "1", "", ""});
 }
 
 } // namespace

@@ -5,11 +5,10 @@
 #include "services/Baa00Service.h"
 #include "services/KvsystemService.h"
 #include "support/HouseProcess.h"
+#include "support/SelfSignedCertificate.h"
 
-#include <QProcess>
 #include <QSignalSpy>
 #include <QTcpServer>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
@@ -299,17 +298,9 @@ void tst_transport::lineTest()
 
 void tst_transport::selfSignedTls()
 {
-    QTemporaryDir folder;
-    const QString key = folder.filePath(QStringLiteral("key.pem"));
-    const QString certificate = folder.filePath(QStringLiteral("cert.pem"));
-    // Self-signed, and for another name.
-    QProcess openssl;
-    openssl.start(QStringLiteral("openssl"),
-                  {"req", "-x509", "-newkey", "rsa:2048", "-nodes", "-keyout", key, "-out", certificate, "-days", "1",
-                   "-subj", "/CN=other.example"});
-    QVERIFY(openssl.waitForFinished());
-    QCOMPARE(openssl.exitCode(), 0);
-    HouseProcess house({QStringLiteral("--tls"), certificate, key});
+    const SelfSignedCertificate files;
+    QVERIFY(files.isMade());
+    HouseProcess house({QStringLiteral("--tls"), files.certificate(), files.key()});
     QVERIFY(house.isReady());
     QVERIFY(house.url().startsWith(QStringLiteral("https://")));
     config()->setApiUrl(house.url());
