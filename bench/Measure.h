@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <vector>
 
-/// Side-by-side measurements: every candidate runs once in each round, so that whatever else the machine does hits all
-/// alike, and the medians are compared as ratios.
+/// Side-by-side measurements: every candidate runs once in each round, so that whatever else the machine does
+/// hits all alike, and the medians are compared as ratios.
 namespace Measure {
 
 template <typename Action>
@@ -23,7 +23,8 @@ inline double median(std::vector<double> values)
     return values[values.size() / 2];
 }
 
-/// One line of the table: what against what, both medians, their ratio and the most that it should be (0: no goal).
+/// One line of the table: what against what, both medians, their ratio and the most that it should be (0: no
+/// goal).
 inline void printRatio(const char* what, const char* unit, double base, double measured, double goal)
 {
     const double ratio = measured / base;

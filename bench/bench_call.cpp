@@ -30,8 +30,8 @@ size_t keep(char* bytes, size_t size, size_t count, void* reply)
     return size * count;
 }
 
-/// The exchange alone: a new handle, performed at once. With the library's default check of certificates its bundle is
-/// read, and the exchange ends at the self-signed certificate.
+/// The exchange alone: a new handle, performed at once. With the library's default check of certificates its
+/// bundle is read, and the exchange ends at the self-signed certificate.
 bool performBare(const RequestText& text, const QString& token, bool isChecked)
 {
     const CurlLibrary& curl = GlobalConfig::getInstance()->curl();
@@ -40,8 +40,7 @@ bool performBare(const RequestText& text, const QString& token, bool isChecked)
     const QByteArray body = text.body.toUtf8();
     CURL* handle = curl.curl_easy_init();
     curl_slist* headers = curl.curl_slist_append(nullptr, ("Authorization:" + token).toUtf8().constData());
-    headers =
-        curl.curl_slist_append(headers, "Content-Type:application/x-www-form-urlencoded;charset=UTF-8");
+    headers = curl.curl_slist_append(headers, "Content-Type:application/x-www-form-urlencoded;charset=UTF-8");
     curl.curl_easy_setopt(handle, CURLOPT_URL, url.constData());
     curl.curl_easy_setopt(handle, CURLOPT_POST, 1L);
     curl.curl_easy_setopt(handle, CURLOPT_POSTFIELDS, body.constData());
@@ -51,7 +50,8 @@ bool performBare(const RequestText& text, const QString& token, bool isChecked)
     const CURLcode result = curl.curl_easy_perform(handle);
     curl.curl_slist_free_all(headers);
     curl.curl_easy_cleanup(handle);
-    return isChecked ? result == CURLE_PEER_FAILED_VERIFICATION : result == CURLE_OK && reply.contains("\"200\"");
+    return isChecked ? result == CURLE_PEER_FAILED_VERIFICATION
+                     : result == CURLE_OK && reply.contains("\"200\"");
 }
 
 void login()
@@ -60,7 +60,8 @@ void login()
     config->setToken({});
     config->setSecret({});
     LoginMod* reply = Baa00Service::getInstance()->loginMod(
-        {{"workNo", "1001"}, {"pwd", "1001"}, {"modCode", "ROOMINFO_CTRL"}}, QStringLiteral("demo-secret-key-0001"));
+        {{"workNo", "1001"}, {"pwd", "1001"}, {"modCode", "ROOMINFO_CTRL"}},
+        QStringLiteral("demo-secret-key-0001"));
     if (!reply->data())
         qFatal("login: %s", qPrintable(reply->msg()));
     config->setToken(reply->data()->token());
@@ -117,13 +118,15 @@ int main(int argc, char** argv)
     // The log is written as in a shop, by its own thread.
     LoggerThread ownLogger(folder.filePath(QStringLiteral("log")), LoggerThread::Limits());
     logger = &ownLogger;
-    const QtMessageHandler before = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
-        if (type == QtFatalMsg)
-            std::fprintf(stderr, "%s\n", qPrintable(text));
-        logger->log(text);
-    });
+    const QtMessageHandler before =
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+            if (type == QtFatalMsg)
+                std::fprintf(stderr, "%s\n", qPrintable(text));
+            logger->log(text);
+        });
     compare("one call over HTTP: engine / bare exchange, new handle", {}, httpRounds, 2.5);
-    compare("one call over HTTPS: engine / bare exchange, default bundle", {"--tls", files.certificate(), files.key()}, httpsRounds, 0.1);
+    compare("one call over HTTPS: engine / bare exchange, default bundle",
+            {"--tls", files.certificate(), files.key()}, httpsRounds, 0.1);
     qInstallMessageHandler(before);
     return 0;
 }

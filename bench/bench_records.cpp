@@ -59,7 +59,8 @@ QByteArray replyBytes()
     QJsonArray list;
     for (int i = 0; i < rooms; ++i)
         list.append(room(i));
-    return QJsonDocument(QJsonObject{{"code", "200"}, {"msg", "ok"}, {"data", list}}).toJson(QJsonDocument::Compact);
+    return QJsonDocument(QJsonObject{{"code", "200"}, {"msg", "ok"}, {"data", list}})
+        .toJson(QJsonDocument::Compact);
 }
 
 } // namespace
@@ -72,7 +73,8 @@ int main(int argc, char** argv)
     std::vector<double> reading;
     int read = 0;
     for (int i = 0; i < rounds; ++i) {
-        parsing.push_back(Measure::microseconds([&] { read += QJsonDocument::fromJson(bytes).object().size(); }));
+        parsing.push_back(
+            Measure::microseconds([&] { read += QJsonDocument::fromJson(bytes).object().size(); }));
         GetRoomListDto reply;
         reading.push_back(Measure::microseconds([&] {
             QJsonSerializer().deserializeObject(QJsonDocument::fromJson(bytes).object(), &reply,
@@ -82,7 +84,7 @@ int main(int argc, char** argv)
     }
     if (read != rounds * (rooms + 3))
         return 1;
-    Measure::printRatio("reply of 1,000 rooms: parse and map / parse alone", "us", Measure::median(parsing), Measure::median(reading),
-                        1.8);
+    Measure::printRatio("reply of 1,000 rooms: parse and map / parse alone", "us", Measure::median(parsing),
+                        Measure::median(reading), 1.8);
     return 0;
 }

@@ -1,5 +1,5 @@
-// From the start of the process to the first frame of the start page, and the memory held then, against a window with
-// one rectangle. Each is a process of its own.
+// From the start of the process to the first frame of the start page, and the memory held then, against a
+// window with one rectangle. Each is a process of its own.
 
 #include "Measure.h"
 
@@ -22,7 +22,8 @@ qint64 startedUs = 0;
 
 qint64 nowUs()
 {
-    return std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now().time_since_epoch())
+    return std::chrono::duration_cast<std::chrono::microseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
         .count();
 }
 
@@ -31,7 +32,8 @@ double residentMegabytes()
     QFile statm(QStringLiteral("/proc/self/statm"));
     if (!statm.open(QIODevice::ReadOnly))
         return 0;
-    return statm.readAll().split(' ').value(1).toDouble() * static_cast<double>(::sysconf(_SC_PAGESIZE)) / 1048576;
+    return statm.readAll().split(' ').value(1).toDouble() * static_cast<double>(::sysconf(_SC_PAGESIZE)) /
+           1048576;
 }
 
 void report()

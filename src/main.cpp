@@ -1,6 +1,3 @@
 #include "entry/ProcessEntry.h"
 
-int main(int argc, char** argv)
-{
-    return runTerminal(argc, argv);
-}
+int main(int argc, char** argv) { return runTerminal(argc, argv); }

@@ -30,7 +30,8 @@ void storeIfPresent(int& setting, const QString& text)
 
 MainClass::MainClass()
     : m_message(MyMessage::getInstance()), m_config(GlobalConfig::getInstance()),
-      m_keepLoginTimer(new QTimer(this)), m_baa00(Baa00Service::getInstance()), m_kvsystem(KvsystemService::getInstance())
+      m_keepLoginTimer(new QTimer(this)), m_baa00(Baa00Service::getInstance()),
+      m_kvsystem(KvsystemService::getInstance())
 {
     m_keepLoginTimer->setObjectName(QStringLiteral("keepLogin"));
     m_keepLoginTimer->setTimerType(Qt::PreciseTimer);
@@ -40,10 +41,7 @@ MainClass::MainClass()
 
 MainClass::~MainClass() = default;
 
-void MainClass::init()
-{
-    initSysConfig();
-}
+void MainClass::init() { initSysConfig(); }
 
 void MainClass::initDb()
 {
@@ -113,7 +111,4 @@ void MainClass::msgConfirmResult(int result)
     Q_EMIT msgConfirmDone();
 }
 
-void MainClass::onDestruct(const QString& code)
-{
-    Q_EMIT destructSignal(code);
-}
+void MainClass::onDestruct(const QString& code) { Q_EMIT destructSignal(code); }

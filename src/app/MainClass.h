@@ -10,8 +10,8 @@ class GlobalConfig;
 class KvsystemService;
 class MyMessage;
 
-/// Application controller: start-up, settings access, the login keep-alive and the confirmations that view-models ask
-/// for. Main thread.
+/// Application controller: start-up, settings access, the login keep-alive and the confirmations that
+/// view-models ask for. Main thread.
 class MainClass : public QObject, public Singleton<MainClass>
 {
     Q_OBJECT
@@ -19,8 +19,8 @@ class MainClass : public QObject, public Singleton<MainClass>
 public:
     ~MainClass() override;
 
-    /// Second half of the start-up, called by the waiting page once it stands. On a failure the page stays, with the
-    /// cause shown.
+    /// Second half of the start-up, called by the waiting page once it stands. On a failure the page stays,
+    /// with the cause shown.
     Q_INVOKABLE void init();
     /// The answer of the confirmation dialog: 1 yes, 0 no.
     Q_INVOKABLE void msgConfirmResult(int result);

@@ -45,8 +45,8 @@ QString linesText(const SysApiReqDto* lines)
     return QString::fromUtf8(QJsonDocument(json).toJson(QJsonDocument::Compact));
 }
 
-/// Lets the user choose another line. A dialog that couldn't be shown returns at once; the pause keeps the caller from
-/// asking the back end without end.
+/// Lets the user choose another line. A dialog that couldn't be shown returns at once; the pause keeps the
+/// caller from asking the back end without end.
 void askForLine()
 {
     constexpr int leastMs = 1000;

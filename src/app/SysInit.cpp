@@ -7,17 +7,14 @@ namespace {
 /// The modules that get a tile when the terminal holds their right.
 const QStringList& tileModules()
 {
-    static const QStringList modules = {
-        QStringLiteral("CONSUME_CTRL"),   QStringLiteral("ROOMINFO_CTRL"), QStringLiteral("STAFF_QTZ_CTRL"),
-        QStringLiteral("ZZC_CTRL"),       QStringLiteral("HELP_BASH_WAIT"), QStringLiteral("NO_ITEM_SERVER"),
-        QStringLiteral("SELF_ORDER")};
+    static const QStringList modules = {QStringLiteral("CONSUME_CTRL"),   QStringLiteral("ROOMINFO_CTRL"),
+                                        QStringLiteral("STAFF_QTZ_CTRL"), QStringLiteral("ZZC_CTRL"),
+                                        QStringLiteral("HELP_BASH_WAIT"), QStringLiteral("NO_ITEM_SERVER"),
+                                        QStringLiteral("SELF_ORDER")};
     return modules;
 }
 
-QString topicPrefix(QString topic)
-{
-    return topic.remove(QStringLiteral("%s"));
-}
+QString topicPrefix(QString topic) { return topic.remove(QStringLiteral("%s")); }
 
 void applyTopics(const MqttTopicsDto* topics, GlobalConfig* config)
 {

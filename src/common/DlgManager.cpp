@@ -7,10 +7,7 @@ Authoriser DlgManager::showAuthDlg()
     return m_authoriser;
 }
 
-void DlgManager::showCloudDlg()
-{
-    Q_EMIT cloudSignal();
-}
+void DlgManager::showCloudDlg() { Q_EMIT cloudSignal(); }
 
 void DlgManager::authResult(const QString& id, const QString& no, const QString& name)
 {

@@ -12,8 +12,8 @@ struct Authoriser
     QString name;
 };
 
-/// Relay between the program and the two dialogs that the root window opens for it. Both operations return when the
-/// dialog has closed.
+/// Relay between the program and the two dialogs that the root window opens for it. Both operations return when
+/// the dialog has closed.
 class DlgManager : public QObject, public Singleton<DlgManager>
 {
     Q_OBJECT

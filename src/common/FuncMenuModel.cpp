@@ -29,8 +29,9 @@ constexpr TileLook tileLooks[] = {
 
 const TileLook& lookOf(const QString& funcVal)
 {
-    const auto found = std::find_if(std::begin(tileLooks), std::end(tileLooks),
-                                    [&](const TileLook& look) { return funcVal == QLatin1String(look.funcVal); });
+    const auto found = std::find_if(std::begin(tileLooks), std::end(tileLooks), [&](const TileLook& look) {
+        return funcVal == QLatin1String(look.funcVal);
+    });
     return found == std::end(tileLooks) ? otherTile : *found;
 }
 
@@ -39,13 +40,14 @@ using Tile = Func_Menu_struct;
 } // namespace
 
 FuncMenuModel::FuncMenuModel(const QList<ModAuthDto*>& rights, QObject* parent)
-    : RowModel({{1, "name", [](const Tile& tile) { return tile.authName; }},
-                {2, "funcVal", [](const Tile& tile) { return tile.funcVal; }},
-                {3, "icon", [](const Tile& tile) { return QString(QChar(lookOf(tile.funcVal).glyph)); }},
-                {4, "fromColor", [](const Tile& tile) { return QLatin1String(lookOf(tile.funcVal).fromColor); }},
-                {5, "toColor", [](const Tile& tile) { return QLatin1String(lookOf(tile.funcVal).toColor); }},
-                {6, "iconColor", [](const Tile&) { return QStringLiteral("white"); }}},
-               parent)
+    : RowModel(
+          {{1, "name", [](const Tile& tile) { return tile.authName; }},
+           {2, "funcVal", [](const Tile& tile) { return tile.funcVal; }},
+           {3, "icon", [](const Tile& tile) { return QString(QChar(lookOf(tile.funcVal).glyph)); }},
+           {4, "fromColor", [](const Tile& tile) { return QLatin1String(lookOf(tile.funcVal).fromColor); }},
+           {5, "toColor", [](const Tile& tile) { return QLatin1String(lookOf(tile.funcVal).toColor); }},
+           {6, "iconColor", [](const Tile&) { return QStringLiteral("white"); }}},
+          parent)
 {
     QVector<Func_Menu_struct> tiles;
     for (const ModAuthDto* right : rights)

@@ -32,10 +32,7 @@ GlobalConfig::GlobalConfig() : m_curl(new CurlLibrary)
     m_mqttPwd = QString::fromUtf8(Deployment::mqttPassword);
 }
 
-QString GlobalConfig::getRegValue(const QString& key)
-{
-    return UserValues::read(key);
-}
+QString GlobalConfig::getRegValue(const QString& key) { return UserValues::read(key); }
 
 void GlobalConfig::setRegValue(const QString& key, const QString& value)
 {
@@ -43,10 +40,7 @@ void GlobalConfig::setRegValue(const QString& key, const QString& value)
         qCritical().noquote() << "The user's value could not be stored:" << key;
 }
 
-QJsonArray GlobalConfig::getACodes() const
-{
-    return QJsonArray::fromStringList(Rights::codeTable().keys());
-}
+QJsonArray GlobalConfig::getACodes() const { return QJsonArray::fromStringList(Rights::codeTable().keys()); }
 
 bool GlobalConfig::initLibcurl()
 {

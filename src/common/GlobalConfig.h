@@ -40,23 +40,24 @@ class GlobalConfig : public QObject, public Singleton<GlobalConfig>
     PROPERTY(QString, mqttUser, setMqttUser, {})
     PROPERTY(QString, mqttPwd, setMqttPwd, {})
     PROPERTY(int, mqttPort, setMqttPort, 61613)
-    PROPERTY(long, tokenTimeStamp, setTokenTimeStamp, 0)                    // lifetime of the token, seconds
-    PROPERTY(QString, currentMod, setCurrentMod, {})                        // module word of the open module
-    PROPERTY(bool, isVisSysConfig, setIsVisSysConfig, false)                // the settings icon is shown
-    PROPERTY(bool, isCurrentModeLocked, setIsCurrentModeLocked, false)      // the open module is locked
-    PROPERTY(QString, zyTtsText, setZyTtsText, {})                          // voice template
-    PROPERTY(QList<QString>, apiUrls, setApiUrls, {})                       // endpoints of the line fetch, in order
+    PROPERTY(long, tokenTimeStamp, setTokenTimeStamp, 0)               // lifetime of the token, seconds
+    PROPERTY(QString, currentMod, setCurrentMod, {})                   // module word of the open module
+    PROPERTY(bool, isVisSysConfig, setIsVisSysConfig, false)           // the settings icon is shown
+    PROPERTY(bool, isCurrentModeLocked, setIsCurrentModeLocked, false) // the open module is locked
+    PROPERTY(QString, zyTtsText, setZyTtsText, {})                     // voice template
+    PROPERTY(QList<QString>, apiUrls, setApiUrls, {})                  // endpoints of the line fetch, in order
     PROPERTY(QString, MQTT_ROOM_STATUS, setMQTT_ROOM_STATUS, QStringLiteral("ROOMSTATUS_")) // topic prefixes
     PROPERTY(QString, MQTT_STAFF_STATUS, setMQTT_STAFF_STATUS, QStringLiteral("STAFFSTATUS_"))
     PROPERTY(QString, MQTT_CALL_CHGDATA, setMQTT_CALL_CHGDATA, QStringLiteral("CALLCHGDATA_"))
     PROPERTY(QString, MQTT_HARDCARDSCALLDATA, setMQTT_HARDCARDSCALLDATA, QStringLiteral("HARDCARDSCALLDATA_"))
-    PROPERTY(QString, MQTT_HARDCARDSCALLSTATUS, setMQTT_HARDCARDSCALLSTATUS, QStringLiteral("HARDCARDSCALLSTATUS_"))
+    PROPERTY(QString, MQTT_HARDCARDSCALLSTATUS, setMQTT_HARDCARDSCALLSTATUS,
+             QStringLiteral("HARDCARDSCALLSTATUS_"))
     PROPERTY(QString, loginRfid, setLoginRfid, {}) // credentials of the last helper-call login
     PROPERTY(QString, loginUser, setLoginUser, {})
     PROPERTY(QString, loginPwd, setLoginPwd, {})
     PROPERTY(SysApiReqDto*, sysApiReq, setSysApiReq, nullptr) // the current line list
     CONSTANT_PROPERTY(int, dlgDeplyTime, 15)                  // ms that a dialog waits before its first work
-    CONSTANT_PROPERTY(int, initDelyTime, 120)                 // ms that a module page waits before its first work
+    CONSTANT_PROPERTY(int, initDelyTime, 120) // ms that a module page waits before its first work
 
     PLAIN_FIELD(QString, apiUrl, setApiUrl, {}) // line in use: base URL with scheme, no trailing slash
     PLAIN_FIELD(QString, mqttUrl, setMqttUrl, {})
@@ -70,10 +71,10 @@ class GlobalConfig : public QObject, public Singleton<GlobalConfig>
 
 public:
     // Settings of this machine, read at start-up, under their settings keys.
-    int js_assign_type = 1;         ///< how a technician is assigned: 1 requested, 2 chosen, 5 in rotation
-    int js_item_count = 0;          ///< columns of the service item grid, 0: the page decides
-    int cons_item_count = 0;        ///< columns of the consumption item grid
-    int room_item_count = 0;        ///< rooms per row of the board
+    int js_assign_type = 1;          ///< how a technician is assigned: 1 requested, 2 chosen, 5 in rotation
+    int js_item_count = 0;           ///< columns of the service item grid, 0: the page decides
+    int cons_item_count = 0;         ///< columns of the consumption item grid
+    int room_item_count = 0;         ///< rooms per row of the board
     int stop_server_print_count = 0; ///< copies of the service-end receipt
     int leave_room_print_count = 0;  ///< copies of the leave-room receipt
     int hand_card_device = 0;        ///< 1 when a hand card reader is connected

@@ -19,10 +19,7 @@ void logerOutput(QtMsgType type, const QMessageLogContext& context, const QStrin
 
 } // namespace
 
-QString logFolder()
-{
-    return QStringLiteral("%1/log").arg(QCoreApplication::applicationDirPath());
-}
+QString logFolder() { return QStringLiteral("%1/log").arg(QCoreApplication::applicationDirPath()); }
 
 void removeOldLogs(const QString& folder)
 {

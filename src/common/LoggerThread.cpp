@@ -48,7 +48,8 @@ void LoggerThread::log(const QString& line)
 
 void LoggerThread::dropOverflow()
 {
-    while (m_queue.size() > m_limits.queuedLines || (m_queuedChars > m_limits.queuedChars && m_queue.size() > 1)) {
+    while (m_queue.size() > m_limits.queuedLines ||
+           (m_queuedChars > m_limits.queuedChars && m_queue.size() > 1)) {
         m_queuedChars -= m_queue.takeFirst().size();
         ++m_dropped;
     }

@@ -11,8 +11,9 @@ class QFile;
 
 /// Writes log lines to one file a day, so that no caller waits for the disk.
 ///
-/// A file that has reached its size limit gets no more lines that day. Lines that can't be written wait in memory, up
-/// to a bound; beyond it the oldest are dropped and counted, and the count is written when writing goes on.
+/// A file that has reached its size limit gets no more lines that day. Lines that can't be written wait in
+/// memory, up to a bound; beyond it the oldest are dropped and counted, and the count is written when writing
+/// goes on.
 class LoggerThread : public QThread
 {
     Q_OBJECT
@@ -21,11 +22,11 @@ public:
     /// What bounds the writer; the defaults are the program's.
     struct Limits
     {
-        qint64 fileBytes = 10485760;      ///< at this size or above a file is closed
-        int queuedLines = 20000;          ///< lines that wait in memory at most
-        qint64 queuedChars = 32000000;    ///< their characters at most, for whole replies are logged
-        int pauseMs = 500;                ///< after each round
-        int failedOpenPauseMs = 1000;     ///< after a file that couldn't be opened
+        qint64 fileBytes = 10485760;   ///< at this size or above a file is closed
+        int queuedLines = 20000;       ///< lines that wait in memory at most
+        qint64 queuedChars = 32000000; ///< their characters at most, for whole replies are logged
+        int pauseMs = 500;             ///< after each round
+        int failedOpenPauseMs = 1000;  ///< after a file that couldn't be opened
     };
 
     /// The process's writer, into the folder "log" beside the program; made on first use.

@@ -3,8 +3,8 @@
 #include <QEventLoop>
 #include <QObject>
 
-/// Lets a page's function wait for its dialog: execLoop() returns once finish() or finishedSlot() was called. Input is
-/// not filtered, the dialog stays usable. A child element of the dialog.
+/// Lets a page's function wait for its dialog: execLoop() returns once finish() or finishedSlot() was called.
+/// Input is not filtered, the dialog stays usable. A child element of the dialog.
 class QmlEventLoop : public QObject
 {
     Q_OBJECT

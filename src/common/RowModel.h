@@ -7,8 +7,8 @@
 #include <functional>
 #include <vector>
 
-/// List model over plain rows. A concrete model gives its role table and adds its own operations; the base holds the
-/// rows and their mutex. Changed on the main thread; rows() may be read on any.
+/// List model over plain rows. A concrete model gives its role table and adds its own operations; the base
+/// holds the rows and their mutex. Changed on the main thread; rows() may be read on any.
 template <typename Row>
 class RowModel : public QAbstractListModel
 {
@@ -67,7 +67,9 @@ public:
     }
 
 protected:
-    RowModel(std::vector<Role> roles, QObject* parent) : QAbstractListModel(parent), m_roles(std::move(roles)) {}
+    RowModel(std::vector<Role> roles, QObject* parent) : QAbstractListModel(parent), m_roles(std::move(roles))
+    {
+    }
 
 private:
     const std::vector<Role> m_roles;

@@ -36,10 +36,7 @@ bool Sqlite::open()
     return false;
 }
 
-void Sqlite::close()
-{
-    m_database.close();
-}
+void Sqlite::close() { m_database.close(); }
 
 bool Sqlite::createTable()
 {
@@ -72,7 +69,8 @@ void Sqlite::addData(const QString& code, const QString& value)
 {
     deleteData(code);
     QSqlQuery query(m_database);
-    const bool prepared = query.prepare(QStringLiteral("INSERT INTO sys_config (code, value) VALUES(:code,:value)"));
+    const bool prepared =
+        query.prepare(QStringLiteral("INSERT INTO sys_config (code, value) VALUES(:code,:value)"));
     query.bindValue(QStringLiteral(":code"), code);
     // A null string would be stored as NULL, which the column refuses.
     query.bindValue(QStringLiteral(":value"), value.isNull() ? QStringLiteral("") : value);

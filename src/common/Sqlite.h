@@ -5,8 +5,8 @@
 
 class MyMessage;
 
-/// The settings table of this machine, "kv_panel_v2.db" in the working directory. Made on the stack for each use, on
-/// the main thread. Failures are shown to the user and give an empty or false result.
+/// The settings table of this machine, "kv_panel_v2.db" in the working directory. Made on the stack for each
+/// use, on the main thread. Failures are shown to the user and give an empty or false result.
 class Sqlite : public QObject
 {
     Q_OBJECT

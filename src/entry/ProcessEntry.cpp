@@ -64,7 +64,8 @@ void markMissingLibcurl(QFile& marker)
 
 void registerFont(QQmlApplicationEngine& engine, const QString& directory, const QString& name)
 {
-    const int font = QFontDatabase::addApplicationFont(QStringLiteral("%1/res/fonts/%2.ttf").arg(directory, name));
+    const int font =
+        QFontDatabase::addApplicationFont(QStringLiteral("%1/res/fonts/%2.ttf").arg(directory, name));
     const QStringList families = QFontDatabase::applicationFontFamilies(font);
     if (font < 0 || families.isEmpty()) {
         qDebug().noquote() << QStringLiteral("加载字体文件失败");

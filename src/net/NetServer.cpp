@@ -30,8 +30,8 @@ void fillReply(ApiRes* reply, const QByteArray& body, const QMetaObject* meta)
         reply->setMsg(envelope.value(QStringLiteral("msg")).toString());
 }
 
-/// A POST's nonce was fixed before it began; it leaves its place at once, so that a call that starts during this one
-/// can't take the same.
+/// A POST's nonce was fixed before it began; it leaves its place at once, so that a call that starts during
+/// this one can't take the same.
 QString takeNonce(NetMethod method)
 {
     if (method == NetMethod::Get)
@@ -180,10 +180,7 @@ QString NetServer::jsonVal2Str(const QJsonObject& json, const QString& key)
     }
 }
 
-QString NetServer::getUuid()
-{
-    return Nonce::next();
-}
+QString NetServer::getUuid() { return Nonce::next(); }
 
 QString NetServer::Auth(const QString& token, const QString& ts, const QString& nonce, const QString& json,
                         const QString& secret)

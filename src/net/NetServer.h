@@ -11,8 +11,8 @@ class libcurl;
 
 namespace NetWorkUtls {
 
-/// The signed back-end call, a plain function for its caller: it returns when the exchange is over, while timers and
-/// repaints go on and the user's input is dropped. Made on the stack for one call; main thread.
+/// The signed back-end call, a plain function for its caller: it returns when the exchange is over, while
+/// timers and repaints go on and the user's input is dropped. Made on the stack for one call; main thread.
 class NetServer : public QObject
 {
     Q_OBJECT
@@ -23,16 +23,17 @@ public:
 
     /// Performs the call and returns its reply, never null; the caller ends it with deleteLater.
     ///
-    /// Transport failures come as code "CONNECT_ERR" or "-2". A reply that asks for a supervisor opens his dialog and
-    /// the call is repeated with his id, as often as the back end asks.
+    /// Transport failures come as code "CONNECT_ERR" or "-2". A reply that asks for a supervisor opens his
+    /// dialog and the call is repeated with his id, as often as the back end asks.
     template <typename T>
     T* api(const BaseRequest& request)
     {
-        return static_cast<T*>(call(request, [] { return static_cast<ApiRes*>(new T()); }, &T::staticMetaObject));
+        return static_cast<T*>(call(
+            request, [] { return static_cast<ApiRes*>(new T()); }, &T::staticMetaObject));
     }
 
-    /// The line list from the first built-in endpoint that answers at all, each given one try of 3 seconds. Never
-    /// null; code "-1" when none answered.
+    /// The line list from the first built-in endpoint that answers at all, each given one try of 3 seconds.
+    /// Never null; code "-1" when none answered.
     GetSysApiReqUrls* getApiUrls(const BaseRequest& request);
 
     /// Milliseconds until the URL answered with whatever HTTP status, -1 when it didn't within 2 seconds.

@@ -4,21 +4,12 @@
 
 namespace {
 
-QString randomUuid()
-{
-    return QUuid::createUuid().toString(QUuid::Id128);
-}
+QString randomUuid() { return QUuid::createUuid().toString(QUuid::Id128); }
 
 Nonce::Source nonceSource = &randomUuid;
 
 } // namespace
 
-QString Nonce::next()
-{
-    return nonceSource();
-}
+QString Nonce::next() { return nonceSource(); }
 
-void Nonce::setSource(Source source)
-{
-    nonceSource = source ? source : &randomUuid;
-}
+void Nonce::setSource(Source source) { nonceSource = source ? source : &randomUuid; }

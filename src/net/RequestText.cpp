@@ -12,10 +12,7 @@ namespace {
 const QLatin1String clientIdentifier("kv_panel_v3");
 const QLatin1String pathWithoutOperator("/bca01/getHelpCallBashApiLogPageList");
 
-QString percentEncoded(const QString& text)
-{
-    return QString::fromLatin1(QUrl::toPercentEncoding(text));
-}
+QString percentEncoded(const QString& text) { return QString::fromLatin1(QUrl::toPercentEncoding(text)); }
 
 QJsonObject terminalFields(const GlobalConfig& config)
 {
@@ -52,10 +49,7 @@ RequestText compose(const QString& baseUrl, const BaseRequest& request, const QS
 
 } // namespace
 
-QString requestTimestamp()
-{
-    return QString::number(Clock::nowMs() / 1000);
-}
+QString requestTimestamp() { return QString::number(Clock::nowMs() / 1000); }
 
 RequestText signedRequestText(const BaseRequest& request, const QString& ts, const QString& nonce)
 {
@@ -73,8 +67,8 @@ RequestText signedRequestText(const BaseRequest& request, const QString& ts, con
 
     RequestText text = compose(config.apiUrl(), request, ts, nonce, json);
     if (!config.secret().isEmpty()) {
-        text.url += QStringLiteral("&signature=")
-            + requestSignature(config.token(), ts, nonce, text.json, config.secret());
+        text.url += QStringLiteral("&signature=") +
+                    requestSignature(config.token(), ts, nonce, text.json, config.secret());
     }
     return text;
 }

@@ -21,7 +21,7 @@ RequestText signedRequestText(const BaseRequest& request, const QString& ts, con
 RequestText lineRequestText(const QString& baseUrl, const BaseRequest& request, const QString& ts,
                             const QString& nonce);
 
-/// Signature of a call: MD5, lower-case hexadecimal, of the five texts without separator, with every double quote
-/// replaced by a single one.
+/// Signature of a call: MD5, lower-case hexadecimal, of the five texts without separator, with every double
+/// quote replaced by a single one.
 QString requestSignature(const QString& token, const QString& ts, const QString& nonce, const QString& json,
                          const QString& secret);

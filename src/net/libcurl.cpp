@@ -38,7 +38,8 @@ curl_slist* headerList(const CurlLibrary& curl, const QString& token, const QMap
     if (!token.isEmpty())
         list = curl.curl_slist_append(list, QStringLiteral("Authorization:%1").arg(token).toUtf8().constData());
     for (auto it = headers.constBegin(); it != headers.constEnd(); ++it)
-        list = curl.curl_slist_append(list, QStringLiteral("%1: %2").arg(it.key(), it.value()).toUtf8().constData());
+        list = curl.curl_slist_append(list,
+                                      QStringLiteral("%1: %2").arg(it.key(), it.value()).toUtf8().constData());
     return list;
 }
 
@@ -50,8 +51,8 @@ libcurl::~libcurl()
     wait();
 }
 
-void libcurl::api(const QString& url, const QMap<QString, QString>& headers, NetMethod method, const QString& data,
-                  const QString& path)
+void libcurl::api(const QString& url, const QMap<QString, QString>& headers, NetMethod method,
+                  const QString& data, const QString& path)
 {
     QMutexLocker lock(&m_mutex);
     if (isRunning())
@@ -83,8 +84,8 @@ void libcurl::run()
         curl.curl_easy_setopt(handle, CURLOPT_CUSTOMREQUEST, "GET");
     else
         curl.curl_easy_setopt(handle, CURLOPT_POST, 1L);
-    // The certificate isn't checked. Without a bundle to check against, none is parsed, which would cost more than the
-    // whole exchange.
+    // The certificate isn't checked. Without a bundle to check against, none is parsed, which would cost more
+    // than the whole exchange.
     curl.curl_easy_setopt(handle, CURLOPT_SSL_VERIFYPEER, 0L);
     curl.curl_easy_setopt(handle, CURLOPT_SSL_VERIFYHOST, 0L);
     curl.curl_easy_setopt(handle, CURLOPT_CAINFO, nullptr);

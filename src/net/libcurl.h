@@ -8,10 +8,12 @@
 
 class CurlLibrary;
 
-/// One HTTP exchange on a thread of its own. Made by the caller, run once by api(), read after `finished`, destroyed.
+/// One HTTP exchange on a thread of its own. Made by the caller, run once by api(), read after `finished`,
+/// destroyed.
 ///
-/// A GET that fails is tried five times, a second apart; a POST is performed once and never again, by a handle of its
-/// own, so that nothing is executed twice. An interruption request ends the exchange within about a second.
+/// A GET that fails is tried five times, a second apart; a POST is performed once and never again, by a handle
+/// of its own, so that nothing is executed twice. An interruption request ends the exchange within about a
+/// second.
 class libcurl : public QThread
 {
     Q_OBJECT

@@ -7,15 +7,9 @@ namespace {
 /// The library locks what its handles share by these, one for each kind of data.
 std::mutex shareMutexes[CURL_LOCK_DATA_LAST];
 
-void lockShare(CURL*, curl_lock_data data, curl_lock_access, void*)
-{
-    shareMutexes[data].lock();
-}
+void lockShare(CURL*, curl_lock_data data, curl_lock_access, void*) { shareMutexes[data].lock(); }
 
-void unlockShare(CURL*, curl_lock_data data, void*)
-{
-    shareMutexes[data].unlock();
-}
+void unlockShare(CURL*, curl_lock_data data, void*) { shareMutexes[data].unlock(); }
 
 } // namespace
 
@@ -31,10 +25,10 @@ bool CurlLibrary::load()
         return false;
     }
 
-#define RESOLVE(name)                                                                                                  \
-    if (!m_library.resolve(name, #name)) {                                                                             \
-        m_error = QStringLiteral("no entry point " #name);                                                             \
-        return false;                                                                                                  \
+#define RESOLVE(name)                                                                                          \
+    if (!m_library.resolve(name, #name)) {                                                                     \
+        m_error = QStringLiteral("no entry point " #name);                                                     \
+        return false;                                                                                          \
     }
     RESOLVE(curl_global_init)
     RESOLVE(curl_easy_init)
@@ -61,7 +55,8 @@ void CurlLibrary::prepareSharing()
 {
     decltype(&::curl_share_init) share_init = nullptr;
     decltype(&::curl_share_setopt) share_setopt = nullptr;
-    if (!m_library.resolve(share_init, "curl_share_init") || !m_library.resolve(share_setopt, "curl_share_setopt"))
+    if (!m_library.resolve(share_init, "curl_share_init") ||
+        !m_library.resolve(share_setopt, "curl_share_setopt"))
         return;
     CURLSH* share = share_init();
     if (!share)

@@ -7,13 +7,14 @@
 
 /// The HTTP library's entry points, bound at run time. Written once at start-up, read by the HTTP workers.
 ///
-/// TLS sessions are kept between exchanges where the library offers it, so that a new connection to a known server
-/// costs a short handshake. Connections themselves are never kept: a request that meets a dying one would be sent twice.
+/// TLS sessions are kept between exchanges where the library offers it, so that a new connection to a known
+/// server costs a short handshake. Connections themselves are never kept: a request that meets a dying one
+/// would be sent twice.
 class CurlLibrary
 {
 public:
-    /// Loads the library, resolves every entry point and initialises it. False, with the reason in errorString(),
-    /// when the library or one of its entry points is missing.
+    /// Loads the library, resolves every entry point and initialises it. False, with the reason in
+    /// errorString(), when the library or one of its entry points is missing.
     bool load();
     /// Makes a handle take part in the kept TLS sessions. Any thread.
     void shareTlsSessions(CURL* handle) const;

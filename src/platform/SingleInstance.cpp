@@ -25,8 +25,8 @@ bool claimSingleInstance()
     clearStaleSegment(segment.key());
     if (segment.create(1, QSharedMemory::ReadWrite))
         return true;
-    // When the temporary folder was emptied under a stale segment, it is only found once the file that names it has
-    // been made anew, which the failed try has done.
+    // When the temporary folder was emptied under a stale segment, it is only found once the file that names it
+    // has been made anew, which the failed try has done.
     clearStaleSegment(segment.key());
     return segment.create(1, QSharedMemory::ReadWrite);
 }

@@ -11,10 +11,7 @@ namespace {
 #ifdef Q_OS_WIN
 constexpr QSettings::Format storeFormat = QSettings::NativeFormat;
 
-QString storePath()
-{
-    return QStringLiteral("HKEY_CURRENT_USER\\KV_PANEL_V2");
-}
+QString storePath() { return QStringLiteral("HKEY_CURRENT_USER\\KV_PANEL_V2"); }
 #else
 constexpr QSettings::Format storeFormat = QSettings::IniFormat;
 

@@ -3,7 +3,8 @@
 #include <QString>
 
 /// The per-user values of this terminal: its identity and its chosen line. They live in the registry under
-/// HKEY_CURRENT_USER\KV_PANEL_V2 on Windows and in KV_PANEL_V2.ini of the user's configuration folder elsewhere.
+/// HKEY_CURRENT_USER\KV_PANEL_V2 on Windows and in KV_PANEL_V2.ini of the user's configuration folder
+/// elsewhere.
 namespace UserValues {
 
 /// An empty string when the value is missing. Read from the store anew each time.

@@ -9,10 +9,10 @@
 
 /// List property of a record.
 ///
-/// A copy keeps pointing at the array it came from, its owner, however long the chain of copies: elements that are
-/// added through a property value that the meta-object system handed out land in the record's own array. The owner
-/// must outlive its copies; a copy meant to last is made from list(). The array doesn't delete its elements, the
-/// record does.
+/// A copy keeps pointing at the array it came from, its owner, however long the chain of copies: elements that
+/// are added through a property value that the meta-object system handed out land in the record's own array.
+/// The owner must outlive its copies; a copy meant to last is made from list(). The array doesn't delete its
+/// elements, the record does.
 template <typename T>
 class Array final : public IArray
 {

@@ -4,8 +4,9 @@
 
 class QObject;
 
-/// Makes records by their public parameterless invokable constructor. There is no class registry: the meta-object is
-/// the only look-up. Stateless; where each class keeps its constructor is remembered for the process.
+/// Makes records by their public parameterless invokable constructor. There is no class registry: the
+/// meta-object is the only look-up. Stateless; where each class keeps its constructor is remembered for the
+/// process.
 class DefaultObjectFactory : public IObjectFactory
 {
 public:

@@ -33,13 +33,16 @@ private:
     T m_value;
 };
 
-/// A nested record, owned. One that is replaced is freed like the last one, at the next turn of the event loop, so
-/// that whoever is just reading it may finish.
+/// A nested record, owned. One that is replaced is freed like the last one, at the next turn of the event loop,
+/// so that whoever is just reading it may finish.
 template <typename T>
 class RecordValue<T*>
 {
 public:
-    explicit RecordValue(const RecordValue* from) : m_value(from && from->m_value ? new T(from->m_value) : nullptr) {}
+    explicit RecordValue(const RecordValue* from)
+        : m_value(from && from->m_value ? new T(from->m_value) : nullptr)
+    {
+    }
     RecordValue(const RecordValue&) = delete;
     RecordValue& operator=(const RecordValue&) = delete;
     ~RecordValue()
@@ -63,7 +66,8 @@ private:
     T* m_value;
 };
 
-/// A list of records, owned. A list that is set hands its records over; the ones held before are the caller's again.
+/// A list of records, owned. A list that is set hands its records over; the ones held before are the caller's
+/// again.
 template <typename T>
 class RecordValue<Array<T*>>
 {
@@ -134,8 +138,8 @@ private:
 //     };
 //     RECORD_LIST(SubLineDto)
 //
-// The property's name is the JSON key. A field gives the property, a getter of its name, a comparing setter set_<name>
-// and a change signal <name>Changed. Each macro leaves the access public.
+// The property's name is the JSON key. A field gives the property, a getter of its name, a comparing setter
+// set_<name> and a change signal <name>Changed. Each macro leaves the access public.
 
 /// The constructors of a record: with and without a parent, and the deep copy, whose parent is null.
 #define RECORD(Class) RECORD_CONSTRUCTORS(Class, QObject, static_cast<QObject*>(nullptr))
@@ -143,33 +147,33 @@ private:
 /// The same for a record on top of another one, whose fields it copies too.
 #define RECORD_ON(Class, Base) RECORD_CONSTRUCTORS(Class, Base, static_cast<Base*>(other))
 
-#define RECORD_CONSTRUCTORS(Class, Base, copiedBase)                                                                   \
-public:                                                                                                                \
-    Q_INVOKABLE explicit Class(QObject* parent = nullptr) : Base(parent) {}                                            \
-    explicit Class(Class* other) : Base(copiedBase), m_copied(other) { m_copied = nullptr; }                           \
-                                                                                                                       \
-private:                                                                                                               \
-    Class* m_copied = nullptr; /* what the fields below are copied from, during the copy only */                       \
-                                                                                                                       \
+#define RECORD_CONSTRUCTORS(Class, Base, copiedBase)                                                           \
+public:                                                                                                        \
+    Q_INVOKABLE explicit Class(QObject* parent = nullptr) : Base(parent) {}                                    \
+    explicit Class(Class* other) : Base(copiedBase), m_copied(other) { m_copied = nullptr; }                   \
+                                                                                                               \
+private:                                                                                                       \
+    Class* m_copied = nullptr; /* what the fields below are copied from, during the copy only */               \
+                                                                                                               \
 public:
 
 #define RECORD_FIELD(Type, name) RECORD_FIELD_AS(Type, name, name, set_##name)
 
 /// A field whose key can't be a function's name, or whose setter has a name of its own.
-#define RECORD_FIELD_AS(Type, key, getter, setter)                                                                     \
-    Q_PROPERTY(Type key READ getter WRITE setter NOTIFY getter##Changed)                                               \
-public:                                                                                                                \
-    Type getter() const { return m_##getter.get(); }                                                                   \
-    void setter(Type const& value)                                                                     \
-    {                                                                                                                  \
-        if (m_##getter.set(value))                                                                                     \
-            Q_EMIT getter##Changed();                                                                                  \
-    }                                                                                                                  \
-    Q_SIGNAL void getter##Changed();                                                                                   \
-                                                                                                                       \
-private:                                                                                                               \
-    RecordValue<Type> m_##getter{m_copied ? &m_copied->m_##getter : nullptr};                                          \
-                                                                                                                       \
+#define RECORD_FIELD_AS(Type, key, getter, setter)                                                             \
+    Q_PROPERTY(Type key READ getter WRITE setter NOTIFY getter##Changed)                                       \
+public:                                                                                                        \
+    Type getter() const { return m_##getter.get(); }                                                           \
+    void setter(Type const& value)                                                                             \
+    {                                                                                                          \
+        if (m_##getter.set(value))                                                                             \
+            Q_EMIT getter##Changed();                                                                          \
+    }                                                                                                          \
+    Q_SIGNAL void getter##Changed();                                                                           \
+                                                                                                               \
+private:                                                                                                       \
+    RecordValue<Type> m_##getter{m_copied ? &m_copied->m_##getter : nullptr};                                  \
+                                                                                                               \
 public:
 
 /// Declares a record to the meta-type system as an element of lists.
@@ -177,9 +181,8 @@ public:
 /// The same for dictionaries.
 #define RECORD_DICTIONARY(Class) Q_DECLARE_METATYPE(Dictionary<Class*>)
 
-
-/// An operation that takes over every plain field of another record of the class, each signal only on a real change.
-/// Nested records and lists stay as they are.
-#define RECORD_REFRESH(Class, name)                                                                                    \
-public:                                                                                                                \
+/// An operation that takes over every plain field of another record of the class, each signal only on a real
+/// change. Nested records and lists stay as they are.
+#define RECORD_REFRESH(Class, name)                                                                            \
+public:                                                                                                        \
     void name(Class* other) { copyPlainFields(other, this, &staticMetaObject); }

@@ -85,7 +85,8 @@ void Field::writeString(void* target, const QString& value) const
 
 void Field::writeInteger(void* target, qlonglong value) const
 {
-    if (kind == Kind::Int && value >= std::numeric_limits<int>::min() && value <= std::numeric_limits<int>::max()) {
+    if (kind == Kind::Int && value >= std::numeric_limits<int>::min() &&
+        value <= std::numeric_limits<int>::max()) {
         const int number = static_cast<int>(value);
         writeTyped(target, &number);
     } else if (kind == Kind::LongLong) {

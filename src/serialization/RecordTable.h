@@ -36,8 +36,8 @@ struct Field
     void writeVariant(void* target, const QVariant& value) const;
 };
 
-/// The properties that a record class declares itself, in their order. Made once for each class and kept to the end
-/// of the process; may be asked for on any thread.
+/// The properties that a record class declares itself, in their order. Made once for each class and kept to the
+/// end of the process; may be asked for on any thread.
 class RecordTable
 {
 public:

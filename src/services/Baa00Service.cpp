@@ -10,10 +10,7 @@ LoginMod* Baa00Service::loginMod(const QJsonObject& data, const QString& secretK
     return post<LoginMod>("/loginMod", data, {{QStringLiteral("secretKey"), secretKey}});
 }
 
-GetAuthInfoByCode* Baa00Service::keepLogin()
-{
-    return post<GetAuthInfoByCode>("/keepLogin");
-}
+GetAuthInfoByCode* Baa00Service::keepLogin() { return post<GetAuthInfoByCode>("/keepLogin"); }
 
 GetAuthInfoByCode* Baa00Service::getAuthInfoByCodes(const QJsonObject& data)
 {

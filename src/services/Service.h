@@ -3,8 +3,8 @@
 #include "common/Singleton.h"
 #include "net/NetServer.h"
 
-/// Base of the service objects: one for each back-end module, one method for each endpoint. A method returns when the
-/// reply is there; the reply is never null and the caller ends it with deleteLater. Main thread.
+/// Base of the service objects: one for each back-end module, one method for each endpoint. A method returns
+/// when the reply is there; the reply is never null and the caller ends it with deleteLater. Main thread.
 class Service : public QObject
 {
     Q_OBJECT

@@ -15,8 +15,8 @@ HouseProcess::HouseProcess(const QStringList& options)
     m_process.setArguments(
         QStringList{QStringLiteral("--seed"),
                     qEnvironmentVariable("KV_TEST_SOURCE") + QStringLiteral("/house/seed/house.json"),
-                    QStringLiteral("--port"), QStringLiteral("0")}
-        + options);
+                    QStringLiteral("--port"), QStringLiteral("0")} +
+        options);
     m_process.start();
     while (!m_process.canReadLine()) {
         if (!m_process.waitForReadyRead(10000)) {
@@ -47,8 +47,8 @@ QByteArray HouseProcess::control(const QString& command, const QJsonObject& body
     tls.setPeerVerifyMode(QSslSocket::VerifyNone);
     request.setSslConfiguration(tls);
     const bool isQuestion = body.isEmpty() && command != QLatin1String("reset");
-    const std::unique_ptr<QNetworkReply> reply(
-        isQuestion ? client.get(request) : client.post(request, QJsonDocument(body).toJson()));
+    const std::unique_ptr<QNetworkReply> reply(isQuestion ? client.get(request)
+                                                          : client.post(request, QJsonDocument(body).toJson()));
     QEventLoop loop;
     QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
     loop.exec();
@@ -73,10 +73,7 @@ void HouseProcess::answer(const QString& path, const QJsonValue& answer, int cou
     control(QStringLiteral("answer"), body);
 }
 
-void HouseProcess::reset()
-{
-    control(QStringLiteral("reset"), {});
-}
+void HouseProcess::reset() { control(QStringLiteral("reset"), {}); }
 
 QJsonArray HouseProcess::requests(const QString& path)
 {
@@ -92,7 +89,12 @@ QJsonObject HouseProcess::lastRequest(const QString& path)
 
 int HouseProcess::seen(const QString& path)
 {
-    return QJsonDocument::fromJson(control(QStringLiteral("stats"))).object().value(path).toObject().value("seen").toInt();
+    return QJsonDocument::fromJson(control(QStringLiteral("stats")))
+        .object()
+        .value(path)
+        .toObject()
+        .value("seen")
+        .toInt();
 }
 
 int HouseProcess::executed(const QString& path)

@@ -3,7 +3,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-/// A certificate that nobody signed, for another name than the loopback's, and its key; files of a folder of its own.
+/// A certificate that nobody signed, for another name than the loopback's, and its key; files of a folder of
+/// its own.
 class SelfSignedCertificate
 {
 public:

@@ -17,7 +17,8 @@ void Fps::itemChange(ItemChange change, const ItemChangeData& value)
         disconnect(m_counting);
         if (value.window) {
             m_counting = connect(
-                value.window, &QQuickWindow::afterRendering, this, [this] { ++m_frames; }, Qt::DirectConnection);
+                value.window, &QQuickWindow::afterRendering, this, [this] { ++m_frames; },
+                Qt::DirectConnection);
         }
     }
     QQuickItem::itemChange(change, value);

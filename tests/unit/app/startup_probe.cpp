@@ -1,5 +1,6 @@
-// Runs the second half of the start-up once, in the working directory, and prints what it left as one line of JSON.
-// With "--line-dialog N" the line dialog closes N times; after that it ends the program, as a user would who gives up.
+// Runs the second half of the start-up once, in the working directory, and prints what it left as one line of
+// JSON. With "--line-dialog N" the line dialog closes N times; after that it ends the program, as a user would
+// who gives up.
 
 #include "app/MainClass.h"
 #include "common/DlgManager.h"
@@ -67,8 +68,9 @@ int main(int argc, char** argv)
 
     QJsonArray messages;
     int dialogs = 0;
-    QObject::connect(MyMessage::getInstance(), &MyMessage::showMessageSignal, &application,
-                     [&](const QString& text, const QString& type) { messages.append(type + QLatin1Char('|') + text); });
+    QObject::connect(
+        MyMessage::getInstance(), &MyMessage::showMessageSignal, &application,
+        [&](const QString& text, const QString& type) { messages.append(type + QLatin1Char('|') + text); });
     QObject::connect(DlgManager::getInstance(), &DlgManager::cloudSignal, &application, [&] {
         if (++dialogs > dialogLimit)
             QCoreApplication::quit();

@@ -21,7 +21,10 @@ private Q_SLOTS:
     void destruct();
 
 private:
-    static QTimer* keepAliveTimer() { return MainClass::getInstance()->findChild<QTimer*>(QStringLiteral("keepLogin")); }
+    static QTimer* keepAliveTimer()
+    {
+        return MainClass::getInstance()->findChild<QTimer*>(QStringLiteral("keepLogin"));
+    }
 
     QTemporaryDir m_folder;
 };
@@ -61,10 +64,11 @@ void tst_mainclass::confirmation()
 {
     MainClass* program = MainClass::getInstance();
     int answer = 1;
-    const auto dialog = connect(program, &MainClass::msgConfirmSignal, this, [&](const QString& title, const QString& msg) {
-        QCOMPARE(title + msg, QStringLiteral("提示确定吗"));
-        program->msgConfirmResult(answer);
-    });
+    const auto dialog =
+        connect(program, &MainClass::msgConfirmSignal, this, [&](const QString& title, const QString& msg) {
+            QCOMPARE(title + msg, QStringLiteral("提示确定吗"));
+            program->msgConfirmResult(answer);
+        });
     QCOMPARE(program->showMsgConfirm(QStringLiteral("提示"), QStringLiteral("确定吗")), 1);
     answer = 0;
     QCOMPARE(program->showMsgConfirm(QStringLiteral("提示"), QStringLiteral("确定吗")), 0);

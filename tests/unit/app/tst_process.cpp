@@ -35,7 +35,8 @@ public:
     QString log() const
     {
         QString text;
-        for (const QFileInfo& entry : QDir(path(QStringLiteral("log"))).entryInfoList({QStringLiteral("20*.log")})) {
+        for (const QFileInfo& entry :
+             QDir(path(QStringLiteral("log"))).entryInfoList({QStringLiteral("20*.log")})) {
             QFile file(entry.filePath());
             if (file.open(QIODevice::ReadOnly))
                 text += QString::fromUtf8(file.readAll());
@@ -58,7 +59,8 @@ public:
         environment.insert(QStringLiteral("TMPDIR"), place.path(QString()));
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), place.path(QString()));
         environment.insert(QStringLiteral("KV_PANEL_API_URLS"), endpoint);
-        environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0")); // of windows, constant
+        environment.insert(QStringLiteral("ASAN_OPTIONS"),
+                           QStringLiteral("detect_leaks=0")); // of windows, constant
         for (auto it = variables.constBegin(); it != variables.constEnd(); ++it)
             environment.insert(it.key(), it.value());
         m_process.setProcessEnvironment(environment);
@@ -83,10 +85,7 @@ public:
 
     bool isRunning() const { return m_process.state() == QProcess::Running; }
     /// Waits for the end; the exit code as the shell shows it.
-    int exitCode()
-    {
-        return m_process.waitForFinished(20000) ? m_process.exitCode() : -1;
-    }
+    int exitCode() { return m_process.waitForFinished(20000) ? m_process.exitCode() : -1; }
     QString output() { return QString::fromUtf8(m_process.readAll()); }
 
 private:
@@ -128,7 +127,8 @@ void tst_process::startsAndRuns()
     {
         Run run(place, m_house->url());
         QTRY_VERIFY_WITH_TIMEOUT(isUp(), 20000);
-        QTRY_VERIFY_WITH_TIMEOUT(place.log().contains(QStringLiteral("/baa00/getSysInitByAuthCode?timestamp=")), 5000);
+        QTRY_VERIFY_WITH_TIMEOUT(place.log().contains(QStringLiteral("/baa00/getSysInitByAuthCode?timestamp=")),
+                                 5000);
         QVERIFY(run.isRunning());
         QCOMPARE(run.end(), 0);
     }

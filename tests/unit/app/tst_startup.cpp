@@ -25,7 +25,8 @@ class tst_startup : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
-        m_house.reset(new HouseProcess({"--mqtt-url", "tcp://broker.example:1884", "--mqtt-user", "u", "--mqtt-pwd", "p"}));
+        m_house.reset(new HouseProcess(
+            {"--mqtt-url", "tcp://broker.example:1884", "--mqtt-user", "u", "--mqtt-pwd", "p"}));
         QVERIFY(m_house->isReady());
     }
     void init();
@@ -77,8 +78,9 @@ void tst_startup::setSetting(const QString& key, const QString& value)
         database.setDatabaseName(m_folder->filePath(QStringLiteral("kv_panel_v2.db")));
         QVERIFY(database.open());
         QSqlQuery query(database);
-        query.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS sys_config (id INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL, "
-                                  "code VARCHAR(128) NOT NULL UNIQUE, value VARCHAR(128) NOT NULL DEFAULT(''))"));
+        query.exec(QStringLiteral(
+            "CREATE TABLE IF NOT EXISTS sys_config (id INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL, "
+            "code VARCHAR(128) NOT NULL UNIQUE, value VARCHAR(128) NOT NULL DEFAULT(''))"));
         QVERIFY(query.prepare(QStringLiteral("INSERT OR REPLACE INTO sys_config (code, value) VALUES (?, ?)")));
         query.addBindValue(key);
         query.addBindValue(value);
@@ -203,19 +205,22 @@ void tst_startup::storedLine()
     QFETCH(QString, stored);
     QFETCH(bool, isTaken);
     // The same house under another name is a line of its own.
-    const QString second = QString(m_house->url()).replace(QStringLiteral("127.0.0.1"), QStringLiteral("localhost"));
+    const QString second =
+        QString(m_house->url()).replace(QStringLiteral("127.0.0.1"), QStringLiteral("localhost"));
     stored.replace(QStringLiteral("second"), second);
     const QJsonObject list{
         {"apiUrl", m_house->url()},
-        {"reqLines", QJsonArray{QJsonObject{{"title", "一"}, {"subLines", QJsonArray{}}},
-                                QJsonObject{{"title", "二"}, {"subLines", QJsonArray{QJsonObject{{"domain", second}}}}}}}};
+        {"reqLines",
+         QJsonArray{QJsonObject{{"title", "一"}, {"subLines", QJsonArray{}}},
+                    QJsonObject{{"title", "二"}, {"subLines", QJsonArray{QJsonObject{{"domain", second}}}}}}}};
     m_house->answer(lines, QJsonObject{{"code", "200"}, {"data", list}});
     setIdentity(QStringLiteral("cloudUrl"), stored);
     const QJsonObject state = start(m_house->url());
     QCOMPARE(state.value("iSysStatus").toInt(), 2);
     QCOMPARE(state.value("apiUrl").toString(), isTaken ? second : m_house->url());
     QCOMPARE(QSettings(m_folder->filePath(QStringLiteral("KV_PANEL_V2.ini")), QSettings::IniFormat)
-                 .value(QStringLiteral("cloudUrl")).toString(),
+                 .value(QStringLiteral("cloudUrl"))
+                 .toString(),
              stored);
 }
 
@@ -233,12 +238,18 @@ void tst_startup::hostUrl_data()
     QTest::addColumn<QString>("hostUrl");
     QTest::addColumn<QString>("host"); // empty: stays at the default
     QTest::addColumn<int>("port");
-    QTest::newRow("whole") << "tcp://b.example:1883" << "b.example" << 1883;
-    QTest::newRow("without scheme") << "b.example:1883" << "b.example" << 1883;
-    QTest::newRow("no port") << "tcp://b.example" << "" << 61613;
-    QTest::newRow("port no number") << "tcp://b.example:x" << "b.example" << 61613;
-    QTest::newRow("too many colons") << "tcp://b.example:1883:2" << "" << 61613;
-    QTest::newRow("empty") << "" << "" << 61613;
+    QTest::newRow("whole") << "tcp://b.example:1883"
+                           << "b.example" << 1883;
+    QTest::newRow("without scheme") << "b.example:1883"
+                                    << "b.example" << 1883;
+    QTest::newRow("no port") << "tcp://b.example"
+                             << "" << 61613;
+    QTest::newRow("port no number") << "tcp://b.example:x"
+                                    << "b.example" << 61613;
+    QTest::newRow("too many colons") << "tcp://b.example:1883:2"
+                                     << "" << 61613;
+    QTest::newRow("empty") << ""
+                           << "" << 61613;
 }
 
 void tst_startup::hostUrl()
@@ -262,7 +273,8 @@ void tst_startup::hostUrl()
 void tst_startup::functionMenu()
 {
     const auto right = [](const char* funcVal, const char* pid, bool authflg) {
-        return QJsonObject{{"funcVal", funcVal}, {"authName", QString("名") + funcVal}, {"pid", pid}, {"authflg", authflg}};
+        return QJsonObject{
+            {"funcVal", funcVal}, {"authName", QString("名") + funcVal}, {"pid", pid}, {"authflg", authflg}};
     };
     const QJsonArray rights{right("SELF_ORDER", "0", true),     right("ROOMINFO_CTRL", "0", true),
                             right("CONSUME_CTRL", "0", false),  right("ZZC_CTRL", "405", true),
@@ -271,8 +283,8 @@ void tst_startup::functionMenu()
     m_house->answer(sysInit, QJsonObject{{"code", "200"}, {"data", QJsonObject{{"modAuth", rights}}}});
     const QJsonObject state = start(m_house->url());
     QCOMPARE(state.value("menu").toArray(),
-             (QJsonArray{"SELF_ORDER|名SELF_ORDER", "ROOMINFO_CTRL|名ROOMINFO_CTRL", "HELP_BASH_WAIT|名HELP_BASH_WAIT",
-                         "TRANSFER_CTRL|手牌转账"}));
+             (QJsonArray{"SELF_ORDER|名SELF_ORDER", "ROOMINFO_CTRL|名ROOMINFO_CTRL",
+                         "HELP_BASH_WAIT|名HELP_BASH_WAIT", "TRANSFER_CTRL|手牌转账"}));
     QVERIFY(state.value("isVisSysConfig").toBool());
 }
 

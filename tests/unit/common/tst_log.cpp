@@ -12,10 +12,7 @@ namespace {
 
 std::atomic<qint64> fakeNowMs{0};
 
-void setDay(int day)
-{
-    fakeNowMs = QDateTime(QDate(2026, 3, day), QTime(12, 0)).toMSecsSinceEpoch();
-}
+void setDay(int day) { fakeNowMs = QDateTime(QDate(2026, 3, day), QTime(12, 0)).toMSecsSinceEpoch(); }
 
 QByteArray contentOf(const QString& path)
 {
@@ -59,7 +56,10 @@ private Q_SLOTS:
     void endsPromptly();
 
 private:
-    QString fileOf(int day) const { return QStringLiteral("%1/2026-03-%2.log").arg(m_folder).arg(day, 2, 10, QLatin1Char('0')); }
+    QString fileOf(int day) const
+    {
+        return QStringLiteral("%1/2026-03-%2.log").arg(m_folder).arg(day, 2, 10, QLatin1Char('0'));
+    }
 
     QScopedPointer<QTemporaryDir> m_temporary;
     QString m_folder;
@@ -175,7 +175,8 @@ void tst_log::removesOldFilesOnly()
     const auto makeFile = [&](const QString& name, qint64 ageSeconds) {
         QFile file(m_folder + QLatin1Char('/') + name);
         QVERIFY(file.open(QIODevice::WriteOnly));
-        QVERIFY(file.setFileTime(QDateTime::fromSecsSinceEpoch(now - ageSeconds), QFileDevice::FileModificationTime));
+        QVERIFY(file.setFileTime(QDateTime::fromSecsSinceEpoch(now - ageSeconds),
+                                 QFileDevice::FileModificationTime));
     };
     makeFile(QStringLiteral("exactly.log"), 604800);
     makeFile(QStringLiteral("older.log"), 604801);

@@ -34,7 +34,10 @@ private Q_SLOTS:
     void databaseThatIsNone();
 
 private:
-    QString lastMessage() const { return m_messages->isEmpty() ? QString() : m_messages->last().first().toString(); }
+    QString lastMessage() const
+    {
+        return m_messages->isEmpty() ? QString() : m_messages->last().first().toString();
+    }
 
     QScopedPointer<QTemporaryDir> m_folder;
     QScopedPointer<QSignalSpy> m_messages;

@@ -22,10 +22,7 @@ const QString keepLogin = QStringLiteral("/baa00/keepLogin");
 const QString rights = QStringLiteral("/baa00/getAuthInfoByCodes");
 const QString secretKey = QStringLiteral("demo-secret-key-0001");
 
-GlobalConfig* config()
-{
-    return GlobalConfig::getInstance();
-}
+GlobalConfig* config() { return GlobalConfig::getInstance(); }
 
 struct LaterDeleter
 {
@@ -135,13 +132,24 @@ void tst_engine::requestText_data()
     QTest::addColumn<QString>("json");
     QTest::addColumn<QString>("query");
 
-    const QString common = QStringLiteral("\"compId\":\"\",\"creater\":\"%1\",\"deviceId\":\"\",\"nc\":\"0123\",%2");
-    const QString tail = QStringLiteral("\"soft_version\":\"kv_panel_v3\",\"storeId\":\"\",\"tcode\":\"5\",\"ts\":\"1770000000\"");
-    QTest::newRow("GET") << false << "/bba01/getRoomList" << "" << ""
-                         << "{" + common.arg("", "\"operator\":\"\",") + tail + ",\"房\":\"a b\"}" << "";
-    QTest::newRow("POST, logged in") << true << "/bba01/setRemark" << "77" << "geheim"
-                                     << "{" + common.arg("77", "\"operator\":\"77\",") + tail + ",\"房\":\"a b\"}" << "";
-    QTest::newRow("GET without operator") << false << "/bca01/getHelpCallBashApiLogPageList" << "77" << ""
+    const QString common =
+        QStringLiteral("\"compId\":\"\",\"creater\":\"%1\",\"deviceId\":\"\",\"nc\":\"0123\",%2");
+    const QString tail = QStringLiteral(
+        "\"soft_version\":\"kv_panel_v3\",\"storeId\":\"\",\"tcode\":\"5\",\"ts\":\"1770000000\"");
+    QTest::newRow("GET") << false << "/bba01/getRoomList"
+                         << ""
+                         << ""
+                         << "{" + common.arg("", "\"operator\":\"\",") + tail + ",\"房\":\"a b\"}"
+                         << "";
+    QTest::newRow("POST, logged in") << true << "/bba01/setRemark"
+                                     << "77"
+                                     << "geheim"
+                                     << "{" + common.arg("77", "\"operator\":\"77\",") + tail +
+                                            ",\"房\":\"a b\"}"
+                                     << "";
+    QTest::newRow("GET without operator") << false << "/bca01/getHelpCallBashApiLogPageList"
+                                          << "77"
+                                          << ""
                                           << "{" + common.arg("77", "") + tail + ",\"房\":\"a b\"}"
                                           << "&limit=200&page=1&z=a b";
 }
@@ -175,7 +183,8 @@ void tst_engine::requestText()
     const QString base = "https://line.example" + path + "?timestamp=1770000000&nonce=0123";
     QString url = base + (isPost ? QString() : "&data=" + encoded) + query;
     if (!secret.isEmpty()) {
-        const QByteArray signedText = QString("token17700000000123" + json + secret).replace('"', '\'').toUtf8();
+        const QByteArray signedText =
+            QString("token17700000000123" + json + secret).replace('"', '\'').toUtf8();
         url += "&signature=" + QCryptographicHash::hash(signedText, QCryptographicHash::Md5).toHex();
     }
     QCOMPARE(text.url, url);
@@ -197,9 +206,11 @@ void tst_engine::lineRequest()
     request.url = QStringLiteral("/kvsystem/common/getSysApiReqUrls");
     request.data = {{"type", 2}, {"tAuthCode", "KV"}};
     const RequestText text = lineRequestText(QStringLiteral("http://one"), request, "5", "n");
-    QCOMPARE(text.json, QStringLiteral("{\"compId\":\"\",\"deviceId\":\"\",\"nc\":\"n\",\"soft_version\":\"kv_panel_v3\","
-                                       "\"storeId\":\"\",\"tAuthCode\":\"KV\",\"tcode\":\"5\",\"ts\":\"5\",\"type\":2}"));
-    QVERIFY(text.url.startsWith(QStringLiteral("http://one/kvsystem/common/getSysApiReqUrls?timestamp=5&nonce=n&data=%7B")));
+    QCOMPARE(text.json,
+             QStringLiteral("{\"compId\":\"\",\"deviceId\":\"\",\"nc\":\"n\",\"soft_version\":\"kv_panel_v3\","
+                            "\"storeId\":\"\",\"tAuthCode\":\"KV\",\"tcode\":\"5\",\"ts\":\"5\",\"type\":2}"));
+    QVERIFY(text.url.startsWith(
+        QStringLiteral("http://one/kvsystem/common/getSysApiReqUrls?timestamp=5&nonce=n&data=%7B")));
     QVERIFY(!text.url.contains(QStringLiteral("signature")));
 }
 
@@ -210,8 +221,9 @@ void tst_engine::signature_data()
     // By: printf '%s' "<the parts, double quotes made single>" | md5sum
     QTest::newRow("plain") << QStringList{"tok", "1700000000", "abc", "{\"a\":1}", "sec"}
                            << "9a00468a30b2d731fe5c5e80760ae96c";
-    QTest::newRow("escaped quote and Chinese") << QStringList{"tok", "1700000000", "abc", "{\"a\":\"茶\\\"水\"}", "sec"}
-                                               << "a4dc9ba826f187ae8a84a1c332912280";
+    QTest::newRow("escaped quote and Chinese")
+        << QStringList{"tok", "1700000000", "abc", "{\"a\":\"茶\\\"水\"}", "sec"}
+        << "a4dc9ba826f187ae8a84a1c332912280";
 }
 
 void tst_engine::signature()
@@ -245,7 +257,10 @@ void tst_engine::nonces()
         Reply<GetSysInitByAuthCode>(Baa00Service::getInstance()->getSysInitByAuthCode(secretKey));
         QVERIFY(config()->postNonce() != next); // any exchange renews it, and a GET takes another
         const QString got = m_house->lastRequest(QStringLiteral("/baa00/getSysInitByAuthCode"))
-                                .value("json").toObject().value("nc").toString();
+                                .value("json")
+                                .toObject()
+                                .value("nc")
+                                .toString();
         QVERIFY(got != next && got != config()->postNonce());
         seen << got << m_house->lastRequest(keepLogin).value("json").toObject().value("nc").toString();
     }
@@ -287,16 +302,26 @@ void tst_engine::envelope_data()
     QTest::addColumn<QString>("code");
     QTest::addColumn<QString>("msg");
     QTest::addColumn<bool>("hasData");
-    QTest::newRow("success") << QJsonValue(QJsonObject{{"code", "200"}, {"msg", "好"}, {"data", QJsonObject{{"token", "t"}}}})
-                             << "200" << "好" << true;
-    QTest::newRow("null data") << QJsonValue(QJsonObject{{"code", "200"}, {"msg", ""}, {"data", QJsonValue::Null}}) << "200" << ""
-                               << false;
-    QTest::newRow("no data") << QJsonValue(QJsonObject{{"code", "200"}, {"msg", "m"}}) << "200" << "m" << false;
-    QTest::newRow("refusal with data") << QJsonValue(QJsonObject{{"code", "X_1"}, {"msg", "不行"}, {"data", QJsonObject{}}}) << "X_1" << "不行"
-                                       << true;
-    QTest::newRow("number as code") << QJsonValue(QJsonObject{{"code", 200}}) << "" << "" << false;
-    QTest::newRow("data is a list") << QJsonValue(QJsonObject{{"code", "200"}, {"data", QJsonArray{1}}}) << "200" << "" << false;
-    QTest::newRow("empty object") << QJsonValue(QJsonObject{}) << "" << "" << false;
+    QTest::newRow("success") << QJsonValue(QJsonObject{
+                                    {"code", "200"}, {"msg", "好"}, {"data", QJsonObject{{"token", "t"}}}})
+                             << "200"
+                             << "好" << true;
+    QTest::newRow("null data") << QJsonValue(
+                                      QJsonObject{{"code", "200"}, {"msg", ""}, {"data", QJsonValue::Null}})
+                               << "200"
+                               << "" << false;
+    QTest::newRow("no data") << QJsonValue(QJsonObject{{"code", "200"}, {"msg", "m"}}) << "200"
+                             << "m" << false;
+    QTest::newRow("refusal with data")
+        << QJsonValue(QJsonObject{{"code", "X_1"}, {"msg", "不行"}, {"data", QJsonObject{}}}) << "X_1"
+        << "不行" << true;
+    QTest::newRow("number as code") << QJsonValue(QJsonObject{{"code", 200}}) << ""
+                                    << "" << false;
+    QTest::newRow("data is a list") << QJsonValue(QJsonObject{{"code", "200"}, {"data", QJsonArray{1}}})
+                                    << "200"
+                                    << "" << false;
+    QTest::newRow("empty object") << QJsonValue(QJsonObject{}) << ""
+                                  << "" << false;
 }
 
 void tst_engine::envelope()
@@ -316,8 +341,10 @@ void tst_engine::envelope()
 void tst_engine::replyWithoutData()
 {
     // A reply that matters by its code alone isn't filled from the payload's own fields.
-    m_house->answer(keepLogin, QJsonObject{{"code", "200"}, {"authId", "9"}, {"data", QJsonObject{{"authNo", "1"}}}});
-    const Reply<ApiRes> reply(NetWorkUtls::NetServer(false, nullptr).api<ApiRes>({NetMethod::Post, keepLogin, {}, {}, {}}));
+    m_house->answer(keepLogin,
+                    QJsonObject{{"code", "200"}, {"authId", "9"}, {"data", QJsonObject{{"authNo", "1"}}}});
+    const Reply<ApiRes> reply(
+        NetWorkUtls::NetServer(false, nullptr).api<ApiRes>({NetMethod::Post, keepLogin, {}, {}, {}}));
     QCOMPARE(reply->code(), QStringLiteral("200"));
     QCOMPARE(reply->authId(), QString());
     QCOMPARE(reply->authNo(), QString());
@@ -327,9 +354,12 @@ void tst_engine::oddBodies_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("code");
-    QTest::newRow("not JSON") << "garbage" << "";
-    QTest::newRow("HTTP 500 with JSON") << "http500" << "SYS_ERR_0500";
-    QTest::newRow("HTTP 500, true answer") << "http500-ok" << "200";
+    QTest::newRow("not JSON") << "garbage"
+                              << "";
+    QTest::newRow("HTTP 500 with JSON") << "http500"
+                                        << "SYS_ERR_0500";
+    QTest::newRow("HTTP 500, true answer") << "http500-ok"
+                                           << "200";
 }
 
 void tst_engine::oddBodies()
@@ -398,7 +428,8 @@ void tst_engine::supervisorRetry()
     int asked = 0;
     const auto dialog = connect(DlgManager::getInstance(), &DlgManager::authSignal, this, [&] {
         ++asked;
-        DlgManager::getInstance()->authResult(QString::number(asked), QStringLiteral("88"), QStringLiteral("张经理"));
+        DlgManager::getInstance()->authResult(QString::number(asked), QStringLiteral("88"),
+                                              QStringLiteral("张经理"));
     });
     const Reply<GetAuthInfoByCode> reply = callKeepLogin();
     disconnect(dialog);
@@ -412,7 +443,8 @@ void tst_engine::supervisorRetry()
     QVERIFY(!sent[0].toObject().value("json").toObject().contains("authOperater"));
     QCOMPARE(sent[1].toObject().value("json").toObject().value("authOperater").toString(), QStringLiteral("1"));
     QCOMPARE(sent[2].toObject().value("json").toObject().value("authOperater").toString(), QStringLiteral("2"));
-    QCOMPARE(sent[2].toObject().value("json").toObject().value("operator").toString(), config()->userInfo()->staffId());
+    QCOMPARE(sent[2].toObject().value("json").toObject().value("operator").toString(),
+             config()->userInfo()->staffId());
 }
 
 void tst_engine::supervisorCancelled()
@@ -433,7 +465,8 @@ void tst_engine::applicationEndsDuringACall()
     QString code;
     QTimer::singleShot(0, this, [&] {
         QTimer::singleShot(100, qApp, &QCoreApplication::quit);
-        code = Reply<GetSysInitByAuthCode>(Baa00Service::getInstance()->getSysInitByAuthCode(secretKey))->code();
+        code =
+            Reply<GetSysInitByAuthCode>(Baa00Service::getInstance()->getSysInitByAuthCode(secretKey))->code();
     });
     QElapsedTimer timer;
     timer.start();

@@ -22,9 +22,8 @@ void tst_right_rules::ofACall_data()
     const QString order = QStringLiteral("/bca01/batchUpdateOrder");
     const QString roomOrder = QStringLiteral("/bca01/batchUpdateRoomOrder");
     const QString clean = QStringLiteral("/bba01/chgCleanRoom");
-    const auto row = [](const char* name, const QString& path, const QJsonObject& data, const QStringList& codes) {
-        QTest::newRow(name) << path << data << codes;
-    };
+    const auto row = [](const char* name, const QString& path, const QJsonObject& data,
+                        const QStringList& codes) { QTest::newRow(name) << path << data << codes; };
 
     row("no rules", "/bba01/getRoomList", {}, {});
     row("always", "/bda02/endServer", {}, {"0304"});
@@ -53,7 +52,8 @@ void tst_right_rules::ofACall_data()
         {"0168", "0169", "0170"});
     row("room order, mode 3", roomOrder, {{"isNormal", 1}, {"isDel", 1}, {"mode", 3}}, {"0169"});
     row("three values of one field", "/baa01/editPkgCards", {{"checkMode", 2}}, {"0207"});
-    row("two values and another field", "/bea01/settleAccount", {{"type", 10}, {"payType", 13}}, {"0502", "0533"});
+    row("two values and another field", "/bea01/settleAccount", {{"type", 10}, {"payType", 13}},
+        {"0502", "0533"});
     row("zero and one swapped in order", "/bda02/punchRecord", {{"punchStatus", 0}}, {"0339"});
 
     row("stale rights go", clean, {{"acode", QJsonArray{"1"}}, {"isClean", 1}}, {"0114"});

@@ -22,10 +22,7 @@ const QString lines = QStringLiteral("/kvsystem/common/getSysApiReqUrls");
 const QString secretKey = QStringLiteral("demo-secret-key-0001");
 const QString deadEndpoint = QStringLiteral("http://127.0.0.1:9");
 
-GlobalConfig* config()
-{
-    return GlobalConfig::getInstance();
-}
+GlobalConfig* config() { return GlobalConfig::getInstance(); }
 
 struct LaterDeleter
 {
@@ -51,10 +48,7 @@ Reply<GetSysApiReqUrls> callLines()
         KvsystemService::getInstance()->getSysApiReqUrls({{"type", 2}, {"tAuthCode", "KV-DEMO-0001"}}));
 }
 
-int testLine(const QString& url)
-{
-    return NetWorkUtls::NetServer(false, nullptr).testApi(url);
-}
+int testLine(const QString& url) { return NetWorkUtls::NetServer(false, nullptr).testApi(url); }
 
 } // namespace
 
@@ -112,7 +106,8 @@ void tst_transport::failures_data()
     QTest::newRow("GET truncated") << "truncate" << false << "CONNECT_ERR" << noConnection << 5;
     QTest::newRow("POST dropped") << "drop" << true << "-2" << failed << 1;
     QTest::newRow("POST truncated") << "truncate" << true << "-2" << failed << 1;
-    QTest::newRow("POST garbage") << "garbage" << true << "" << "" << 1;
+    QTest::newRow("POST garbage") << "garbage" << true << ""
+                                  << "" << 1;
 }
 
 void tst_transport::failures()
@@ -188,8 +183,10 @@ void tst_transport::tokenTravels_data()
     QTest::newRow("ordinary call") << keepLogin << "abc" << true;
     QTest::newRow("no token") << keepLogin << "" << false;
     QTest::newRow("login") << loginMod << "abc" << false;
-    QTest::newRow("terminal list") << "/caa04/getTerminalList" << "abc" << false;
-    QTest::newRow("line test") << "" << "abc" << true;
+    QTest::newRow("terminal list") << "/caa04/getTerminalList"
+                                   << "abc" << false;
+    QTest::newRow("line test") << ""
+                               << "abc" << true;
 }
 
 namespace {
@@ -244,8 +241,9 @@ void tst_transport::headersAsTold()
     QVERIFY(server.request.startsWith("POST /x?timestamp="));
     QVERIFY(server.request.contains("\r\nContent-Type:application/x-www-form-urlencoded;charset=UTF-8\r\n"));
     QVERIFY(server.request.contains("\r\nX-Trace: \xE5\x89\x8D\xE5\x8F\xB0\r\n"));
-    QVERIFY(server.request.contains("\r\nUser-Agent: Mozilla/5.0 (Windows NT 10.0; Win64; x64) AppleWebKit/537.36 "
-                                    "(KHTML, like Gecko) Chrome/120.0.0.0 Safari/537.36\r\n"));
+    QVERIFY(
+        server.request.contains("\r\nUser-Agent: Mozilla/5.0 (Windows NT 10.0; Win64; x64) AppleWebKit/537.36 "
+                                "(KHTML, like Gecko) Chrome/120.0.0.0 Safari/537.36\r\n"));
     QVERIFY(server.request.contains("\r\n\r\ndata=%7B%22compId%22"));
 }
 

@@ -10,14 +10,18 @@
 
 namespace {
 
-/// Started with this argument, the test program is an instance of the terminal that claims the machine and waits.
+/// Started with this argument, the test program is an instance of the terminal that claims the machine and
+/// waits.
 const char claimArgument[] = "--claim";
 
 /// Runs the claim in a process of its own, under the same temporary folder and thus the same claim.
 class Instance
 {
 public:
-    Instance() { m_process.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(claimArgument)}); }
+    Instance()
+    {
+        m_process.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(claimArgument)});
+    }
     ~Instance()
     {
         m_process.closeWriteChannel();

@@ -212,8 +212,9 @@ void tst_serialization::nestedRecords()
 void tst_serialization::listsAndDictionaries()
 {
     TreeRecord record;
-    read(R"({"leaves":[{"text":"b"},{"text":"a"},"no object",7],"byKey":{"k2":{"number":2},"k1":{"number":1}}})",
-         &record);
+    read(
+        R"({"leaves":[{"text":"b"},{"text":"a"},"no object",7],"byKey":{"k2":{"number":2},"k1":{"number":1}}})",
+        &record);
     QCOMPARE(record.leaves().size(), 4);
     QCOMPARE(record.leaves().at(0)->text(), QStringLiteral("b"));
     QCOMPARE(record.leaves().at(1)->text(), QStringLiteral("a"));
@@ -339,19 +340,21 @@ void tst_serialization::serializing()
 {
     TreeRecord record;
     QCOMPARE(write(&record), QStringLiteral(R"({"byKey":{},"leaves":[],"name":""})"));
-    const QByteArray text = R"({"byKey":{"k":{"big":1,"flag":true,"lifetime":60,"number":2,"real":0.5,"text":"x"}},)"
-                            R"("leaf":{"big":0,"flag":false,"lifetime":0,"number":0,"real":0,"text":"\"茶\""},)"
-                            R"("leaves":[{"big":0,"flag":false,"lifetime":0,"number":1,"real":0,"text":""}],"name":"n"})";
+    const QByteArray text =
+        R"({"byKey":{"k":{"big":1,"flag":true,"lifetime":60,"number":2,"real":0.5,"text":"x"}},)"
+        R"("leaf":{"big":0,"flag":false,"lifetime":0,"number":0,"real":0,"text":"\"茶\""},)"
+        R"("leaves":[{"big":0,"flag":false,"lifetime":0,"number":1,"real":0,"text":""}],"name":"n"})";
     read(text, &record);
     QCOMPARE(write(&record), QString::fromUtf8(text));
 }
 
 void tst_serialization::lineListRoundTrip()
 {
-    const QByteArray text = R"({"apiUrl":"https://a.example","lineCheckHttpPath":"/check","reqLines":[)"
-                            R"({"icon":"https://a.example/i.png","subLines":[)"
-                            R"({"domain":"https://b.example","title":"电信"},{"domain":"https://c.example","title":"联通"}],)"
-                            R"("title":"平台一"},{"icon":"","subLines":[],"title":"平台二"}]})";
+    const QByteArray text =
+        R"({"apiUrl":"https://a.example","lineCheckHttpPath":"/check","reqLines":[)"
+        R"({"icon":"https://a.example/i.png","subLines":[)"
+        R"({"domain":"https://b.example","title":"电信"},{"domain":"https://c.example","title":"联通"}],)"
+        R"("title":"平台一"},{"icon":"","subLines":[],"title":"平台二"}]})";
     SysApiReqDto lines;
     read(text, &lines);
     QCOMPARE(lines.reqLines().at(0)->subLines().at(1)->domain(), QStringLiteral("https://c.example"));
