@@ -54,7 +54,7 @@ void buildFuncMenu(const QList<ModAuthDto*>& rights, GlobalConfig* config)
     transfer.set_funcVal(QStringLiteral("TRANSFER_CTRL"));
     transfer.set_authName(QStringLiteral("手牌转账"));
     tiles.append(&transfer);
-    config->setFuncMenu(new FuncMenuModel(tiles, config));
+    config->setFuncMenu(new FuncMenuModel(tiles));
 }
 
 } // namespace

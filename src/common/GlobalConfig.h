@@ -22,21 +22,21 @@ struct work_area_struct
 
 /// The running terminal's shared state, bound by the pages. Main thread, but for getInstance() and curl().
 ///
-/// Records are deep copies that live to the end of the process; a null one means that nothing has arrived yet.
+/// Records are deep copies of its own; a null one means that nothing has arrived yet.
 class GlobalConfig : public QObject, public Singleton<GlobalConfig>
 {
     Q_OBJECT
 
     PROPERTY(int, iSysStatus, setISysStatus, 0)                  // root page: 0 starting, 2 running
     PROPERTY(UserDto*, userInfo, setUserInfo, new UserDto(this)) // operator, updated in place, never null
-    PROPERTY(TerminalDto*, terminalInfo, setTerminalInfo, nullptr)
-    PROPERTY(FuncMenuModel*, funcMenu, setFuncMenu, nullptr)
+    OWNED_PROPERTY(TerminalDto, terminalInfo, setTerminalInfo)
+    OWNED_PROPERTY(FuncMenuModel, funcMenu, setFuncMenu)
     PROPERTY(QString, storeName, setStoreName, {})
     PROPERTY(QString, secretKey, setSecretKey, {}) // the terminal's key
     PROPERTY(QString, kvupload, setKvupload, {})   // base URL of uploaded images
-    PROPERTY(PlanConfigDto*, planConfig, setPlanConfig, nullptr)
-    PROPERTY(SysConfigDto*, sysConfig, setSysConfig, nullptr)
-    PROPERTY(CardConfigDto*, cardConfig, setCardConfig, nullptr)
+    OWNED_PROPERTY(PlanConfigDto, planConfig, setPlanConfig)
+    OWNED_PROPERTY(SysConfigDto, sysConfig, setSysConfig)
+    OWNED_PROPERTY(CardConfigDto, cardConfig, setCardConfig)
     PROPERTY(QString, mqttUser, setMqttUser, {})
     PROPERTY(QString, mqttPwd, setMqttPwd, {})
     PROPERTY(int, mqttPort, setMqttPort, 61613)
@@ -55,9 +55,9 @@ class GlobalConfig : public QObject, public Singleton<GlobalConfig>
     PROPERTY(QString, loginRfid, setLoginRfid, {}) // credentials of the last helper-call login
     PROPERTY(QString, loginUser, setLoginUser, {})
     PROPERTY(QString, loginPwd, setLoginPwd, {})
-    PROPERTY(SysApiReqDto*, sysApiReq, setSysApiReq, nullptr) // the current line list
-    CONSTANT_PROPERTY(int, dlgDeplyTime, 15)                  // ms that a dialog waits before its first work
-    CONSTANT_PROPERTY(int, initDelyTime, 120) // ms that a module page waits before its first work
+    OWNED_PROPERTY(SysApiReqDto, sysApiReq, setSysApiReq) // the current line list
+    CONSTANT_PROPERTY(int, dlgDeplyTime, 15)              // ms that a dialog waits before its first work
+    CONSTANT_PROPERTY(int, initDelyTime, 120)             // ms that a module page waits before its first work
 
     PLAIN_FIELD(QString, apiUrl, setApiUrl, {}) // line in use: base URL with scheme, no trailing slash
     PLAIN_FIELD(QString, mqttUrl, setMqttUrl, {})

@@ -23,6 +23,28 @@ private:                                                                        
                                                                                                                \
 public:
 
+/// An object that the property owns; null until one is set. One that is replaced goes at the next turn of the
+/// event loop, so that bindings have moved on.
+#define OWNED_PROPERTY(Type, name, setter)                                                                     \
+    Q_PROPERTY(Type* name READ name WRITE setter NOTIFY name##Changed)                                         \
+public:                                                                                                        \
+    Type* name() const { return m_##name; }                                                                    \
+    void setter(Type* value)                                                                                   \
+    {                                                                                                          \
+        if (m_##name == value)                                                                                 \
+            return;                                                                                            \
+        if (m_##name)                                                                                          \
+            m_##name->deleteLater();                                                                           \
+        m_##name = value;                                                                                      \
+        Q_EMIT name##Changed();                                                                                \
+    }                                                                                                          \
+    Q_SIGNAL void name##Changed();                                                                             \
+                                                                                                               \
+private:                                                                                                       \
+    Type* m_##name = nullptr;                                                                                  \
+                                                                                                               \
+public:
+
 /// For the pages it never changes.
 #define CONSTANT_PROPERTY(Type, name, value)                                                                   \
     Q_PROPERTY(Type name READ name CONSTANT)                                                                   \

@@ -7,22 +7,21 @@ class TerminalDto : public QObject
 {
     Q_OBJECT
     RECORD(TerminalDto)
-    RECORD_FIELD(QString, compId)         // company
-    RECORD_FIELD(QString, storeId)        // store
-    RECORD_FIELD(QString, id)             // terminal, sent as deviceId
-    RECORD_FIELD(QString, name)           // printed on slips
-    RECORD_FIELD(QString, secretKey)      // the terminal's key
-    RECORD_FIELD(QString, storeName)      // shown in the header and printed
-    RECORD_FIELD(QString, areaIds)        // work areas that it serves, comma-separated ids
-    RECORD_FIELD(bool, closeFlg)          // consumption entry leaves its page after a save
-    RECORD_FIELD(bool, isShowAmount)      // the room board shows amounts
-    RECORD_FIELD(QString, hardCardTypes)  // hand card kinds that it announces, comma-separated
-    RECORD_FIELD(bool, isMultiCall)       // the call page offers calling several at once
-    RECORD_FIELD(int, orderPrintNum)      // copies of the order slip
-    RECORD_FIELD(bool, isChargebackPrint) // an order slip is printed only with a charge-back line
-    RECORD_FIELD(QString, selfItemName)   // name of the self-entry item
-    RECORD_FIELD(QString,
-                 noVerifyStaffIdentity) // action codes that need no operator's identity, comma-separated
+    RECORD_FIELD(QString, compId)                // company
+    RECORD_FIELD(QString, storeId)               // store
+    RECORD_FIELD(QString, id)                    // terminal, sent as deviceId
+    RECORD_FIELD(QString, name)                  // printed on slips
+    RECORD_FIELD(QString, secretKey)             // the terminal's key
+    RECORD_FIELD(QString, storeName)             // shown in the header and printed
+    RECORD_FIELD(QString, areaIds)               // work areas that it serves, comma-separated ids
+    RECORD_FIELD(bool, closeFlg)                 // consumption entry leaves its page after a save
+    RECORD_FIELD(bool, isShowAmount)             // the room board shows amounts
+    RECORD_FIELD(QString, hardCardTypes)         // hand card kinds that it announces, comma-separated
+    RECORD_FIELD(bool, isMultiCall)              // the call page offers calling several at once
+    RECORD_FIELD(int, orderPrintNum)             // copies of the order slip
+    RECORD_FIELD(bool, isChargebackPrint)        // an order slip is printed only with a charge-back line
+    RECORD_FIELD(QString, selfItemName)          // name of the self-entry item
+    RECORD_FIELD(QString, noVerifyStaffIdentity) // action codes done without identity, comma-separated
 };
 
 /// Settings of the store.

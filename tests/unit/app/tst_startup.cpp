@@ -119,8 +119,10 @@ QJsonObject tst_startup::start(const QString& endpoints, int lineDialogs)
     probe.waitForFinished(60000);
     const QByteArray output = probe.readAllStandardOutput();
     const QJsonObject state = QJsonDocument::fromJson(output.trimmed().split('\n').last()).object();
-    if (state.isEmpty())
+    if (state.isEmpty() || probe.exitStatus() != QProcess::NormalExit || probe.exitCode() != 0) {
         qWarning("%s%s", output.constData(), probe.readAllStandardError().constData());
+        return {};
+    }
     return state;
 }
 

@@ -7,11 +7,9 @@
 #include "services/Baa00Service.h"
 #include "support/HouseProcess.h"
 
-#include <QGuiApplication>
 #include <QJsonArray>
 #include <QPointer>
 #include <QTimer>
-#include <QWindow>
 #include <QtTest>
 
 #include <memory>
@@ -35,20 +33,6 @@ Reply<GetAuthInfoByCode> callKeepLogin()
 {
     return Reply<GetAuthInfoByCode>(Baa00Service::getInstance()->keepLogin());
 }
-
-/// Counts what a touch would do.
-class TouchWindow : public QWindow
-{
-public:
-    int presses = 0;
-    int releases = 0;
-    int keys = 0;
-
-protected:
-    void mousePressEvent(QMouseEvent*) override { ++presses; }
-    void mouseReleaseEvent(QMouseEvent*) override { ++releases; }
-    void keyPressEvent(QKeyEvent*) override { ++keys; }
-};
 
 } // namespace
 
@@ -76,7 +60,6 @@ private Q_SLOTS:
     void replyWithoutData();
     void oddBodies_data();
     void oddBodies();
-    void inputIsDroppedTimersGoOn();
     void nestedCalls();
     void supervisorRetry();
     void supervisorCancelled();
@@ -371,39 +354,6 @@ void tst_engine::oddBodies()
     QCOMPARE(callKeepLogin()->code(), code);
 }
 
-void tst_engine::inputIsDroppedTimersGoOn()
-{
-    TouchWindow window;
-    window.resize(200, 200);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    login();
-    m_house->fault(keepLogin, QStringLiteral("delay"), 500);
-
-    int ticks = 0;
-    bool over = false;
-    QTimer ticking;
-    connect(&ticking, &QTimer::timeout, this, [&] {
-        QVERIFY(!over);
-        if (++ticks == 2) {
-            QTest::mouseClick(&window, Qt::LeftButton, {}, {10, 10});
-            QTest::keyClick(&window, Qt::Key_A);
-            QTest::mousePress(&window, Qt::LeftButton, {}, {10, 10}); // still down when the call ends
-        }
-    });
-    ticking.start(20);
-    QCOMPARE(callKeepLogin()->code(), QStringLiteral("200"));
-    ticking.stop();
-    over = true;
-    QVERIFY(ticks >= 4);
-    QTest::qWait(50);
-    QCOMPARE(window.presses, 0);
-    QCOMPARE(window.keys, 0);
-    QTest::mouseRelease(&window, Qt::LeftButton, {}, {10, 10});
-    QTest::mouseClick(&window, Qt::LeftButton, {}, {10, 10});
-    QCOMPARE(window.presses, 1);
-}
-
 void tst_engine::nestedCalls()
 {
     login();
@@ -475,5 +425,5 @@ void tst_engine::applicationEndsDuringACall()
     QVERIFY(timer.elapsed() < 10000); // far below the 30 s that the exchange may take
 }
 
-QTEST_MAIN(tst_engine)
+QTEST_GUILESS_MAIN(tst_engine)
 #include "tst_engine.moc"

@@ -255,11 +255,11 @@ void tst_serialization::copiesOfAListReachItsOwner()
     Array<LeafRecord*> copyOfCopy = copy;
     QVariant variant = QVariant::fromValue(copyOfCopy);
     QJsonSerializer factory;
-    static_cast<IArray*>(variant.data())->createElement(factory);
+    const QScopedPointer<LeafRecord> element(
+        static_cast<LeafRecord*>(static_cast<IArray*>(variant.data())->createElement(factory)));
     QCOMPARE(record.leaves().size(), 1);
     copyOfCopy.initialize();
     QVERIFY(record.leaves().isEmpty());
-    qDeleteAll(static_cast<const Array<LeafRecord*>*>(variant.constData())->list());
 
     // A copy that is given to another record becomes that record's own.
     TreeRecord source;
