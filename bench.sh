@@ -8,7 +8,7 @@ install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}
 build release
 
 say "Measuring"
-export KV_TEST_BIN=$PWD/build/bin KV_TEST_SOURCE=$PWD LC_ALL=C.UTF-8
+export LC_ALL=C.UTF-8
 printf '%-66s %9s %9s %-3s %6s\n' "what: measured / base (medians)" base measured "" ratio
 for bench in build/bin/bench_*; do
     "$bench"

@@ -9,14 +9,15 @@
 
 #include <memory>
 
+QString HouseProcess::programFolder() { return QStringLiteral(KV_PROGRAM_FOLDER); }
+
 HouseProcess::HouseProcess(const QStringList& options)
 {
-    m_process.setProgram(qEnvironmentVariable("KV_TEST_BIN") + QStringLiteral("/kv_house"));
-    m_process.setArguments(
-        QStringList{QStringLiteral("--seed"),
-                    qEnvironmentVariable("KV_TEST_SOURCE") + QStringLiteral("/house/seed/house.json"),
-                    QStringLiteral("--port"), QStringLiteral("0")} +
-        options);
+    m_process.setProgram(programFolder() + QStringLiteral("/kv_house"));
+    m_process.setArguments(QStringList{QStringLiteral("--seed"),
+                                       QStringLiteral(KV_SOURCE_FOLDER "/house/seed/house.json"),
+                                       QStringLiteral("--port"), QStringLiteral("0")} +
+                           options);
     m_process.start();
     while (!m_process.canReadLine()) {
         if (!m_process.waitForReadyRead(10000)) {

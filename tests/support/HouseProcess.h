@@ -13,6 +13,9 @@ public:
     explicit HouseProcess(const QStringList& options = {});
     ~HouseProcess();
 
+    /// Where this build's programs lie.
+    static QString programFolder();
+
     bool isReady() const { return !m_url.isEmpty(); }
     QString url() const { return m_url; }
 

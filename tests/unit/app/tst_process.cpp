@@ -16,7 +16,7 @@ class Installation
 public:
     Installation()
     {
-        const QString bin = qEnvironmentVariable("KV_TEST_BIN");
+        const QString bin = HouseProcess::programFolder();
         QFile::copy(bin + QStringLiteral("/kv_panel"), program());
         QDir(m_folder.path()).mkpath(QStringLiteral("res/fonts"));
         for (const char* font : {"iconfont", "Pinfang"}) {
