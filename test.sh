@@ -27,7 +27,9 @@ done
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}" "${test_packages[@]}"
 
 say "Checking the style"
-sources() { git ls-files --cached --others --exclude-standard -- "$@"; }
+sources() { # those that are there; git also lists what was just deleted
+    git ls-files --cached --others --exclude-standard -- "$@" | while read -r file; do [ -e "$file" ] && echo "$file"; done
+}
 sources '*.cpp' '*.h' | xargs -r clang-format-14 --dry-run --Werror
 say "Checking the pages"
 sources '*.qml' 'ui/*.js' | xargs -r /usr/lib/qt5/bin/qmllint

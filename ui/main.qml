@@ -69,7 +69,6 @@ ApplicationWindow {
         MainClass.msgConfirmSignal.connect(showMsgConfirm)
         DlgManager.authSignal.connect(showAuthDlg)
         DlgManager.cloudSignal.connect(showCloud)
-        Dlg.root = root
     }
 
     Loader {
@@ -95,6 +94,7 @@ ApplicationWindow {
         modal: true
         closePolicy: Popup.NoAutoClose
         background: null
+        Overlay.modal: Item {}
         contentItem: BusyIndicator {}
     }
 

@@ -15,12 +15,15 @@ Reply getSysApiReqUrls(House& house, const Call& call)
     return Reply::with(house.seed.document["lines"]);
 }
 
+Reply getSysMqttInfo(House& house, const Call&) { return Reply::with(house.seed.document["mqttInfo"]); }
+
 const ModuleRegistration registration([](EndpointTable& table) {
     table.get("/kvsystem/common/getSysApiReqUrls", getSysApiReqUrls)
         .open(Access::LineList)
         .withoutIds()
         .needs("type", Kind::Number)
         .needs("tAuthCode", Kind::Text);
+    table.get("/kvsystem/common/getSysMqttInfo", getSysMqttInfo).open(Access::Open).withoutIds();
 });
 
 } // namespace

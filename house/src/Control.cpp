@@ -69,6 +69,13 @@ ControlAnswer endSessions(House& house, const json&)
     return answer({{"ok", true}});
 }
 
+/// "ok" tells whether a broker took it.
+ControlAnswer publish(House& house, const json& order)
+{
+    const std::string topic = order.at("topic").get<std::string>();
+    return answer({{"ok", house.publisher->publish(topic, order.value("payload", ""))}});
+}
+
 ControlAnswer stats(House& house, const json&) { return answer(house.journal.stats()); }
 
 ControlAnswer requests(House& house, const json& order)
@@ -83,12 +90,13 @@ struct ControlPath
     ControlAnswer (*serve)(House&, const json& order);
 };
 
-constexpr std::array<ControlPath, 7> controlPaths{{
+constexpr std::array<ControlPath, 8> controlPaths{{
     {"POST", "/_control/fault", setFault},
     {"POST", "/_control/answer", setAnswer},
     {"POST", "/_control/clear", clear},
     {"POST", "/_control/reset", reset},
     {"POST", "/_control/endSessions", endSessions},
+    {"POST", "/_control/publish", publish},
     {"GET", "/_control/stats", stats},
     {"GET", "/_control/requests", requests},
 }};

@@ -25,9 +25,10 @@ constexpr char helpText[] = R"(kv_house --seed FILE [options]
   --log FILE              write the log to this file instead of the standard error stream
   --fault PATH=KIND[:ARG] misbehave on a path, or on all with "*"; may be repeated. Kinds: delay:MS, drop,
                           drop-after, http500, http500-ok, garbage, truncate, hang, refuse:CODE
-  --mqtt-url tcp://H:P    broker told to the terminals, instead of the seed's
+  --mqtt-url tcp://H:P    broker told to the terminals, instead of the seed's; the house publishes there
   --mqtt-user USER
   --mqtt-pwd PASSWORD
+  --no-publish            tell the terminals the broker, but publish nothing
   --help
 
 When ready, one line goes to the standard output: "kv_house ready URL". SIGTERM and SIGINT end it.
@@ -98,6 +99,10 @@ std::variant<Options, EarlyExit> parseOptions(const std::vector<std::string>& ar
         const std::size_t following = arguments.size() - i - 1;
         if (name == "--help")
             return EarlyExit{0, helpText};
+        if (name == "--no-publish") {
+            options.publishes = false;
+            continue;
+        }
         if (name == "--tls") {
             if (following < 2)
                 return wrongUse("--tls needs a certificate and a key");

@@ -23,6 +23,7 @@ struct Options
     std::string mqttUrl;
     std::string mqttUser;
     std::string mqttPassword;
+    bool publishes = true; ///< announces changes on the broker told to the terminals
     std::vector<std::pair<std::string, Fault>> faults; ///< path and fault
 };
 

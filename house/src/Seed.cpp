@@ -2,6 +2,7 @@
 
 #include "src/Rights.h"
 
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -122,6 +123,28 @@ Seed readSeed(json document)
     return seed;
 }
 
+json readJson(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream content;
+    if (!file || !(content << file.rdbuf()))
+        throw SeedError("cannot read " + path.string());
+    return json::parse(content.str());
+}
+
+/// Brings the content of the files that the seed names, beside its own, into the document.
+void joinParts(json& document, const std::filesystem::path& folder)
+{
+    for (const json& name : document.value("parts", json::array())) {
+        const json part = readJson(folder / name.get<std::string>());
+        for (const auto& [key, value] : part.items()) {
+            if (document.contains(key))
+                throw SeedError("\"" + key + "\" is given twice");
+            document[key] = value;
+        }
+    }
+}
+
 void replaceAll(std::string& text, const std::string& from, const std::string& to)
 {
     for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
@@ -170,16 +193,15 @@ void Seed::fillAddress(const std::string& url, const std::string& scheme, int po
 
 std::variant<Seed, std::string> loadSeed(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream content;
-    if (!file || !(content << file.rdbuf()))
-        return "cannot read the seed file " + path;
+    const std::string damaged = "the seed file " + path + " is damaged: ";
     try {
-        return readSeed(json::parse(content.str()));
+        Seed seed = readSeed(readJson(path));
+        joinParts(seed.document, std::filesystem::path(path).parent_path());
+        return seed;
     } catch (const json::exception& error) {
-        return "the seed file " + path + " is damaged: " + error.what();
+        return damaged + error.what();
     } catch (const SeedError& error) {
-        return "the seed file " + path + " is damaged: " + error.what();
+        return damaged + error.what();
     }
 }
 

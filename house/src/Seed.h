@@ -6,7 +6,7 @@
 #include <variant>
 #include <vector>
 
-/// What the house is at its start, read from one JSON file.
+/// What the house is at its start, read from a JSON file and the further files that it names.
 namespace house {
 
 struct Terminal

@@ -2,6 +2,7 @@
 
 #include "src/Connection.h"
 #include "src/Control.h"
+#include "src/Picture.h"
 #include "src/Text.h"
 
 #include <chrono>
@@ -16,6 +17,7 @@ constexpr std::size_t servingThreads = 64;
 constexpr std::chrono::seconds readTimeout{5};
 constexpr char anyPath[] = ".*";
 const std::string controlStart = "/_control/";
+const std::string pictureStart = "/kvupload/";
 
 Reply systemError() { return Reply::refuse("SYS_ERR_0500", "系统繁忙，请稍后再试"); }
 
@@ -135,6 +137,10 @@ void Server::serve(const httplib::Request& request, httplib::Response& response,
     const WireRequest wire = wireRequest(request, reader);
     if (wire.path.compare(0, controlStart.size(), controlStart) == 0) {
         serveControl(wire, request.remote_addr, response);
+        return;
+    }
+    if (wire.method == "GET" && wire.path.compare(0, pictureStart.size(), pictureStart) == 0) {
+        response.set_content(pictureFor(wire.path), "image/png");
         return;
     }
     finish(decide(wire, headersOf(request)), wire, request, response);

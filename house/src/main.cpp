@@ -1,7 +1,9 @@
+#include "src/Broker.h"
 #include "src/House.h"
 #include "src/Log.h"
 #include "src/Options.h"
 #include "src/Server.h"
+#include "src/state/StateSeed.h"
 
 #include <csignal>
 #include <cstdio>
@@ -71,6 +73,10 @@ int run(const Options& options)
     House house;
     house.seed = std::get<Seed>(std::move(seed));
     house.clock = [] { return static_cast<std::int64_t>(std::time(nullptr)); };
+    std::variant<State, std::string> state = furnish(house.seed, options.rooms, house.clock());
+    if (const std::string* error = std::get_if<std::string>(&state))
+        return fail(*error);
+    house.state = std::get<State>(std::move(state));
     overrideBroker(house.seed.document["mqttInfo"], options);
     for (const auto& [path, fault] : options.faults)
         house.faults.set(path, fault, -1);
@@ -80,6 +86,8 @@ int run(const Options& options)
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
     std::signal(SIGPIPE, SIG_IGN);
 
+    if (options.publishes)
+        house.publisher = std::make_unique<Broker>(house.seed.document["mqttInfo"], log);
     Server server(house, log);
     const std::string error = server.bind(options);
     if (!error.empty())

@@ -3,10 +3,14 @@
 #include "common/GlobalConfig.h"
 #include "common/MyMessage.h"
 #include "common/Sqlite.h"
+#include "devices/HandCardDevice.h"
+#include "devices/StaffDevice.h"
 #include "services/Baa00Service.h"
 #include "services/KvsystemService.h"
 
 #include <QDebug>
+
+#include <limits>
 
 namespace {
 
@@ -39,9 +43,19 @@ MainClass::MainClass()
     initDb();
 }
 
-MainClass::~MainClass() = default;
+MainClass::~MainClass()
+{
+    if (m_staffDevice)
+        m_staffDevice->deleteLater();
+    if (m_handDevice)
+        m_handDevice->deleteLater();
+}
 
-void MainClass::init() { initSysConfig(); }
+void MainClass::init()
+{
+    if (initSysConfig())
+        initReaders();
+}
 
 void MainClass::initDb()
 {
@@ -85,8 +99,8 @@ void MainClass::startTimer()
     qDebug().noquote() << QStringLiteral("定时器打开");
     const long lifetimeSeconds = m_config->tokenTimeStamp();
     if (lifetimeSeconds >= keepLoginThresholdSeconds) {
-        m_keepLoginTimer->start(
-            std::chrono::milliseconds(static_cast<qint64>(lifetimeSeconds - keepLoginMarginSeconds) * 1000));
+        const qint64 intervalMs = static_cast<qint64>(lifetimeSeconds - keepLoginMarginSeconds) * 1000;
+        m_keepLoginTimer->start(static_cast<int>(qMin<qint64>(intervalMs, std::numeric_limits<int>::max())));
     }
 }
 
@@ -112,3 +126,39 @@ void MainClass::msgConfirmResult(int result)
 }
 
 void MainClass::onDestruct(const QString& code) { Q_EMIT destructSignal(code); }
+
+void MainClass::startReadStaff(BaseObject* listener) { m_readers.push(ReaderStacks::Staff, listener); }
+
+void MainClass::stopReadStaff(BaseObject* listener) { m_readers.remove(ReaderStacks::Staff, listener); }
+
+void MainClass::startReadHand(BaseObject* listener)
+{
+    if (m_handDevice)
+        m_readers.push(ReaderStacks::Hand, listener);
+}
+
+void MainClass::stopReadHand(BaseObject* listener)
+{
+    if (m_handDevice)
+        m_readers.remove(ReaderStacks::Hand, listener);
+}
+
+void MainClass::initReaders()
+{
+    m_staffDevice = StaffDevice::initDevice();
+    connect(m_staffDevice, &StaffDevice::sendData, this,
+            [this](const QString& text) { m_readers.deliver(ReaderStacks::Staff, text); });
+    m_staffDevice->startDevice();
+
+    const CardConfigDto* cards = m_config->cardConfig();
+    const int model = cards && cards->lock_type() >= 1 ? cards->lock_type() : 0;
+    qDebug() << "SETP 1" << m_config->hand_card_device << model;
+    if (m_config->hand_card_device != 1 || model == 0)
+        return;
+    m_handDevice = HandCardDevice::initDevice(model);
+    if (m_handDevice && m_handDevice->getInitStatus()) {
+        connect(m_handDevice, &HandCardDevice::sendData, this,
+                [this](const QString& text) { m_readers.deliver(ReaderStacks::Hand, text); });
+        m_handDevice->startDevice(0);
+    }
+}

@@ -1,14 +1,18 @@
 #pragma once
 
 #include "common/Singleton.h"
+#include "devices/ReaderStacks.h"
 
 #include <QObject>
 #include <QTimer>
 
 class Baa00Service;
+class BaseObject;
 class GlobalConfig;
+class HandCardDevice;
 class KvsystemService;
 class MyMessage;
+class StaffDevice;
 
 /// Application controller: start-up, settings access, the login keep-alive and the confirmations that
 /// view-models ask for. Main thread.
@@ -37,6 +41,13 @@ public:
     /// Copies the settings into the shared state; done once, at start-up.
     void initDb();
 
+    /// Makes a view-model the one that the reader's next card goes to, and takes it off again. Not owned; it
+    /// must take itself off before it ends.
+    void startReadStaff(BaseObject* listener);
+    void stopReadStaff(BaseObject* listener);
+    void startReadHand(BaseObject* listener);
+    void stopReadHand(BaseObject* listener);
+
     /// A module's view-model ends; waits that belong to it end with it.
     void onDestruct(const QString& code);
 
@@ -49,6 +60,7 @@ private:
     friend class Singleton<MainClass>;
     MainClass();
 
+    void initReaders();
     bool initSysConfig();
     bool fetchLines();
     void chooseLine();
@@ -56,6 +68,9 @@ private:
 
     MyMessage* m_message;
     GlobalConfig* m_config;
+    StaffDevice* m_staffDevice = nullptr;
+    HandCardDevice* m_handDevice = nullptr; ///< null while no hand card reader is in use
+    ReaderStacks m_readers;
     QTimer* m_keepLoginTimer;
     Baa00Service* m_baa00;
     KvsystemService* m_kvsystem;

@@ -5,44 +5,18 @@
 #include "common/DlgManager.h"
 #include "common/GlobalConfig.h"
 #include "common/MyMessage.h"
-#include "serialization/QJsonSerializer.h"
 #include "services/Baa00Service.h"
 #include "services/KvsystemService.h"
+#include "services/Reply.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QJsonDocument>
-
-#include <memory>
 
 namespace {
-
-struct DeleteLater
-{
-    void operator()(QObject* object) const { object->deleteLater(); }
-};
-
-/// Holds a reply until the scope ends.
-template <typename T>
-using Reply = std::unique_ptr<T, DeleteLater>;
 
 bool hasLines(const GlobalConfig& config)
 {
     return config.sysApiReq() && !config.sysApiReq()->reqLines().isEmpty();
-}
-
-SysApiReqDto* parseLines(const QString& text)
-{
-    auto* lines = new SysApiReqDto;
-    QJsonSerializer().deserializeObject(QJsonDocument::fromJson(text.toUtf8()).object(), lines,
-                                        &SysApiReqDto::staticMetaObject);
-    return lines;
-}
-
-QString linesText(const SysApiReqDto* lines)
-{
-    const QJsonObject json = QJsonSerializer().serializeObject(lines, &SysApiReqDto::staticMetaObject);
-    return QString::fromUtf8(QJsonDocument(json).toJson(QJsonDocument::Compact));
 }
 
 /// Lets the user choose another line. A dialog that couldn't be shown returns at once; the pause keeps the
@@ -80,9 +54,9 @@ bool MainClass::fetchLines()
     if (!cached.isEmpty())
         m_config->setSysApiReq(parseLines(cached));
 
-    const Reply<GetSysApiReqUrls> reply(
+    const auto reply = held(
         m_kvsystem->getSysApiReqUrls({{QStringLiteral("type"), 2}, {QStringLiteral("tAuthCode"), authCode}}));
-    if (reply->code() == QLatin1String("200")) {
+    if (isOk(*reply)) {
         if (reply->data()) {
             m_config->setSysApiReq(new SysApiReqDto(reply->data()));
             setSqlData(QStringLiteral("sys_api_req"), linesText(reply->data()));
@@ -102,7 +76,8 @@ void MainClass::chooseLine()
     const SysApiReqDto* lines = m_config->sysApiReq();
     if (!lines)
         return;
-    m_config->setApiUrl(lines->apiUrl());
+    if (!lines->apiUrl().isEmpty())
+        m_config->setApiUrl(lines->apiUrl());
     const QString chosen = GlobalConfig::getRegValue(QStringLiteral("cloudUrl"));
     if (chosen.isEmpty())
         return;
@@ -118,15 +93,13 @@ bool MainClass::fetchSysInit()
 {
     for (;;) {
         m_config->setSecretKey(GlobalConfig::getRegValue(QStringLiteral("secretKey")));
-        const Reply<GetSysInitByAuthCode> reply(m_baa00->getSysInitByAuthCode(m_config->secretKey()));
+        const auto reply = held(m_baa00->getSysInitByAuthCode(m_config->secretKey()));
         if (reply->code() == QLatin1String("NET_LINE_ERR_0000") && hasLines(*m_config)) {
             askForLine();
             continue;
         }
-        if (reply->code() != QLatin1String("200")) {
-            m_message->showError(reply->msg());
+        if (!isOkOrShown(*reply))
             return false;
-        }
         if (reply->data())
             applySysInit(reply->data(), m_config);
         return true;

@@ -1,6 +1,9 @@
 #include "app/SysInit.h"
 
 #include "common/GlobalConfig.h"
+#include "serialization/QJsonSerializer.h"
+
+#include <QJsonDocument>
 
 namespace {
 
@@ -88,4 +91,18 @@ void applySysInit(const SysInitDto* sysInit, GlobalConfig* config)
         config->setCardConfig(new CardConfigDto(sysInit->cardconfig()));
     if (!sysInit->modAuth().isEmpty())
         buildFuncMenu(sysInit->modAuth().list(), config);
+}
+
+SysApiReqDto* parseLines(const QString& text)
+{
+    auto* lines = new SysApiReqDto;
+    QJsonSerializer().deserializeObject(QJsonDocument::fromJson(text.toUtf8()).object(), lines,
+                                        &SysApiReqDto::staticMetaObject);
+    return lines;
+}
+
+QString linesText(const SysApiReqDto* lines)
+{
+    const QJsonObject json = QJsonSerializer().serializeObject(lines, &SysApiReqDto::staticMetaObject);
+    return QString::fromUtf8(QJsonDocument(json).toJson(QJsonDocument::Compact));
 }

@@ -1,10 +1,13 @@
 #include "common/DlgManager.h"
 
+#include <utility>
+
 Authoriser DlgManager::showAuthDlg()
 {
     m_authoriser = {};
     Q_EMIT authSignal();
-    return m_authoriser;
+    // Nobody who vouched for another call may vouch for this one.
+    return std::exchange(m_authoriser, {});
 }
 
 void DlgManager::showCloudDlg() { Q_EMIT cloudSignal(); }

@@ -27,6 +27,7 @@ GlobalConfig::GlobalConfig() : m_curl(new CurlLibrary)
     m_apiUrls = builtInUrls();
     if (!m_apiUrls.isEmpty())
         m_apiUrl = m_apiUrls.first();
+    m_vendorText = QString::fromUtf8(Deployment::vendorText).split(QLatin1Char(';'), Qt::SkipEmptyParts);
     m_mqttUrl = QString::fromUtf8(Deployment::mqttUrl);
     m_mqttUser = QString::fromUtf8(Deployment::mqttUser);
     m_mqttPwd = QString::fromUtf8(Deployment::mqttPassword);

@@ -58,6 +58,7 @@ class GlobalConfig : public QObject, public Singleton<GlobalConfig>
     OWNED_PROPERTY(SysApiReqDto, sysApiReq, setSysApiReq) // the current line list
     CONSTANT_PROPERTY(int, dlgDeplyTime, 15)              // ms that a dialog waits before its first work
     CONSTANT_PROPERTY(int, initDelyTime, 120)             // ms that a module page waits before its first work
+    CONSTANT_PROPERTY(QStringList, vendorText, m_vendorText) // lines of the vendor block
 
     PLAIN_FIELD(QString, apiUrl, setApiUrl, {}) // line in use: base URL with scheme, no trailing slash
     PLAIN_FIELD(QString, mqttUrl, setMqttUrl, {})
@@ -104,5 +105,6 @@ private:
 
     QVector<work_area_struct> m_workAreas;
     QSet<QString> m_rights;
+    QStringList m_vendorText;
     CurlLibrary* m_curl;
 };

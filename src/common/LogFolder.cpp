@@ -38,3 +38,10 @@ void prepareLog()
     removeOldLogs(logFolder());
     qInstallMessageHandler(logerOutput);
 }
+
+void finishLog()
+{
+    constexpr int limitMs = 1000;
+    qInstallMessageHandler(nullptr);
+    LoggerThread::getInstance()->drain(limitMs);
+}

@@ -46,6 +46,16 @@ void LoggerThread::log(const QString& line)
     dropOverflow();
 }
 
+void LoggerThread::drain(int timeoutMs)
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_isHurried = true;
+    m_wake.notify_all();
+    m_drained.wait_for(lock, std::chrono::milliseconds(timeoutMs),
+                       [this] { return m_queue.isEmpty() && !m_isWriting; });
+    m_isHurried = false;
+}
+
 void LoggerThread::dropOverflow()
 {
     while (m_queue.size() > m_limits.queuedLines ||
@@ -61,10 +71,11 @@ bool LoggerThread::goesOn()
     return m_running;
 }
 
-void LoggerThread::pause(int ms)
+void LoggerThread::pause(int ms, bool mayHurry)
 {
     std::unique_lock<std::mutex> lock(m_mutex);
-    m_wake.wait_for(lock, std::chrono::milliseconds(ms), [this] { return !m_running; });
+    m_wake.wait_for(lock, std::chrono::milliseconds(ms),
+                    [&] { return !m_running || (mayHurry && m_isHurried && !m_queue.isEmpty()); });
 }
 
 QString LoggerThread::todaysName() const
@@ -87,7 +98,7 @@ void LoggerThread::run()
         if (!file.isOpen() && !openFile(file))
             continue;
         writeQueue(file);
-        pause(m_limits.pauseMs);
+        pause(m_limits.pauseMs, true);
     }
     file.close();
 }
@@ -149,8 +160,12 @@ bool LoggerThread::writeLine(QFile& file, const QString& line)
 bool LoggerThread::takeLine(QString& line)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
-    if (!m_running || m_queue.isEmpty())
+    m_isWriting = false;
+    if (!m_running || m_queue.isEmpty()) {
+        m_drained.notify_all();
         return false;
+    }
+    m_isWriting = true;
     line = m_queue.takeFirst();
     m_queuedChars -= line.size();
     return true;

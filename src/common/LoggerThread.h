@@ -39,13 +39,15 @@ public:
 
     /// Appends a line. Any thread.
     void log(const QString& line);
+    /// Waits until every line so far is written, but no longer than the time given.
+    void drain(int timeoutMs);
 
 protected:
     void run() override;
 
 private:
     bool goesOn();
-    void pause(int ms);
+    void pause(int ms, bool mayHurry = false);
     bool openFile(QFile& file);
     void writeQueue(QFile& file);
     bool writeLine(QFile& file, const QString& line);
@@ -64,4 +66,7 @@ private:
     QList<QString> m_queue;
     qint64 m_queuedChars = 0;
     qint64 m_dropped = 0;
+    bool m_isWriting = false; ///< a line has left the queue and isn't in the file yet
+    bool m_isHurried = false; ///< someone waits for the queue to be empty
+    std::condition_variable m_drained;
 };

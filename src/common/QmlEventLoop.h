@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/WaitStack.h"
+
 #include <QEventLoop>
 #include <QObject>
 
@@ -16,6 +18,7 @@ public:
 
     Q_INVOKABLE void execLoop()
     {
+        const WaitStack::Entry entry(this);
         QEventLoop loop;
         connect(this, &QmlEventLoop::finished, &loop, &QEventLoop::quit);
         loop.exec();

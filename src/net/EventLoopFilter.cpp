@@ -1,5 +1,7 @@
 #include "net/EventLoopFilter.h"
 
+#include "common/WaitStack.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QThread>
@@ -10,6 +12,8 @@ int EventLoopFilter::exec()
     if (application && QThread::currentThread() == application->thread()) {
         application->installEventFilter(this);
         m_installed = true;
+        const WaitStack::Entry entry(this);
+        return QEventLoop::exec();
     }
     return QEventLoop::exec();
 }
@@ -41,7 +45,7 @@ bool EventLoopFilter::eventFilter(QObject* watched, QEvent* event)
     case QEvent::TouchUpdate:
     case QEvent::TouchEnd:
     case QEvent::TouchCancel:
-        return !m_isThread;
+        return !m_isThread && WaitStack::isInnermost(this);
     default:
         return QEventLoop::eventFilter(watched, event);
     }

@@ -2,7 +2,8 @@
 
 #include <QEventLoop>
 
-/// The wait of a back-end call: timers, repaints and events go on, taps and keys are dropped, not queued.
+/// The wait of a back-end call: timers, repaints and events go on, taps and keys are dropped, not queued. A
+/// dialog that opens during the wait gets its input.
 class EventLoopFilter : public QEventLoop
 {
     Q_OBJECT

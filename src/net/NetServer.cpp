@@ -14,10 +14,20 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <limits>
+
 namespace {
 
 constexpr int lineFetchTimeoutSeconds = 3;
 constexpr int lineTestTimeoutSeconds = 2;
+
+/// Cut, not rounded; what an int can't hold becomes the nearest one that it can.
+int wholePart(double number)
+{
+    constexpr double least = std::numeric_limits<int>::min();
+    constexpr double most = std::numeric_limits<int>::max();
+    return static_cast<int>(qBound(least, number, most));
+}
 
 void fillReply(ApiRes* reply, const QByteArray& body, const QMetaObject* meta)
 {
@@ -174,7 +184,7 @@ QString NetServer::jsonVal2Str(const QJsonObject& json, const QString& key)
     case QJsonValue::Bool:
         return value.toBool() ? QStringLiteral("1") : QStringLiteral("0");
     case QJsonValue::Double:
-        return QString::number(static_cast<int>(value.toDouble()));
+        return QString::number(wholePart(value.toDouble()));
     default:
         return {};
     }

@@ -61,7 +61,6 @@ void libcurl::api(const QString& url, const QMap<QString, QString>& headers, Net
     m_headers = headers;
     m_method = method;
     m_data = data;
-    m_path = path;
     m_token = carriesToken(path) ? GlobalConfig::getInstance()->token() : QString();
     m_status = Failed;
     m_reply.clear();

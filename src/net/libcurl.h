@@ -54,7 +54,6 @@ private:
     QMutex m_mutex; ///< guards the decision to start
     QString m_url;
     QString m_data;
-    QString m_path;
     QString m_token; ///< the session's, taken when the exchange starts
     QMap<QString, QString> m_headers;
     NetMethod m_method = NetMethod::Get;

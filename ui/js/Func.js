@@ -5,8 +5,11 @@ function timerOnce(msec, functor) {
     const timer = Qt.createQmlObject("import QtQuick 2.0; Timer {running: true;}", root, "MyTimer")
     timer.interval = msec
     timer.triggered.connect(function () {
-        functor()
-        timer.destroy()
+        try {
+            functor()
+        } finally {
+            timer.destroy()
+        }
     })
     return timer
 }

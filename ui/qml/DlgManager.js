@@ -1,10 +1,5 @@
 // Dialogs as function calls: showDialog returns when the user has finished.
 
-.pragma library
-
-// The root window, parent of every dialog; it sets itself.
-var root = null
-
 const dlgMap = {
     tasteDlg: "./dialogs/TasteDlg.qml",
     definePriceDlg: "./dialogs/DefinePriceDlg.qml",
@@ -38,18 +33,18 @@ function showDialog(dlgName, obj) {
     const page = dlgMap[dlgName]
     if (page === undefined)
         return undefined
-    let comp = Qt.createComponent(page)
-    if (comp.status === 3) { // Component.Error
+    const comp = Qt.createComponent(page)
+    const dlg = comp.status === 1 ? comp.createObject(root, obj) : null // 1: Component.Ready
+    if (!dlg) {
         console.log(comp.errorString())
         comp.destroy()
         return undefined
     }
-    let dlg = comp.createObject(root, obj)
-    const result = dlg.exec()
-    dlg.destroy()
-    comp.destroy()
-    dlg = null
-    comp = null
-    gc()
-    return result
+    try {
+        return dlg.exec()
+    } finally {
+        dlg.destroy()
+        comp.destroy()
+        gc()
+    }
 }

@@ -37,6 +37,7 @@ void tst_mainclass::keepAlive_data()
     QTest::newRow("too short") << 899L << 0;
     QTest::newRow("just long enough") << 900L << 825000;
     QTest::newRow("two hours") << 7200L << 7125000;
+    QTest::newRow("thirty days, longer than a timer can run") << 2592000L << std::numeric_limits<int>::max();
 }
 
 void tst_mainclass::keepAlive()

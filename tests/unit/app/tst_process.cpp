@@ -169,6 +169,7 @@ void tst_process::settingsThatCannotBeMade()
     Run run(place, m_house->url());
     QCOMPARE(run.exitCode(), failureCode);
     QVERIFY(!isUp());
+    QVERIFY2(place.log().contains(QStringLiteral("STEP 2\n")), qPrintable(place.log()));
 }
 
 void tst_process::missingHttpLibrary()
@@ -191,6 +192,7 @@ void tst_process::missingFont()
     Run run(place, m_house->url());
     QCOMPARE(run.exitCode(), 0); // an ordinary end, before the start page has asked for anything
     QVERIFY(!isUp());
+    QVERIFY2(place.log().contains(QStringLiteral("加载字体文件失败\n")), qPrintable(place.log()));
 }
 
 QTEST_GUILESS_MAIN(tst_process)

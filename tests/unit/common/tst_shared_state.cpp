@@ -149,6 +149,16 @@ void tst_shared_state::authoriser()
     });
     QCOMPARE(dialogs->showAuthDlg().no, QStringLiteral("88"));
     disconnect(answering);
+    // One that is answered inside another one that is cancelled vouches for its own call alone.
+    int depth = 0;
+    const auto nesting = connect(dialogs, &DlgManager::authSignal, dialogs, [&] {
+        if (++depth == 1)
+            QCOMPARE(dialogs->showAuthDlg().id, QStringLiteral("inner"));
+        else
+            dialogs->authResult(QStringLiteral("inner"), QString(), QString());
+    });
+    QVERIFY(dialogs->showAuthDlg().id.isEmpty());
+    disconnect(nesting);
     QVERIFY(dialogs->showAuthDlg().id.isEmpty()); // nobody answered: nothing of the last one is left
 }
 

@@ -108,7 +108,7 @@ void tst_records::listIsComplete()
     QSet<QString> declared;
     const QRegularExpression declaration(QStringLiteral("^    RECORD(?:_ON)?\\((\\w+)"),
                                          QRegularExpression::MultilineOption);
-    QDirIterator headers(qEnvironmentVariable("KV_TEST_SOURCE") + QStringLiteral("/src/dto"),
+    QDirIterator headers(QStringLiteral(KV_SOURCE_FOLDER "/src/dto"),
                          {QStringLiteral("*.h")}, QDir::Files, QDirIterator::Subdirectories);
     while (headers.hasNext()) {
         QFile header(headers.next());

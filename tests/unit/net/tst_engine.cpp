@@ -5,6 +5,7 @@
 #include "net/Nonce.h"
 #include "net/RequestText.h"
 #include "services/Baa00Service.h"
+#include "services/Reply.h"
 #include "support/HouseProcess.h"
 
 #include <QJsonArray>
@@ -21,13 +22,6 @@ const QString rights = QStringLiteral("/baa00/getAuthInfoByCodes");
 const QString secretKey = QStringLiteral("demo-secret-key-0001");
 
 GlobalConfig* config() { return GlobalConfig::getInstance(); }
-
-struct LaterDeleter
-{
-    void operator()(QObject* object) const { object->deleteLater(); }
-};
-template <typename T>
-using Reply = std::unique_ptr<T, LaterDeleter>;
 
 Reply<GetAuthInfoByCode> callKeepLogin()
 {

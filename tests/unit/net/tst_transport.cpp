@@ -4,6 +4,7 @@
 #include "net/libcurl.h"
 #include "services/Baa00Service.h"
 #include "services/KvsystemService.h"
+#include "services/Reply.h"
 #include "support/HouseProcess.h"
 #include "support/SelfSignedCertificate.h"
 
@@ -23,13 +24,6 @@ const QString secretKey = QStringLiteral("demo-secret-key-0001");
 const QString deadEndpoint = QStringLiteral("http://127.0.0.1:9");
 
 GlobalConfig* config() { return GlobalConfig::getInstance(); }
-
-struct LaterDeleter
-{
-    void operator()(QObject* object) const { object->deleteLater(); }
-};
-template <typename T>
-using Reply = std::unique_ptr<T, LaterDeleter>;
 
 Reply<GetSysInitByAuthCode> callGet()
 {

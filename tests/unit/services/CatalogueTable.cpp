@@ -137,8 +137,8 @@ void appendCards(std::vector<CatalogueRow>& rows)
 
 void appendRooms(std::vector<CatalogueRow>& rows)
 {
-    const QJsonObject board{{"status", "1"}, {"floorId", "2"}, {"houseType", "3"}};
-    const QJsonObject opening{{"id", "1"}, {"cardids", "2,3"}};
+    const QJsonObject board{{"status", "1"}, {"floorId", two}, {"houseType", two}};
+    const QJsonObject opening{{"id", "1"}, {"cardids", two}};
     const QJsonObject restPlan{{"newPlanFlg", 1}, {"type", 1}, {"planid", "9"}};
     const auto get = [&rows](const char* method, const char* path, const QJsonObject& fields, auto call) {
         rows.push_back({method, "GET", path, fields, "", call});
@@ -184,11 +184,11 @@ void appendRooms(std::vector<CatalogueRow>& rows)
     post("/bba01/changeFeePlan", with(roomId, {{"newPlanFlg", 1}, {"planId", "9"}}),
          of(&Bba01Service::changeFeePlan));
     post("/bba01/restRoomAddTime", with(roomId, {{"hours", 1}}), of(&Bba01Service::restRoomAddTime));
-    post("/bba01/unpackRoom", {{"oldRoomId", "1"}, {"newRoomNo", "302"}, {"cardIds", "2"}},
+    post("/bba01/unpackRoom", {{"oldRoomId", "1"}, {"newRoomNo", "302"}, {"cardIds", two}},
          of(&Bba01Service::unpackRoom));
     post("/bba01/mergeRoom", {{"roomIdArr", two}}, of(&Bba01Service::mergeRoom));
     post("/bba01/splitRoom", {{"groupKey", "g"}, {"roomIdArr", two}}, of(&Bba01Service::splitRoom));
-    post("/bba01/roomAddCard", {{"roomNo", "301"}, {"cardids", "2"}}, of(&Bba01Service::roomAddCard));
+    post("/bba01/roomAddCard", {{"roomNo", "301"}, {"cardids", two}}, of(&Bba01Service::roomAddCard));
     post("/bba01/leaveRoomNew", with(opening, {{"status", 2}, {"cardId", "2"}}),
          of(&Bba01Service::leaveRoomNew));
     post("/bba01/cancelRoom", {{"id", "1"}, {"authType", 2}}, of(&Bba01Service::cancelRoom));
@@ -302,13 +302,13 @@ void appendTechnicians(std::vector<CatalogueRow>& rows)
          {{"staffId", "1"},
           {"hardCardId", "2"},
           {"itemId", "3"},
-          {"typeId", 6},
-          {"onTypeId", 1},
+          {"typeId", "6"},
+          {"onTypeId", "6"},
           {"pushId", ""},
           {"num", 1},
           {"roomId", "5"}},
          of(&Bda02Service::addServer));
-    post("/bda02/changeServer", {{"orderId", "1"}, {"itemId", "2"}, {"typeId", 1}, {"onTypeId", 2}},
+    post("/bda02/changeServer", {{"orderId", "1"}, {"itemId", "2"}, {"typeId", "6"}, {"onTypeId", "6"}},
          of(&Bda02Service::changeServer));
     post("/bda02/changeCard", {{"staffId", "1"}, {"cardId", "2"}, {"cardNo", "1001"}, {"roomId", "5"}},
          of(&Bda02Service::changeCard));

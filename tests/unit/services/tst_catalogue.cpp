@@ -6,6 +6,7 @@
 #include "serialization/RecordTable.h"
 #include "serialization/SerializerBase.h"
 #include "services/Baa00Service.h"
+#include "services/Reply.h"
 #include "support/HouseProcess.h"
 
 #include <QJsonArray>
@@ -60,11 +61,6 @@ private:
     int m_count = 0;
 };
 
-struct LaterDeleter
-{
-    void operator()(QObject* object) const { object->deleteLater(); }
-};
-
 /// The property that a wrapper adds, if it is one.
 const Field* payloadOf(const QMetaObject* meta)
 {
@@ -100,13 +96,13 @@ void tst_catalogue::initTestCase()
     config->setApiUrl(m_house->url());
     config->setApiUrls({m_house->url()});
     const QString key = QStringLiteral("demo-secret-key-0001");
-    const std::unique_ptr<GetSysInitByAuthCode, LaterDeleter> init(
+    const std::unique_ptr<GetSysInitByAuthCode, DeleteLater> init(
         Baa00Service::getInstance()->getSysInitByAuthCode(key));
     QVERIFY(init->data() && init->data()->terminalInfo());
     config->setStoreId(init->data()->terminalInfo()->storeId());
     config->setCompId(init->data()->terminalInfo()->compId());
     config->setDeviceId(init->data()->terminalInfo()->id());
-    const std::unique_ptr<LoginMod, LaterDeleter> login(Baa00Service::getInstance()->loginMod(
+    const std::unique_ptr<LoginMod, DeleteLater> login(Baa00Service::getInstance()->loginMod(
         {{"workNo", "1001"}, {"pwd", "1001"}, {"modCode", "ROOMINFO_CTRL"}}, key));
     QVERIFY(login->data());
     config->setToken(login->data()->token());
@@ -132,7 +128,7 @@ void tst_catalogue::wire()
     // The reply's class is known once there is one; a first call tells it.
     m_house->reset();
     m_house->answer(path, QJsonObject{{"code", "200"}}, 1);
-    const std::unique_ptr<ApiRes, LaterDeleter> empty(endpoint.call(endpoint.fields));
+    const std::unique_ptr<ApiRes, DeleteLater> empty(endpoint.call(endpoint.fields));
     QCOMPARE(empty->code(), QStringLiteral("200"));
     const QMetaObject* meta = empty->metaObject();
     const Field* payload = payloadOf(meta);
@@ -142,7 +138,7 @@ void tst_catalogue::wire()
     if (payload)
         answer.insert("data", SampleMaker().value(*payload));
     m_house->answer(path, answer, 1);
-    const std::unique_ptr<ApiRes, LaterDeleter> reply(endpoint.call(endpoint.fields));
+    const std::unique_ptr<ApiRes, DeleteLater> reply(endpoint.call(endpoint.fields));
     QCOMPARE(reply->code(), QStringLiteral("200"));
     QCOMPARE(reply->msg(), QStringLiteral("好"));
     if (payload)

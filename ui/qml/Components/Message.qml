@@ -25,6 +25,7 @@ Window {
         y = 80
     }
 
+    onClosing: show = false
     flags: Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.Tool | Qt.WindowDoesNotAcceptFocus
     visible: show
     width: 440

@@ -1,0 +1,199 @@
+#include "src/state/Asked.h"
+#include "src/state/RoomRecords.h"
+
+#include <algorithm>
+#include <set>
+
+namespace house {
+namespace {
+
+using nlohmann::json;
+
+constexpr char noSuchRoom[] = "房间不存在";
+/// The one status filter that stands for several statuses.
+const std::string inUseFilter = "7";
+
+Reply refuseRoom(const std::string& msg) { return Reply::refuse("ROOM_ERR_0001", msg); }
+
+std::set<std::string> idsOf(const Call& call, const char* field)
+{
+    const std::vector<std::string> ids = textsOf(call.body, field);
+    return {ids.begin(), ids.end()};
+}
+
+bool startsWith(const std::string& text, const std::string& start)
+{
+    return text.compare(0, start.size(), start) == 0;
+}
+
+bool isWanted(const Call& call, const Room& room, const std::set<std::string>& floors,
+              const std::set<std::string>& types)
+{
+    const std::string status = fieldAsText(call.body, "status");
+    const bool isStatus = status.empty() || std::to_string(static_cast<int>(room.status)) == status ||
+                          (status == inUseFilter && isInUse(room));
+    return isStatus && (floors.empty() || floors.count(room.floorId) > 0) &&
+           (types.empty() || types.count(room.typeId) > 0) && startsWith(room.code, call.text("roomno"));
+}
+
+Reply getRoomList(House& house, const Call& call)
+{
+    const std::set<std::string> floors = idsOf(call, "floorId");
+    const std::set<std::string> types = idsOf(call, "houseType");
+    const RoomRecords records(house, call.now);
+    json all = json::array();
+    std::map<std::string, json> byType;
+    for (const Room& room : house.state.rooms) {
+        if (!isWanted(call, room, floors, types))
+            continue;
+        json record = records.board(room);
+        if (call.body.contains("sortType"))
+            byType[room.typeId].push_back(std::move(record));
+        else
+            all.push_back(std::move(record));
+    }
+    for (auto& [typeId, rooms] : byType)
+        all.push_back({{"id", typeId},
+                       {"name", house.state.roomTypes.find(typeId)->name},
+                       {"roomList", std::move(rooms)}});
+    return Reply::with(all);
+}
+
+/// Rooms in use and all rooms, for each row of a table that the rooms point to.
+template <typename Row>
+json sums(const House& house, const Table<Row>& table, std::string Room::*link)
+{
+    json list = json::array();
+    for (const Row& row : table) {
+        int used = 0;
+        int all = 0;
+        for (const Room& room : house.state.rooms) {
+            if (room.*link != row.id)
+                continue;
+            ++all;
+            used += isInUse(room) || room.status == RoomStatus::Guest ? 1 : 0;
+        }
+        if (all > 0)
+            list.push_back({{"id", row.id}, {"name", row.name}, {"roomUseSum", used}, {"roomAllSum", all}});
+    }
+    return list;
+}
+
+Reply getFloorSum(House& house, const Call&)
+{
+    return Reply::with({{"floorList", sums(house, house.state.floors, &Room::floorId)}});
+}
+
+Reply getRoomTypeSum(House& house, const Call&)
+{
+    return Reply::with({{"roomTypeList", sums(house, house.state.roomTypes, &Room::typeId)}});
+}
+
+Reply getOverTime(House& house, const Call& call)
+{
+    const RoomRecords records(house, call.now);
+    std::vector<std::pair<long long, const Room*>> overrun;
+    for (const Room& room : house.state.rooms)
+        if (isInUse(room) && records.surplusMinutes(room) < 0)
+            overrun.emplace_back(-records.surplusMinutes(room), &room);
+    std::stable_sort(overrun.begin(), overrun.end(),
+                     [](const auto& a, const auto& b) { return a.first > b.first; });
+    json list = json::array();
+    for (const auto& [minutes, room] : overrun)
+        list.push_back({{"code", room->code}, {"id", room->id}, {"name", room->name}, {"overtimes", minutes}});
+    return Reply::with(list);
+}
+
+Reply getRoomDetailNew(House& house, const Call& call)
+{
+    const Room* room = call.body.contains("roomId") ? house.state.rooms.find(call.text("roomId"))
+                                                    : house.state.roomByCode(call.text("roomNo"));
+    if (!room)
+        return refuseRoom(noSuchRoom);
+    return Reply::with(RoomRecords(house, call.now).detail(*room));
+}
+
+Reply getRoomConsList(House& house, const Call& call)
+{
+    const Room* room = house.state.rooms.find(call.text("roomId"));
+    return room ? Reply::with(RoomRecords(house, call.now).consumption(*room)) : refuseRoom(noSuchRoom);
+}
+
+Reply getPlanListNew(House& house, const Call& call)
+{
+    const Room* room = house.state.rooms.find(call.text("roomId"));
+    if (!room)
+        return refuseRoom(noSuchRoom);
+    json list = json::array();
+    for (const Plan& plan : house.state.plans)
+        if (plan.roomTypeId == room->typeId)
+            list.push_back({{"id", plan.id},
+                            {"name", plan.name},
+                            {"min_time", plan.hours},
+                            {"min_fee", plan.fee},
+                            {"remark", plan.remark},
+                            {"day_price", plan.dayPrice}});
+    return Reply::with(list);
+}
+
+Reply getOccTypeList(House& house, const Call&)
+{
+    json list = json::array();
+    for (const OccupationType& type : house.state.occupationTypes)
+        list.push_back({{"id", type.id}, {"type_name", type.name}});
+    return Reply::with(list);
+}
+
+Reply getEmptyRoomList(House& house, const Call& call)
+{
+    const RoomRecords records(house, call.now);
+    json list = json::array();
+    for (const Room& room : house.state.rooms)
+        if (room.status == RoomStatus::Empty && !room.isReserved && startsWith(room.code, call.text("roomNo")))
+            list.push_back(
+                {{"id", room.id},
+                 {"vals", room.code + " " + records.floorName(room) + " " + records.typeName(room)}});
+    return Reply::with(list);
+}
+
+Reply getCanMergeRoomList(House& house, const Call& call)
+{
+    const Room* own = house.state.roomByCode(call.text("roomNo"));
+    if (!own)
+        return refuseRoom(noSuchRoom);
+    const RoomRecords records(house, call.now);
+    json list = json::array();
+    for (const Room& room : house.state.rooms) {
+        const bool isOfOwnGroup = !own->groupKey.empty() && room.groupKey == own->groupKey;
+        if (isInUse(room) && &room != own && !isOfOwnGroup && startsWith(room.code, call.text("schRoomNo")))
+            list.push_back(records.candidate(room));
+    }
+    return Reply::with(list);
+}
+
+const ModuleRegistration registration([](EndpointTable& table) {
+    table.get("/bba01/getRoomList", getRoomList)
+        .takes("status", Kind::Any)
+        .takes("floorId", Kind::Array)
+        .takes("houseType", Kind::Array)
+        .takes("roomno", Kind::Text)
+        .takes("sortType", Kind::Number);
+    table.get("/bba01/getFloorSum", getFloorSum);
+    table.get("/bba01/getRoomTypeSum", getRoomTypeSum);
+    table.get("/bba01/getOverTime", getOverTime);
+    table.get("/bba01/getRoomDetailNew", getRoomDetailNew)
+        .takes("roomId", Kind::Text)
+        .takes("roomNo", Kind::Text);
+    table.get("/bba01/getRoomConsList", getRoomConsList).needs("roomId", Kind::Text);
+    table.get("/bba01/getPlanListNew", getPlanListNew)
+        .needs("roomId", Kind::Text)
+        .needs("planType", Kind::Number);
+    table.get("/bba01/getOccTypeList", getOccTypeList);
+    table.get("/bba01/getEmptyRoomList", getEmptyRoomList).needs("roomNo", Kind::Text);
+    table.get("/bba01/getCanMergeRoomList", getCanMergeRoomList)
+        .needs("roomNo", Kind::Text)
+        .needs("schRoomNo", Kind::Text);
+});
+
+} // namespace
+} // namespace house

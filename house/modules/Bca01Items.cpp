@@ -1,0 +1,99 @@
+#include "src/House.h"
+
+#include <algorithm>
+#include <cctype>
+#include <set>
+
+namespace house {
+namespace {
+
+using nlohmann::json;
+
+bool isSoldIn(const Item& item, const std::string& areaId)
+{
+    return std::find(item.areaIds.begin(), item.areaIds.end(), areaId) != item.areaIds.end();
+}
+
+Reply unknownArea() { return Reply::refuse("ITEM_ERR_0001", "营业区域不存在"); }
+
+Reply getTypeList(House& house, const Call& call)
+{
+    const std::string areaId = call.text("selAreaId");
+    if (!house.seed.area(areaId))
+        return unknownArea();
+    std::set<std::string> sold;
+    for (const Item& item : house.state.items)
+        if (isSoldIn(item, areaId))
+            sold.insert(item.typeId);
+    json list = json::array();
+    for (const Category& category : house.state.categories)
+        if (sold.count(category.id) > 0)
+            list.push_back({{"name", category.name}, {"id", category.id}});
+    return Reply::with({{"typeList", list}});
+}
+
+json itemRecord(const Item& item)
+{
+    return {{"id", item.id},
+            {"name", item.name},
+            {"price", item.price},
+            {"typeId", item.typeId},
+            {"pic_path", item.picture},
+            {"server_type", static_cast<int>(item.kind)},
+            {"is_desk_no", item.needsDesk ? 1 : 0},
+            {"spec", item.spec},
+            {"tagId", item.tagId},
+            {"sell_flg", item.sellFlg},
+            {"is_pack_ticket", item.isPackTicket},
+            {"unit", item.unit},
+            {"worker_type", item.workerType},
+            {"times", item.minutes}};
+}
+
+Reply getItemList(House& house, const Call& call)
+{
+    if (!house.seed.area(call.text("selAreaId")))
+        return unknownArea();
+    const std::string typeId = call.text("typeId");
+    const std::string barCode = call.text("barCode");
+    std::string initials = call.text("plucode");
+    std::transform(initials.begin(), initials.end(), initials.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    json list = json::array();
+    for (const Item& item : house.state.items)
+        if (isSoldIn(item, call.text("selAreaId")) && (typeId.empty() || item.typeId == typeId) &&
+            (barCode.empty() || item.barCode == barCode) && item.initials.find(initials) != std::string::npos)
+            list.push_back(itemRecord(item));
+    return Reply::with({{"itemList", list}});
+}
+
+Reply getTagList(House& house, const Call& call)
+{
+    const Item* item = house.state.items.find(call.text("itemId"));
+    if (!item)
+        return Reply::refuse("ITEM_ERR_0002", "项目不存在");
+    json list = json::array();
+    for (const TasteGroup& group : house.state.tastes) {
+        if (group.tagId != item->tagId)
+            continue;
+        json choices = json::array();
+        for (const TasteChoice& choice : group.choices)
+            choices.push_back({{"name", choice.name}, {"id", choice.id}});
+        list.push_back(
+            {{"name", group.name}, {"mulFlg", group.isMultiple ? 1 : 0}, {"sels", choices}, {"id", group.id}});
+    }
+    return Reply::with({{"tagList", list}});
+}
+
+const ModuleRegistration registration([](EndpointTable& table) {
+    table.get("/bca01/getTypeList", getTypeList).needs("selAreaId", Kind::Text);
+    table.get("/bca01/getItemList", getItemList)
+        .needs("selAreaId", Kind::Text)
+        .takes("typeId", Kind::Text)
+        .takes("plucode", Kind::Text)
+        .takes("barCode", Kind::Text);
+    table.get("/bca01/getTagList", getTagList).needs("itemId", Kind::Text);
+});
+
+} // namespace
+} // namespace house

@@ -1,0 +1,105 @@
+#include "src/state/SeedReader.h"
+
+#include <map>
+
+namespace house {
+namespace {
+
+using nlohmann::json;
+
+enum SeedTable { categoryIds = 11, itemIds = 12, tasteIds = 13, choiceIds = 14, mealIds = 15 };
+
+constexpr long firstTagId = 101;
+constexpr int marketPriceSale = 2;
+
+std::vector<std::string> areaIdsOf(const Seed& seed, const json& names)
+{
+    std::vector<std::string> ids;
+    for (const json& name : names) {
+        for (const WorkArea& area : seed.areas)
+            if (area.name == name)
+                ids.push_back(area.id);
+    }
+    if (ids.size() != names.size())
+        throw FurnishError("a category names an unknown work area: " + names.dump());
+    return ids;
+}
+
+/// The tag ids of the tastes by their name.
+std::map<std::string, long> furnishTastes(const Seed& seed, State& state)
+{
+    std::map<std::string, long> tagIds;
+    int choices = 0;
+    for (const json& row : seed.document.at("tastes")) {
+        const long tagId = firstTagId + static_cast<long>(tagIds.size());
+        tagIds[row.at("taste").get<std::string>()] = tagId;
+        for (const json& groupRow : row.at("groups")) {
+            TasteGroup group;
+            group.id = seedId(tasteIds, static_cast<int>(state.tastes.size()) + 1);
+            group.name = groupRow.at("name").get<std::string>();
+            group.tagId = tagId;
+            group.isMultiple = groupRow.at("multiple").get<bool>();
+            for (const json& choice : groupRow.at("choices"))
+                group.choices.push_back({seedId(choiceIds, ++choices), choice.get<std::string>()});
+            state.tastes.add(std::move(group));
+        }
+    }
+    return tagIds;
+}
+
+/// What most goods of a category share stands at the category.
+Item readItem(const json& category, const json& row, const std::map<std::string, long>& tagIds)
+{
+    Item item;
+    item.name = row.at("name").get<std::string>();
+    item.price = row.at("price").get<double>();
+    item.unit = row.at("unit").get<std::string>();
+    item.initials = row.at("initials").get<std::string>();
+    item.kind = static_cast<OrderKind>(category.value("kind", static_cast<int>(OrderKind::Goods)));
+    item.workerType = category.value("worker", "");
+    item.commission = category.value("commission", 0.0);
+    item.needsDesk = category.value("desk", 0) == 1;
+    item.minutes = row.value("minutes", 0);
+    item.barCode = row.value("bar", "");
+    item.cardType = row.value("cardType", "");
+    item.isPackTicket = item.kind == OrderKind::Ticket ? row.value("pack", 1) : 0;
+    item.sellFlg = row.value("market", 0) == 1 ? marketPriceSale : 1;
+    item.tagId = row.contains("taste") ? tagIds.at(row["taste"].get<std::string>()) : 0;
+    return item;
+}
+
+} // namespace
+
+void furnishGoods(const Seed& seed, State& state)
+{
+    const std::map<std::string, long> tagIds = furnishTastes(seed, state);
+    for (const json& row : seed.document.at("categories")) {
+        Category category;
+        category.id = seedId(categoryIds, static_cast<int>(state.categories.size()) + 1);
+        category.name = row.at("name").get<std::string>();
+        const std::vector<std::string> areaIds = areaIdsOf(seed, row.at("areas"));
+        for (const json& itemRow : row.at("items")) {
+            Item item = readItem(row, itemRow, tagIds);
+            if (state.items.findBy(&Item::name, item.name))
+                throw FurnishError("the item \"" + item.name + "\" is given twice");
+            item.id = seedId(itemIds, static_cast<int>(state.items.size()) + 1);
+            item.typeId = category.id;
+            item.areaIds = areaIds;
+            item.picture = "items/" + item.initials + ".png";
+            state.items.add(std::move(item));
+        }
+        state.categories.add(std::move(category));
+    }
+    for (const json& row : seed.document.at("meals")) {
+        Meal meal;
+        meal.id = seedId(mealIds, static_cast<int>(state.meals.size()) + 1);
+        meal.name = row.at("name").get<std::string>();
+        meal.startTime = row.at("start").get<std::string>();
+        meal.endTime = row.at("end").get<std::string>();
+        meal.itemId = named(state.items, &Item::name, row.at("item").get<std::string>()).id;
+        meal.childItemId = named(state.items, &Item::name, row.at("childItem").get<std::string>()).id;
+        state.meals.add(std::move(meal));
+    }
+}
+
+} // namespace house

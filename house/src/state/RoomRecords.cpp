@@ -1,0 +1,277 @@
+#include "src/state/RoomRecords.h"
+
+#include "src/state/RoomDesk.h"
+
+#include <algorithm>
+
+namespace house {
+namespace {
+
+using nlohmann::json;
+
+constexpr Seconds minute = 60;
+constexpr Seconds hour = 60 * minute;
+constexpr std::size_t dateLength = 10;
+
+/// "21:40" of a time's text.
+std::string clockText(Seconds time) { return timeText(time).substr(dateLength + 1, 5); }
+
+Seconds dueTime(const Room& room) { return room.openedAt + room.hours * hour; }
+
+} // namespace
+
+RoomRecords::RoomRecords(const House& house, Seconds now) : house(house), now(now)
+{
+    for (const Order& order : house.state.orders)
+        if (!order.roomId.empty() && order.status != LineStatus::Void)
+            lines[order.roomId].push_back(&order);
+    for (const Room& room : house.state.rooms)
+        if (!room.groupKey.empty())
+            groups[room.groupKey].push_back(&room);
+}
+
+const RoomRecords::Lines& RoomRecords::linesOf(const Room& room) const
+{
+    static const Lines none;
+    const auto found = lines.find(room.id);
+    return found == lines.end() ? none : found->second;
+}
+
+std::string RoomRecords::floorName(const Room& room) const
+{
+    return house.state.floors.find(room.floorId)->name;
+}
+
+std::string RoomRecords::typeName(const Room& room) const
+{
+    return house.state.roomTypes.find(room.typeId)->name;
+}
+
+long long RoomRecords::surplusMinutes(const Room& room) const
+{
+    if (room.openedAt == 0)
+        return 0;
+    return room.hours * hour / minute - (now - room.openedAt) / minute;
+}
+
+double RoomRecords::due(const Room& room) const
+{
+    double sum = 0;
+    if (!room.isSettled)
+        for (const Order* order : linesOf(room))
+            sum += amountOf(*order);
+    return roundMoney(sum);
+}
+
+std::string RoomRecords::lastService(const Room& room) const
+{
+    Seconds running = 0;
+    Seconds ended = 0;
+    for (const Order* order : linesOf(room)) {
+        if (order->progress == Progress::Running)
+            running = std::max(running, order->startedAt + order->minutes * minute);
+        ended = std::max(ended, order->endedAt);
+    }
+    if (running > 0)
+        return "预计下钟 " + clockText(running);
+    return ended > 0 ? "末次下钟 " + clockText(ended) : std::string();
+}
+
+std::string RoomRecords::staffCodes(const Room& room, Progress progress) const
+{
+    std::vector<std::string> codes;
+    for (const Order* order : linesOf(room)) {
+        const std::string code = codeOf(staff(order->staffId));
+        if (order->kind == OrderKind::Technician && order->progress == progress &&
+            std::find(codes.begin(), codes.end(), code) == codes.end())
+            codes.push_back(code);
+    }
+    return joined(codes);
+}
+
+std::string RoomRecords::groupRooms(const Room& room) const
+{
+    std::vector<std::string> codes;
+    const auto found = groups.find(room.groupKey);
+    if (found != groups.end())
+        for (const Room* member : found->second)
+            codes.push_back(member->code);
+    return joined(codes);
+}
+
+json RoomRecords::board(const Room& room) const
+{
+    std::vector<std::string> cards;
+    for (const std::string& id : room.cardIds)
+        cards.push_back(house.state.cardNumber(id));
+    const OccupationType* occupation = house.state.occupationTypes.find(room.occupationTypeId);
+    const Staff* cleaner = staff(room.cleanerId);
+    double groupAmount = 0;
+    const auto group = groups.find(room.groupKey);
+    if (group != groups.end())
+        for (const Room* member : group->second)
+            groupAmount += due(*member);
+    const Lines& ordered = linesOf(room);
+    const bool hasService = std::any_of(ordered.begin(), ordered.end(), [](const Order* order) {
+        return order->kind == OrderKind::Technician;
+    });
+    const bool isLeavingToday = room.openedAt > 0 && timeText(dueTime(room)).substr(0, dateLength) ==
+                                                         timeText(now).substr(0, dateLength);
+    return {{"id", room.id},
+            {"code", room.code},
+            {"name", room.name},
+            {"floorname", floorName(room)},
+            {"typename", typeName(room)},
+            {"status", static_cast<int>(room.status)},
+            {"statusStr", statusWord(room.status)},
+            {"openType", room.openType},
+            {"cardnos", joined(cards)},
+            {"staffnos", staffCodes(room, Progress::Running)},
+            {"completedStaffnos", staffCodes(room, Progress::Finished)},
+            {"cooName", occupation ? occupation->name : ""},
+            {"hours", room.hours},
+            {"surplus", surplusMinutes(room)},
+            {"start_time", timeText(room.openedAt)},
+            {"last_time", timeText(room.changedAt)},
+            {"lastSvrTime", lastService(room)},
+            {"group_key", room.groupKey},
+            {"groupRoom", groupRooms(room)},
+            {"isStaffOrder", hasService},
+            {"callCount", room.callCount},
+            {"needPayAmount", due(room)},
+            {"isSettle", room.isSettled},
+            {"roomLock", room.isReserved},
+            {"remark", room.remark},
+            {"cleanerNo", codeOf(cleaner)},
+            {"cleanerName", nameOf(cleaner)},
+            {"cleanFlg", room.cleanFlg},
+            {"dirtyFlg", room.isDirty},
+            {"todayLeave", isLeavingToday},
+            {"groupDepositAmt", 0.0},
+            {"groupPayAmt", roundMoney(groupAmount)},
+            {"srcAlias", room.openedBy.empty() ? "" : "前台"},
+            {"innum", room.cardIds.size()},
+            {"num", house.state.roomTypes.find(room.typeId)->capacity}};
+}
+
+json RoomRecords::detail(const Room& room) const
+{
+    const Plan* plan = house.state.plans.find(room.planId);
+    const Staff* opener = staff(room.openedBy);
+    const OccupationType* occupation = house.state.occupationTypes.find(room.occupationTypeId);
+    const long long surplus = surplusMinutes(room);
+    json calls = json::array();
+    for (const CallContent& content : house.state.callContents)
+        calls.push_back({{"cardno", ""}, {"cardId", ""}, {"contId", content.id}, {"contName", content.name}});
+    return {{"id", room.id},
+            {"roomNo", room.code},
+            {"roomName", typeName(room)},
+            {"floorName", floorName(room)},
+            {"status", static_cast<int>(room.status)},
+            {"statusStr", statusWord(room.status)},
+            {"openType", room.openType},
+            {"hours", room.hours},
+            {"startTime", timeText(room.openedAt)},
+            {"start_time", timeText(room.openedAt)},
+            {"useTime", room.openedAt > 0 ? (now - room.openedAt) / hour : 0},
+            {"overTime", std::max(0LL, -surplus)},
+            {"surplus", surplus},
+            {"planId", room.planId},
+            {"planName", plan                                 ? plan->name
+                         : room.status == RoomStatus::Massage ? "按摩房"
+                                                              : ""},
+            {"remark", room.remark},
+            {"cooRemark", room.occupationRemark},
+            {"group_key", room.groupKey},
+            {"groupRoom", groupRooms(room)},
+            {"staffNo", codeOf(opener)},
+            {"staffName", nameOf(opener)},
+            {"occType", occupation ? occupation->name : ""},
+            {"lockNo", ""},
+            {"dai", 0},
+            {"roomUid", room.id.substr(room.id.size() - 8)},
+            {"cardlist", cardEntries(room)},
+            {"calllist", calls}};
+}
+
+/// A card stands once for itself and once for each further line that it has in the room.
+json RoomRecords::cardEntries(const Room& room) const
+{
+    json entries = json::array();
+    for (const std::string& cardId : room.cardIds) {
+        const Lines& ordered = linesOf(room);
+        const auto count = std::count_if(ordered.begin(), ordered.end(),
+                                         [&](const Order* order) { return order->cardId == cardId; });
+        for (long i = 0; i < std::max(1L, static_cast<long>(count)); ++i)
+            entries.push_back({{"cardno", house.state.cardNumber(cardId)},
+                               {"cardId", cardId},
+                               {"contId", ""},
+                               {"contName", ""}});
+    }
+    return entries;
+}
+
+json RoomRecords::consumption(const Room& room) const
+{
+    json list = json::array();
+    for (const Order* order : linesOf(room)) {
+        const Staff* person = staff(order->staffId);
+        const bool isOpen = order->progress == Progress::Pending || order->progress == Progress::Running;
+        list.push_back({{"id", order->id},
+                        {"cardNo", house.state.cardNumber(order->cardId)},
+                        {"srcOldCardNo", order->oldCardNo},
+                        {"itemId", order->itemId},
+                        {"itemName", order->itemName},
+                        {"num", order->num},
+                        {"price", order->price},
+                        {"amount", amountOf(*order)},
+                        {"staffNo", codeOf(person)},
+                        {"pushNo", codeOf(staff(order->pushId))},
+                        {"startTime", timeText(order->startedAt)},
+                        {"endTime", timeText(order->endedAt)},
+                        {"cmtFlg", isOpen ? 0 : 1},
+                        {"serverType", static_cast<int>(order->kind)},
+                        {"workerType", person ? person->workerTypes : ""},
+                        {"staffId", order->staffId},
+                        {"createtime", timeText(order->createdAt)}});
+    }
+    return list;
+}
+
+json RoomRecords::candidate(const Room& room) const
+{
+    return {{"roomId", room.id},
+            {"roomNo", room.code},
+            {"roomName", room.name},
+            {"floorName", floorName(room)},
+            {"hourseName", typeName(room)},
+            {"groupKey", room.groupKey},
+            {"groupRoom", groupRooms(room)},
+            {"status", static_cast<int>(room.status)},
+            {"statusStr", statusWord(room.status)}};
+}
+
+const char* statusWord(RoomStatus status)
+{
+    switch (status) {
+    case RoomStatus::Empty:
+        return "空闲房";
+    case RoomStatus::Massage:
+        return "按摩房";
+    case RoomStatus::Rest:
+        return "休息房";
+    case RoomStatus::Cleaning:
+        return "清扫房";
+    case RoomStatus::Occupied:
+        return "特殊占用房";
+    case RoomStatus::Guest:
+        return "客房";
+    }
+    return "";
+}
+
+std::string codeOf(const Staff* person) { return person ? person->code : std::string(); }
+
+std::string nameOf(const Staff* person) { return person ? person->name : std::string(); }
+
+} // namespace house

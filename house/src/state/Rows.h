@@ -1,0 +1,213 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// What the house keeps. Ids are 18 digits; a link to another row is that row's id, empty without one.
+/// Times are Unix seconds, 0 when nothing has happened yet; money is in yuan.
+namespace house {
+
+using Seconds = std::int64_t;
+
+enum class RoomStatus { Empty = 1, Massage = 2, Rest = 3, Cleaning = 4, Occupied = 5, Guest = 6 };
+
+struct Floor
+{
+    std::string id;
+    std::string name;
+};
+
+struct RoomType
+{
+    std::string id;
+    std::string name;
+    int capacity = 1; ///< beds or chairs
+};
+
+struct Room
+{
+    std::string id;
+    std::string code; ///< the number on the door
+    std::string name;
+    std::string floorId;
+    std::string typeId;
+    RoomStatus status = RoomStatus::Empty;
+    int openType = 0; ///< 0 not open, 1 for guests of the house, 2 a guest room
+    int hours = 0;
+    Seconds openedAt = 0;
+    Seconds changedAt = 0; ///< last change of the status
+    std::string planId;
+    std::string groupKey; ///< shared by the rooms of a group
+    std::string occupationTypeId;
+    std::string occupationRemark;
+    std::string remark;
+    std::string openedBy; ///< staff id
+    std::string cleanerId;
+    int cleanFlg = 0; ///< 0 not begun, 1 begun, 2 finished
+    bool isDirty = false;
+    bool isReserved = false;
+    bool isSettled = false;
+    int callCount = 0;                ///< services that the guests called since the room was opened
+    std::vector<std::string> cardIds; ///< the guests inside; changed by State::seat() alone
+};
+
+struct Plan
+{
+    std::string id;
+    std::string name;
+    std::string roomTypeId;
+    int hours = 0;
+    double fee = 0;
+    double dayPrice = 0;
+    std::string remark;
+};
+
+struct OccupationType
+{
+    std::string id;
+    std::string name;
+};
+
+/// A service that guests can call to their room.
+struct CallContent
+{
+    std::string id;
+    std::string name;
+};
+
+enum class CardStatus { Free = 0, InUse = 1, Lost = 2, Locked = 3 };
+
+/// A guest's hand card.
+struct Card
+{
+    std::string id;
+    std::string number; ///< printed on it
+    std::string uid;    ///< the serial that a reader delivers
+    std::string type;
+    CardStatus status = CardStatus::Free;
+    Seconds openedAt = 0;
+    Seconds closedAt = 0;
+    std::string roomId; ///< changed by State::seat() alone
+    std::string remark;
+};
+
+struct CardType
+{
+    std::string id;
+    std::string name;
+    int sex = 1; ///< 1 male, 0 female
+};
+
+enum class LineStatus { Normal = 1, Gift = 2, Void = 5 };
+enum class OrderKind { Goods = 1, Technician = 2, Help = 3, RoomFee = 4, Ticket = 5 };
+enum class Progress { None, Pending, Running, Finished };
+
+/// One line of consumption on a card, a room, or both.
+struct Order
+{
+    std::string id;
+    std::string batchId; ///< shared by the lines that were saved together
+    std::string cardId;
+    std::string roomId;
+    std::string oldCardNo; ///< the card it was moved from
+    std::string itemId;
+    std::string itemName;
+    OrderKind kind = OrderKind::Goods;
+    double num = 1;
+    double price = 0;
+    LineStatus status = LineStatus::Normal;
+    std::string areaId;
+    std::string staffId; ///< who the line counts for; the technician of a service
+    std::string pushId;
+    std::string enteredBy; ///< staff id
+    std::string deviceId;
+    std::string deskNo;
+    std::string remark;
+    std::vector<std::string> tagIds;
+    Seconds createdAt = 0;
+    Progress progress = Progress::None; ///< of a service
+    int clockKind = 0;                  ///< 1 requested ... 6 added
+    bool isOvertime = false;
+    int minutes = 0; ///< planned, for the whole line
+    Seconds startedAt = 0;
+    Seconds endedAt = 0;
+    bool isSelfEntry = false; ///< booked by the guest at a counter
+    bool isAssessed = false;
+};
+
+struct Category
+{
+    std::string id;
+    std::string name;
+};
+
+struct Item
+{
+    std::string id;
+    std::string name;
+    double price = 0;
+    std::string typeId;
+    std::vector<std::string> areaIds; ///< where it is sold
+    std::string picture;
+    OrderKind kind = OrderKind::Goods;
+    bool needsDesk = false;
+    int spec = 0;
+    long tagId = 0;  ///< the tastes that go with it, 0 without
+    int sellFlg = 1; ///< 2: the price is made at the sale
+    int isPackTicket = 0;
+    std::string unit;
+    std::string workerType;
+    int minutes = 0;
+    std::string initials; ///< for the search by first letters
+    std::string barCode;
+    double commission = 0; ///< share of the amount that goes to the person it counts for
+    std::string cardType;  ///< tickets: the one kind of card it is for
+};
+
+struct TasteChoice
+{
+    std::string id;
+    std::string name;
+};
+
+struct TasteGroup
+{
+    std::string id;
+    std::string name;
+    long tagId = 0;
+    bool isMultiple = false;
+    std::vector<TasteChoice> choices;
+};
+
+/// What a member of staff is doing.
+struct Clock
+{
+    std::string id;             ///< the staff id
+    int workStatus = 1;         ///< 1 waiting, 2 on a service, 3 off duty, 6 assigned
+    std::string orderId;        ///< the pending or running service
+    Seconds timerStartedAt = 0; ///< the clock without an item; 0 while it stands
+    Seconds punchedAt = 0;
+};
+
+struct Meal
+{
+    std::string id;
+    std::string name;
+    std::string startTime; ///< "HH:mm"
+    std::string endTime;   ///< "HH:mm", of the same day
+    std::string itemId;
+    std::string childItemId;
+};
+
+struct MealEntry
+{
+    std::string mealId;
+    std::string cardId;
+    std::string itemId;
+    int num = 1;
+    bool isChild = false;
+    Seconds at = 0;
+};
+
+} // namespace house

@@ -1,0 +1,143 @@
+#include "src/state/State.h"
+
+#include <algorithm>
+#include <cmath>
+#include <ctime>
+
+namespace house {
+namespace {
+
+constexpr char timeFormat[] = "%Y-%m-%d %H:%M:%S";
+constexpr Seconds daySeconds = 24 * 60 * 60;
+
+template <typename Match>
+std::vector<Order*> ordersThat(Table<Order>& orders, Match matches)
+{
+    std::vector<Order*> found;
+    for (Order& order : orders)
+        if (order.status != LineStatus::Void && matches(order))
+            found.push_back(&order);
+    return found;
+}
+
+} // namespace
+
+Card* State::cardBy(const std::string& number, const std::string& uid)
+{
+    return uid.empty() ? cardByNumber(number) : cardByUid(uid);
+}
+
+std::string State::newId() { return std::to_string(++lastId); }
+
+void State::seat(Card& card, Room& room, Seconds now)
+{
+    unseat(card);
+    if (card.status == CardStatus::Free) {
+        card.status = CardStatus::InUse;
+        card.openedAt = now;
+    }
+    card.roomId = room.id;
+    room.cardIds.push_back(card.id);
+}
+
+void State::unseat(Card& card)
+{
+    if (Room* room = rooms.find(card.roomId))
+        room->cardIds.erase(std::remove(room->cardIds.begin(), room->cardIds.end(), card.id),
+                            room->cardIds.end());
+    card.roomId.clear();
+}
+
+std::vector<Order*> State::ordersOfCard(const std::string& cardId)
+{
+    return ordersThat(orders, [&](const Order& order) { return order.cardId == cardId; });
+}
+
+std::vector<Order*> State::ordersOfRoom(const std::string& roomId)
+{
+    return ordersThat(orders, [&](const Order& order) { return order.roomId == roomId; });
+}
+
+std::vector<Room*> State::roomsOfGroup(const std::string& groupKey)
+{
+    std::vector<Room*> found;
+    for (Room& room : rooms)
+        if (!groupKey.empty() && room.groupKey == groupKey)
+            found.push_back(&room);
+    return found;
+}
+
+std::string State::cardNumber(const std::string& cardId) const
+{
+    const Card* card = cards.find(cardId);
+    return card ? card->number : std::string();
+}
+
+std::string State::roomCode(const std::string& roomId) const
+{
+    const Room* room = rooms.find(roomId);
+    return room ? room->code : std::string();
+}
+
+Order lineOf(const Item& item)
+{
+    Order order;
+    order.itemId = item.id;
+    order.itemName = item.name;
+    order.kind = item.kind;
+    order.price = item.price;
+    order.minutes = item.minutes;
+    return order;
+}
+
+double amountOf(const Order& order)
+{
+    return order.status == LineStatus::Normal ? roundMoney(order.num * order.price) : 0;
+}
+
+double amountOf(const std::vector<Order*>& orders)
+{
+    double sum = 0;
+    for (const Order* order : orders)
+        sum += amountOf(*order);
+    return roundMoney(sum);
+}
+
+// A product such as 1.15 * 3 lies a hair below the half cent it stands for.
+double roundMoney(double amount) { return std::round(amount * 100 + std::copysign(1e-6, amount)) / 100; }
+
+std::string timeText(Seconds time)
+{
+    if (time == 0)
+        return {};
+    const std::time_t value = time;
+    std::tm parts{};
+    localtime_r(&value, &parts);
+    char text[32];
+    return std::string(text, std::strftime(text, sizeof text, timeFormat, &parts));
+}
+
+Seconds timeOf(const std::string& text)
+{
+    std::tm parts{};
+    parts.tm_isdst = -1;
+    const char* end = strptime(text.c_str(), timeFormat, &parts);
+    return end && *end == '\0' ? std::mktime(&parts) : 0;
+}
+
+Seconds businessDayStart(Seconds now, const std::string& startTime)
+{
+    const std::string today = timeText(now).substr(0, 10);
+    const Seconds start = timeOf(today + " " + startTime);
+    return start > now ? start - daySeconds : start;
+}
+
+std::string joined(const std::vector<std::string>& texts, const std::string& separator)
+{
+    std::string all;
+    for (const std::string& text : texts)
+        all += (all.empty() ? "" : separator) + text;
+    return all;
+}
+
+} // namespace house

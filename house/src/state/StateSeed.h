@@ -1,0 +1,16 @@
+#pragma once
+
+#include "src/Seed.h"
+#include "src/state/State.h"
+
+#include <string>
+#include <variant>
+
+namespace house {
+
+/// Furnishes the house from the seed's parts, with the times of its guests counted back from `now`.
+/// `roomCount` other than 0 leaves rooms out, or builds the whole house again and again until there are so
+/// many. On failure the text tells what is wrong, for the person who starts the house.
+std::variant<State, std::string> furnish(const Seed& seed, int roomCount, Seconds now);
+
+} // namespace house

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QThread>
+
+/// Front of the hand card reader, which some terminals have. The thread polls the reader; what is called here
+/// is called on the thread that owns the object.
+class HandCardDevice : public QThread
+{
+    Q_OBJECT
+
+public:
+    /// The driver of a reader model, its library loaded, not started. Null for a model without a driver. Owned
+    /// by the caller.
+    static HandCardDevice* initDevice(int lockType);
+
+    using QThread::QThread;
+
+    /// Begins polling; the argument has no effect.
+    virtual void startDevice(int) {}
+    /// Returns once the polling has ended, a read in progress included.
+    virtual void stopDevice() {}
+    /// False when the reader's library can't be used: nothing will ever be read.
+    virtual bool getInitStatus() { return true; }
+
+Q_SIGNALS:
+    /// One card's text. Emitted on the polling thread: connect it with a context object.
+    void sendData(QString s);
+};

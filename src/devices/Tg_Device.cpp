@@ -1,0 +1,43 @@
+#include "devices/Tg_Device.h"
+
+#include "devices/ReaderSetting.h"
+
+Tg_Device::Tg_Device() : VendorReader(QStringLiteral("port_dll.dll"), QStringLiteral("加载%1失败!\n"))
+{
+    finishLoading(load() && bind(m_FindCk, "FindCk") && bind(m_CloseCK, "CloseCK") &&
+                  bind(m_ReadOnLine, "ReadOnLine") && bind(m_SetReaderVoice, "SetReaderVoice") &&
+                  bind(m_EndforRecv, "EndforRecv") &&
+                  (m_FindCk() != 0 || fail(QStringLiteral("【泰格】初始化读卡器失败,将不能正确读卡"))));
+}
+
+Tg_Device::~Tg_Device()
+{
+    if (endPolling())
+        m_CloseCK();
+}
+
+void Tg_Device::startDevice(int argument)
+{
+    if (!getInitStatus())
+        return;
+    if (readerSetting(QStringLiteral("is_rfid_8")) == QLatin1String("1"))
+        m_isEightDigits = true;
+    VendorReader::startDevice(argument);
+}
+
+bool Tg_Device::readCard(QString& text)
+{
+    constexpr int serialStart = 1;
+    constexpr int serialLength = 12;
+    const QString answer = QString::fromLatin1(m_ReadOnLine());
+    if (answer.size() < serialStart + serialLength)
+        return false;
+    const QString serial = answer.mid(serialStart, serialLength);
+    text = serial;
+    if (m_isEightDigits)
+        text = serial.mid(10, 2) + serial.mid(8, 2) + serial.mid(6, 2) + serial.mid(4, 2);
+    m_SetReaderVoice(1, 1);
+    return true;
+}
+
+void Tg_Device::finish() { m_EndforRecv(); }

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "common/RowModel.h"
+#include "dto/system/LineRecords.h"
+
+/// A line on the screen.
+struct cloud_sub_line
+{
+    QString name;
+    QString domain;    ///< base URL
+    QString content;   ///< result of the test
+    QString backColor; ///< of the round mark beside it
+    bool isOk = false; ///< the last test succeeded
+    bool isChecked = false;
+};
+
+/// The lines of one platform. An index out of range gives false and changes nothing.
+class CloudLineModel : public RowModel<cloud_sub_line>
+{
+    Q_OBJECT
+
+public:
+    explicit CloudLineModel(QObject* parent = nullptr);
+
+    Q_INVOKABLE void update(const Array<SubLineDto*>& lines);
+    Q_INVOKABLE void update(const QVector<cloud_sub_line>& lines) { replace(lines); }
+    Q_INVOKABLE bool onChecked(int index);
+    Q_INVOKABLE bool isOk(int index) const;
+    Q_INVOKABLE bool isChecked(int index) const;
+    Q_INVOKABLE void clearChecked();
+    QVector<cloud_sub_line> get_data() const { return rows(); }
+};
+
+/// One platform.
+class CloudLineData : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString name MEMBER name CONSTANT)
+    Q_PROPERTY(QString icon MEMBER icon CONSTANT)
+    Q_PROPERTY(CloudLineModel* pLineMode MEMBER pLineMode CONSTANT)
+
+public:
+    CloudLineData(const ReqLineDto* platform, QObject* parent);
+
+    QString name;
+    QString icon; ///< URL of its image
+    CloudLineModel* pLineMode;
+};
+
+/// All platforms; owns them.
+class CloudPlatModel : public RowModel<CloudLineData*>
+{
+    Q_OBJECT
+
+public:
+    explicit CloudPlatModel(QObject* parent = nullptr);
+
+    void update(const Array<ReqLineDto*>& platforms);
+    QVector<CloudLineData*> getData() const { return rows(); }
+};

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "common/BaseObject.h"
+
+/// Takes the staff card that ends an identity dialog.
+class InputOrReadVm : public BaseObject
+{
+    Q_OBJECT
+
+public:
+    /// Listens to the staff card reader until it is destroyed.
+    explicit InputOrReadVm(QObject* parent = nullptr);
+    ~InputOrReadVm() override;
+
+    void readingExec(QString cardId) override;
+
+Q_SIGNALS:
+    void successSignal(const QString& rfid);
+};

@@ -1,0 +1,262 @@
+#include "Terminal.h"
+
+#include "common/GlobalConfig.h"
+#include "common/MyMessage.h"
+#include "common/Sqlite.h"
+#include "entry/Pages.h"
+
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+#include <QGuiApplication>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QtTest>
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int tickMs = 10;
+constexpr int stepLimitTicks = 200; // each of tickMs
+
+/// Notices whether input arrives anywhere: during a back-end call it doesn't.
+class InputProbe : public QObject
+{
+public:
+    bool arrived = false;
+    bool event(QEvent* event) override
+    {
+        arrived = arrived || event->type() == QEvent::KeyPress;
+        return true;
+    }
+};
+
+bool takesInput()
+{
+    InputProbe probe;
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_F35, Qt::NoModifier);
+    QCoreApplication::sendEvent(&probe, &key);
+    return probe.arrived;
+}
+
+QQuickItem* findVisible(QQuickItem* parent, const QString& name)
+{
+    // The last child is painted on top.
+    const QList<QQuickItem*> children = parent->childItems();
+    for (auto it = children.rbegin(); it != children.rend(); ++it) {
+        QQuickItem* child = *it;
+        if (!child->isVisible())
+            continue;
+        if (child->objectName() == name)
+            return child;
+        if (QQuickItem* found = findVisible(child, name))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Terminal::Terminal() : m_house({QStringLiteral("--fault"), QStringLiteral("/line/check=delay:15")})
+{
+    QDir::setCurrent(m_folder.path());
+    qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
+    QFile identity(m_folder.filePath(QStringLiteral("KV_PANEL_V2.ini")));
+    if (identity.open(QIODevice::WriteOnly))
+        identity.write("authCode=KV-DEMO-0001\nsecretKey=demo-secret-key-0001\n");
+    identity.close();
+
+    GlobalConfig* config = GlobalConfig::getInstance();
+    config->setApiUrls({m_house.url()});
+    Sqlite settings;
+    if (!settings.open() || !settings.createTable() || !config->initLibcurl())
+        return;
+    connectReader();
+    settings.addData(QStringLiteral("staff_device_com"), QStringLiteral("COM1"));
+    settings.close();
+    QObject::connect(
+        MyMessage::getInstance(), &MyMessage::showMessageSignal, &m_timer,
+        [this](const QString& text, const QString& type) { m_messages.append(type + "|" + text); });
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { tick(); });
+
+    registerSingletons();
+    registerTypes();
+    m_engine.reset(new QQmlApplicationEngine);
+    loadPages(*m_engine, HouseProcess::programFolder());
+    // The offscreen screen is small; the pages are made for a large one.
+    for (QWindow* window : QGuiApplication::topLevelWindows()) {
+        if (window->objectName() == QLatin1String("root")) {
+            window->setVisibility(QWindow::Windowed);
+            window->resize(1366, 768);
+        }
+    }
+    until("the main page", [config] { return config->iSysStatus() == 2; }).see("mainPage").run();
+}
+
+Terminal::~Terminal()
+{
+    m_engine.reset();
+    ::close(m_readerLine);
+    QDir::setCurrent(QDir::rootPath());
+}
+
+/// A pseudo terminal stands for the serial line: the program opens one end by name, the test writes into the
+/// other.
+void Terminal::connectReader()
+{
+    m_readerLine = ::posix_openpt(O_RDWR | O_NOCTTY);
+    if (m_readerLine < 0 || ::grantpt(m_readerLine) != 0 || ::unlockpt(m_readerLine) != 0)
+        qFatal("no pseudo terminal");
+    qputenv("KV_PANEL_COM1", ::ptsname(m_readerLine));
+}
+
+Terminal& Terminal::presentCard(const QByteArray& number)
+{
+    return add("present card " + number, [this, number] {
+        const QByteArray burst = number + "\r\n";
+        return takesInput() &&
+               ::write(m_readerLine, burst.constData(), static_cast<size_t>(burst.size())) == burst.size();
+    });
+}
+
+bool Terminal::isUp() const { return GlobalConfig::getInstance()->iSysStatus() == 2; }
+
+Terminal& Terminal::add(const QString& what, const std::function<bool()>& tryIt)
+{
+    m_steps.push_back({what, tryIt});
+    return *this;
+}
+
+Terminal& Terminal::tap(const QString& name)
+{
+    return add("tap " + name, [this, name] { return tapNow(name); });
+}
+
+Terminal& Terminal::keys(const QString& text)
+{
+    for (const QChar key : text)
+        tap("key_" + QString(key).toLower());
+    return *this;
+}
+
+Terminal& Terminal::see(const QString& name)
+{
+    return add("see " + name, [this, name] { return item(name) != nullptr; });
+}
+
+Terminal& Terminal::seeNot(const QString& name)
+{
+    return add("no longer see " + name, [this, name] { return item(name) == nullptr; });
+}
+
+Terminal& Terminal::until(const QString& what, const std::function<bool()>& condition)
+{
+    return add(what, condition);
+}
+
+Terminal& Terminal::act(const std::function<void()>& action)
+{
+    return add("act", [action] {
+        action();
+        return true;
+    });
+}
+
+bool Terminal::tapNow(const QString& name)
+{
+    QQuickItem* target = item(name);
+    if (!target || !target->isEnabled() || !takesInput())
+        return false;
+    const QPointF middle = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
+    QTest::mouseClick(target->window(), Qt::LeftButton, {}, middle.toPoint());
+    return true;
+}
+
+QQuickItem* Terminal::item(const QString& name) const
+{
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    for (auto it = windows.rbegin(); it != windows.rend(); ++it) {
+        auto* window = qobject_cast<QQuickWindow*>(*it);
+        if (!window || !window->isVisible())
+            continue;
+        if (window->objectName() == name)
+            return window->contentItem();
+        // A dialog of the pages isn't an item itself; its content is.
+        for (QObject* dialog : window->findChildren<QObject*>(name)) {
+            if (dialog->property("modal").isValid() && dialog->property("visible").toBool())
+                return dialog->property("contentItem").value<QQuickItem*>();
+        }
+        if (QQuickItem* found = findVisible(window->contentItem(), name))
+            return found;
+    }
+    return nullptr;
+}
+
+QVariant Terminal::property(const QString& name, const char* property) const
+{
+    const QQuickItem* found = item(name);
+    return found ? found->property(property) : QVariant();
+}
+
+QStringList Terminal::takeMessages()
+{
+    QStringList taken;
+    taken.swap(m_messages);
+    return taken;
+}
+
+QString Terminal::run()
+{
+    m_failure.clear();
+    m_next = 0;
+    m_waitedTicks = 0;
+    m_timer.start(tickMs);
+    QEventLoop loop;
+    QTimer watch;
+    // The steps may end inside dialogs that are still open: the road has to close what it opened.
+    QObject::connect(&watch, &QTimer::timeout, &loop, [&] {
+        if (m_next >= m_steps.size() || !m_failure.isEmpty())
+            loop.quit();
+    });
+    watch.start(tickMs);
+    loop.exec();
+    m_timer.stop();
+    m_steps.clear();
+    return m_failure;
+}
+
+void Terminal::tick()
+{
+    if (m_next >= m_steps.size())
+        return;
+    // A step may run an event loop of its own; the next tick must not come to it again.
+    const size_t current = m_next;
+    static bool isBusy = false;
+    if (isBusy)
+        return;
+    isBusy = true;
+    const bool done = m_steps[current].tryIt();
+    isBusy = false;
+    if (done) {
+        m_next = current + 1;
+        m_waitedTicks = 0;
+    } else if (++m_waitedTicks > stepLimitTicks) {
+        m_failure = QStringLiteral("step %1: %2; messages: %3")
+                        .arg(current)
+                        .arg(m_steps[current].what, m_messages.join(QLatin1Char(' ')));
+        m_next = m_steps.size();
+        closeEverything();
+    }
+}
+
+void Terminal::closeEverything()
+{
+    // Each dialog's wait ends with its visibility.
+    for (QObject* popup : m_engine->rootObjects().first()->findChildren<QObject*>()) {
+        if (popup->property("dlgResult").isValid())
+            popup->setProperty("visible", false);
+    }
+}

@@ -1,0 +1,56 @@
+import QtQuick 2.15
+import QtQuick.Controls 2.15
+import QmlEventLoop 1.0
+
+// A dialog that is a function call: a page on this frame has an exec() that calls wait() and returns its result.
+// dlgResult is true only when the user confirmed.
+Dialog {
+    id: frame
+
+    property bool dlgResult: false
+    // Whether the dialog's controls take part; a page sets it false while it works.
+    property bool isEnabled: true
+
+    signal endSignal()
+
+    // Shows the dialog and returns when it has closed.
+    function wait() {
+        visible = true
+        eventLoop.execLoop()
+    }
+
+    function finish(result) {
+        dlgResult = result
+        visible = false
+    }
+
+    anchors.centerIn: Overlay.overlay
+    modal: true
+    closePolicy: Popup.NoAutoClose
+    padding: 0
+    enter: null
+    exit: null
+    font.family: Pinfang
+    background: Rectangle {
+        color: Theme.surfaceMuted
+        radius: Theme.radius
+    }
+    Overlay.modal: Rectangle {
+        color: Theme.shade
+    }
+    onVisibleChanged: {
+        if (!visible)
+            endSignal()
+    }
+
+    QmlEventLoop {
+        id: eventLoop
+    }
+
+    Connections {
+        target: frame
+        function onEndSignal() {
+            eventLoop.finishedSlot()
+        }
+    }
+}

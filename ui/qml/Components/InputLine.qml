@@ -1,0 +1,52 @@
+import QtQuick 2.15
+import QtQuick.Controls 2.15
+import "../../js/Glyphs.js" as Glyphs
+
+// One line of input with a prompt and a mark that empties it. The system's input method is kept out: keys are ours.
+TextField {
+    id: field
+
+    property string prompt: ""
+
+    implicitHeight: 64
+    leftPadding: Theme.spacing
+    rightPadding: Theme.touchSize + Theme.spacing
+    verticalAlignment: TextInput.AlignVCenter
+    placeholderText: prompt
+    placeholderTextColor: Theme.textFaint
+    font.family: Pinfang
+    font.pixelSize: 28
+    color: Theme.text
+    selectByMouse: true
+    focus: true
+    background: Rectangle {
+        radius: Theme.radius
+        color: Theme.surface
+        border.width: 2
+        border.color: field.activeFocus ? Theme.accent : Theme.line
+    }
+
+    Item {
+        objectName: "clearMark"
+        anchors.right: parent.right
+        anchors.rightMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        width: Theme.touchSize
+        height: Theme.touchSize
+        visible: field.length > 0
+        Accessible.role: Accessible.Button
+        Accessible.name: "清空"
+
+        IconText {
+            anchors.centerIn: parent
+            iconText: Glyphs.clear
+            iconColor: Theme.clearMark
+            pixelSize: 18
+        }
+
+        MouseArea {
+            anchors.fill: parent
+            onClicked: field.clear()
+        }
+    }
+}

@@ -1,0 +1,106 @@
+import QtQuick 2.15
+import GlobalConfig 1.0
+import "../Components"
+
+// Below the tiles: settings, the day's sums, a person's sums, and the vendor block, which opens the line dialog.
+Item {
+    id: row
+
+    signal chosen(string code)
+    signal linesAsked()
+
+    implicitHeight: 96
+
+    Row {
+        anchors.left: parent.left
+        anchors.leftMargin: Theme.spacing * 2
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Theme.spacing
+
+        Repeater {
+            model: [
+                {code: "SYS_CTRL", image: "sys_config.png", name: "系统设置"},
+                {code: "JRZB", image: "person.png", name: "今日指标"},
+                {code: "YJ", image: "gryj.png", name: "个人业绩"}
+            ]
+
+            Rectangle {
+                objectName: "bottom_" + modelData.code
+                visible: modelData.code !== "SYS_CTRL" || GlobalConfig.isVisSysConfig
+                width: 72
+                height: 72
+                radius: 36
+                color: area.pressed ? Theme.accentPressed : Theme.accent
+                Accessible.role: Accessible.Button
+                Accessible.name: modelData.name
+
+                Image {
+                    anchors.centerIn: parent
+                    width: 40
+                    height: 40
+                    source: "qrc:/images/" + modelData.image
+                    smooth: true
+                }
+
+                MouseArea {
+                    id: area
+                    anchors.fill: parent
+                    onClicked: row.chosen(modelData.code)
+                }
+            }
+        }
+    }
+
+    Rectangle {
+        objectName: "vendorBlock"
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.spacing * 2
+        anchors.verticalCenter: parent.verticalCenter
+        width: 300
+        height: 72
+        radius: Theme.radius
+        color: vendorArea.pressed ? Theme.keyPressed : "#66FFFFFF"
+        Accessible.role: Accessible.Button
+        Accessible.name: "链路切换"
+
+        Image {
+            id: logo
+            anchors.left: parent.left
+            anchors.leftMargin: 12
+            anchors.verticalCenter: parent.verticalCenter
+            visible: GlobalConfig.isVisSysConfig
+            width: visible ? 48 : 0
+            height: 48
+            source: "qrc:/images/logo.png"
+            fillMode: Image.PreserveAspectFit
+        }
+
+        Column {
+            anchors.left: logo.right
+            anchors.leftMargin: 12
+            anchors.right: parent.right
+            anchors.rightMargin: 8
+            anchors.verticalCenter: parent.verticalCenter
+
+            Repeater {
+                model: GlobalConfig.vendorText
+
+                Text {
+                    width: parent.width
+                    text: modelData
+                    textFormat: Text.PlainText
+                    elide: Text.ElideRight
+                    font.family: Pinfang
+                    font.pixelSize: 18
+                    color: Theme.text
+                }
+            }
+        }
+
+        MouseArea {
+            id: vendorArea
+            anchors.fill: parent
+            onClicked: row.linesAsked()
+        }
+    }
+}

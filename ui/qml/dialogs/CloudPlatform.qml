@@ -1,0 +1,135 @@
+import QtQuick 2.15
+import "../Components"
+import "../../js/Glyphs.js" as Glyphs
+
+// One platform of lines with its image; a line shows its check box, its mark and the result of its test.
+Rectangle {
+    id: platform
+
+    property string name: ""
+    property string icon: ""
+    property var lines: null
+
+    signal chosen(int line)
+
+    implicitHeight: Math.max(110, grid.implicitHeight + 2 * Theme.spacing)
+    radius: Theme.radius
+    color: Theme.surface
+
+    Column {
+        id: title
+        anchors.left: parent.left
+        anchors.verticalCenter: parent.verticalCenter
+        width: 150
+        spacing: 6
+
+        Image {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: 48
+            height: 48
+            visible: platform.icon !== "" && status === Image.Ready
+            source: platform.icon
+            fillMode: Image.PreserveAspectFit
+        }
+
+        IconText {
+            anchors.horizontalCenter: parent.horizontalCenter
+            visible: platform.icon === ""
+            iconText: Glyphs.network
+            iconColor: Theme.accent
+            pixelSize: 40
+        }
+
+        Text {
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            text: platform.name
+            textFormat: Text.PlainText
+            elide: Text.ElideRight
+            font.family: Pinfang
+            font.pixelSize: Theme.textSize
+            color: Theme.text
+        }
+    }
+
+    Grid {
+        id: grid
+        anchors.left: title.right
+        anchors.right: parent.right
+        anchors.rightMargin: Theme.spacing
+        anchors.verticalCenter: parent.verticalCenter
+        columns: 2
+        spacing: 10
+
+        Repeater {
+            model: platform.lines
+
+            Rectangle {
+                objectName: "line_" + platform.name + "_" + index
+                width: (grid.width - grid.spacing) / 2
+                height: 64
+                radius: Theme.radius
+                color: area.pressed ? Theme.keyPressed : Theme.surfaceMuted
+                border.width: model.isChecked ? 2 : 1
+                border.color: model.isChecked ? Theme.accent : Theme.line
+                Accessible.role: Accessible.CheckBox
+                Accessible.name: model.name
+                Accessible.checked: model.isChecked
+
+                IconText {
+                    id: box
+                    anchors.left: parent.left
+                    anchors.leftMargin: 10
+                    anchors.verticalCenter: parent.verticalCenter
+                    iconText: model.isChecked ? Glyphs.checkBoxChecked : Glyphs.checkBoxUnchecked
+                    iconColor: model.isChecked ? Theme.accent : Theme.textMuted
+                    pixelSize: 28
+                }
+
+                Text {
+                    anchors.left: box.right
+                    anchors.leftMargin: 8
+                    anchors.right: mark.left
+                    anchors.rightMargin: 8
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: model.name
+                    textFormat: Text.PlainText
+                    elide: Text.ElideRight
+                    font.family: Pinfang
+                    font.pixelSize: Theme.textSize
+                    color: Theme.text
+                }
+
+                Rectangle {
+                    id: mark
+                    anchors.right: result.left
+                    anchors.rightMargin: 6
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: 14
+                    height: 14
+                    radius: 7
+                    color: model.backColor
+                }
+
+                Text {
+                    id: result
+                    anchors.right: parent.right
+                    anchors.rightMargin: 12
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: 70
+                    text: model.content
+                    textFormat: Text.PlainText
+                    font.family: Pinfang
+                    font.pixelSize: 18
+                    color: Theme.textMuted
+                }
+
+                MouseArea {
+                    id: area
+                    anchors.fill: parent
+                    onClicked: platform.chosen(index)
+                }
+            }
+        }
+    }
+}
