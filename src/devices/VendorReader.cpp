@@ -49,12 +49,12 @@ void VendorReader::startDevice(int)
 {
     if (!m_isInitialised)
         return;
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_isStopped = false;
-    }
-    if (!isRunning())
-        start(QThread::InheritPriority);
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_isStopped = false;
+    if (isRunning())
+        return;
+    start(QThread::InheritPriority);
+    m_isPolling = isRunning();
 }
 
 void VendorReader::stopDevice() { endPolling(); }
@@ -64,18 +64,26 @@ bool VendorReader::endPolling()
     if (!m_isInitialised)
         return false;
     {
-        std::lock_guard<std::mutex> lock(m_mutex);
+        std::unique_lock<std::mutex> lock(m_mutex);
         m_isStopped = true;
+        m_wake.notify_all();
+        m_wake.wait(lock, [this] { return !m_isPolling; });
     }
-    m_wake.notify_all();
     wait();
     return true;
 }
 
 void VendorReader::run()
 {
-    if (!prepare())
-        return;
+    if (prepare())
+        poll();
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_isPolling = false;
+    m_wake.notify_all();
+}
+
+void VendorReader::poll()
+{
     while (!isStopped()) {
         QString text;
         const bool isCard = readCard(text);

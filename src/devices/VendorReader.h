@@ -51,6 +51,7 @@ protected:
     void run() override;
 
 private:
+    void poll();
     bool isStopped();
     void pause(std::chrono::milliseconds time);
 
@@ -61,7 +62,8 @@ private:
     DynamicLibrary m_library;
     MyMessage* m_message;
 
-    std::mutex m_mutex; ///< guards the stop flag
+    std::mutex m_mutex; ///< guards what follows
     std::condition_variable m_wake;
     bool m_isStopped = false;
+    bool m_isPolling = false; ///< the thread may still call the driver
 };

@@ -9,6 +9,8 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QtTest>
@@ -93,11 +95,17 @@ Terminal::Terminal() : m_house({QStringLiteral("--fault"), QStringLiteral("/line
             window->resize(1366, 768);
         }
     }
+    QQmlComponent page(m_engine.get());
+    page.setData("import QtQuick 2.15\nimport 'qrc:/qml/DlgManager.js' as Dlg\n"
+                 "QtObject { function open(name, properties) { return Dlg.showDialog(name, properties) } }\n",
+                 QUrl(QStringLiteral("qrc:/TestPage.qml")));
+    m_page.reset(page.create(qmlContext(m_engine->rootObjects().first())));
     until("the main page", [config] { return config->iSysStatus() == 2; }).see("mainPage").run();
 }
 
 Terminal::~Terminal()
 {
+    m_page.reset();
     m_engine.reset();
     ::close(m_readerLine);
     QDir::setCurrent(QDir::rootPath());
@@ -163,6 +171,27 @@ Terminal& Terminal::act(const std::function<void()>& action)
         action();
         return true;
     });
+}
+
+Terminal& Terminal::open(const QString& dialog, const QVariantMap& properties)
+{
+    return add("open " + dialog, [this, dialog, properties] {
+        m_result.clear();
+        m_hasReturned = false;
+        QTimer::singleShot(0, qApp, [this, dialog, properties] {
+            QVariant result;
+            QMetaObject::invokeMethod(m_page.get(), "open", Q_RETURN_ARG(QVariant, result),
+                                      Q_ARG(QVariant, dialog), Q_ARG(QVariant, properties));
+            m_result = result.toMap();
+            m_hasReturned = true;
+        });
+        return true;
+    });
+}
+
+Terminal& Terminal::returned()
+{
+    return add("the dialog returned", [this] { return m_hasReturned; });
 }
 
 bool Terminal::tapNow(const QString& name)

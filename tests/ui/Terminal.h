@@ -41,6 +41,11 @@ public:
     Terminal& until(const QString& what, const std::function<bool()>& condition);
     /// Presents a staff card to the reader.
     Terminal& presentCard(const QByteArray& number);
+    /// Opens a dialog as a page would; result() has what it returned once it has closed.
+    Terminal& open(const QString& dialog, const QVariantMap& properties = {});
+    /// Waits until the dialog that open() opened has returned.
+    Terminal& returned();
+    QVariantMap result() const { return m_result; }
     /// Does something in between.
     Terminal& act(const std::function<void()>& action);
     /// Works off all steps; the empty text, or which step failed. A failure closes every dialog.
@@ -74,5 +79,8 @@ private:
     size_t m_next = 0;
     int m_waitedTicks = 0;
     QString m_failure;
+    std::unique_ptr<QObject> m_page; ///< stands for a page that opens dialogs
+    QVariantMap m_result;
+    bool m_hasReturned = false;
     QStringList m_messages;
 };

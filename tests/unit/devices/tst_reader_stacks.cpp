@@ -48,30 +48,29 @@ private Q_SLOTS:
 /// A step is a letter and a listener's name: + registers, - takes off, x destroys without a word, ! reads.
 void tst_reader_stacks::rules_data()
 {
+    struct Row
+    {
+        const char* row;
+        QString steps;
+        QString heard; // the listeners' names, in order
+    };
+    const Row rows[] = {
+        {"nobody", "!", ""},
+        {"one", "+a ! !", "aa"},
+        {"last registered", "+a +b ! +c !", "bc"},
+        {"older one again", "+a +b ! -b !", "ba"},
+        {"out of the middle", "+a +b +c -b ! -c !", "ca"},
+        {"from the bottom", "+a +b -a ! -b !", "b"},
+        {"twice stands once, on top", "+a +b +a ! -a ! -a -b !", "ab"},
+        {"taking off a stranger", "+a -b ! -a -a !", "a"},
+        {"destroyed on top", "+a +b xb !", "a"},
+        {"destroyed in the middle", "+a +b +c xb -c !", "a"},
+        {"destroyed alone", "+a xa ! +b !", "b"},
+    };
     QTest::addColumn<QString>("steps");
     QTest::addColumn<QString>("heard");
-    QTest::newRow("nobody") << "!"
-                            << "";
-    QTest::newRow("one") << "+a ! !"
-                         << "aa";
-    QTest::newRow("last registered") << "+a +b ! +c !"
-                                     << "bc";
-    QTest::newRow("older one again") << "+a +b ! -b !"
-                                     << "ba";
-    QTest::newRow("out of the middle") << "+a +b +c -b ! -c !"
-                                       << "ca";
-    QTest::newRow("from the bottom") << "+a +b -a ! -b !"
-                                     << "b";
-    QTest::newRow("twice stands once, on top") << "+a +b +a ! -a ! -b !"
-                                               << "ab";
-    QTest::newRow("taking off a stranger") << "+a -b ! -a -a !"
-                                           << "a";
-    QTest::newRow("destroyed on top") << "+a +b xb !"
-                                      << "a";
-    QTest::newRow("destroyed in the middle") << "+a +b +c xb -c !"
-                                             << "a";
-    QTest::newRow("destroyed alone") << "+a xa ! +b !"
-                                     << "b";
+    for (const Row& row : rows)
+        QTest::newRow(row.row) << row.steps << row.heard;
 }
 
 void tst_reader_stacks::rules()

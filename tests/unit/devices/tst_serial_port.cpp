@@ -98,36 +98,28 @@ void tst_serial_port::cleanup()
 
 void tst_serial_port::names_data()
 {
+    struct Row
+    {
+        const char* row;
+        QString name;
+        QString named; // KV_PANEL_COM3
+        QString path;  // below the device folder when it begins with a dot
+    };
+    const Row rows[] = {
+        {"built-in port", "COM1", "", "./ttyS0"},
+        {"the last one offered", "COM8", "", "./ttyS7"},
+        {"link", "COM2", "", "./kv-com2"},
+        {"named, before the link", "COM3", "/x/line", "/x/line"},
+        {"another one is named", "COM4", "/x/line", "./ttyS3"},
+        {"no number", "COM", "", "COM"},
+        {"number zero", "COM0", "", "COM0"},
+        {"a path", "/dev/ttyUSB0", "", "/dev/ttyUSB0"},
+    };
     QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("named"); // KV_PANEL_COM3
-    QTest::addColumn<QString>("path");  // below the device folder when it begins with a dot
-    QTest::newRow("built-in port") << "COM1"
-                                   << ""
-                                   << "./ttyS0";
-    QTest::newRow("the last one offered") << "COM8"
-                                          << ""
-                                          << "./ttyS7";
-    QTest::newRow("link") << "COM2"
-                          << ""
-                          << "./kv-com2";
-    QTest::newRow("named") << "COM3"
-                           << "/x/line"
-                           << "/x/line";
-    QTest::newRow("named before the link") << "COM3"
-                                           << "/x/line"
-                                           << "/x/line";
-    QTest::newRow("another one is named") << "COM4"
-                                          << "/x/line"
-                                          << "./ttyS3";
-    QTest::newRow("no number") << "COM"
-                               << ""
-                               << "COM";
-    QTest::newRow("number zero") << "COM0"
-                                 << ""
-                                 << "COM0";
-    QTest::newRow("a path") << "/dev/ttyUSB0"
-                            << ""
-                            << "/dev/ttyUSB0";
+    QTest::addColumn<QString>("named");
+    QTest::addColumn<QString>("path");
+    for (const Row& row : rows)
+        QTest::newRow(row.row) << row.name << row.named << row.path;
 }
 
 void tst_serial_port::names()
@@ -145,38 +137,36 @@ void tst_serial_port::names()
 
 void tst_serial_port::numbers_data()
 {
+    struct Row
+    {
+        const char* row;
+        QByteArray burst;
+        QString number; // empty: nothing is delivered
+    };
+    const Row rows[] = {
+        {"short", "12345\r\n", "00012345"},
+        {"one digit, no end", "7", "00000007"},
+        {"eight", "12345678\r\n", "12345678"},
+        {"long", "1234567890\r\n", "34567890"},
+        {"lone CR stays", "123\r", "0000123\r"},
+        {"lone LF stays", "123\n", "0000123\n"},
+        {"LF CR stays", "123\n\r", "000123\n\r"},
+        {"control characters", "\003123\004\004", "00000123"},
+        {"written-out CR LF", "12\\r\\n3", "00000123"},
+        {"written-out controls", "\\u0003123\\u0004", "00000123"},
+        {"written-out in capitals stays", "1\\R\\N", "0001\\R\\N"},
+        {"CR LF goes before the controls", "12\r\003\n", "000012\r\n"},
+        {"written-out goes before the controls", "1\\u00\00303", "01\\u0003"},
+        {"padding comes after the removing", "\003\003\003\0031234567", "01234567"},
+        {"up to NUL", QByteArray("123\000456", 7), "00000123"},
+        {"UTF-8", "号1\r\n", "000000号1"},
+        {"NUL first", QByteArray("\000123", 4), ""},
+        {"controls alone", "\003\r\n\004\\r\\n\\u0003\\u0004", ""},
+    };
     QTest::addColumn<QByteArray>("burst");
-    QTest::addColumn<QString>("number"); // empty: nothing is delivered
-    QTest::newRow("short") << QByteArray("12345\r\n") << "00012345";
-    QTest::newRow("one digit, no end") << QByteArray("7") << "00000007";
-    QTest::newRow("eight") << QByteArray("12345678\r\n") << "12345678";
-    QTest::newRow("long") << QByteArray("1234567890\r\n") << "34567890";
-    QTest::newRow("lone CR stays") << QByteArray("123\r") << "0000123\r";
-    QTest::newRow("lone LF stays") << QByteArray("123\n") << "0000123\n";
-    QTest::newRow("LF CR stays") << QByteArray("123\n\r") << "000123\n\r";
-    QTest::newRow("control characters") << QByteArray("\x03"
-                                                      "123\x04\x04")
-                                        << "00000123";
-    QTest::newRow("written-out CR LF") << QByteArray("12\\r\\n3") << "00000123";
-    QTest::newRow("written-out controls") << QByteArray("\\u0003123\\u0004") << "00000123";
-    QTest::newRow("written-out in capitals stays") << QByteArray("1\\R\\N") << "0001\\R\\N";
-    QTest::newRow("CR LF goes before the controls") << QByteArray("12\r\x03\n") << "000012\r\n";
-    QTest::newRow("written-out goes before the controls") << QByteArray("1\\u00\x03"
-                                                                        "03")
-                                                          << "01\\u0003";
-    QTest::newRow("padding comes after the removing") << QByteArray("\x03\x03\x03\x03"
-                                                                    "1234567")
-                                                      << "01234567";
-    QTest::newRow("up to NUL") << QByteArray("123\0"
-                                             "456",
-                                             7)
-                               << "00000123";
-    QTest::newRow("UTF-8") << QStringLiteral("号1\r\n").toUtf8() << QStringLiteral("000000号1");
-    QTest::newRow("NUL first") << QByteArray("\0"
-                                             "123",
-                                             4)
-                               << "";
-    QTest::newRow("controls alone") << QByteArray("\x03\r\n\x04\\r\\n\\u0003\\u0004") << "";
+    QTest::addColumn<QString>("number");
+    for (const Row& row : rows)
+        QTest::newRow(row.row) << row.burst << row.number;
 }
 
 void tst_serial_port::numbers()
