@@ -29,7 +29,7 @@ while [ $# -gt 0 ]; do
 done
 
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}"
-build release kv_panel kv_house
+build release kv_panel kv_house kv_card RF003Reader
 
 # Everything that is started here is ended here, and nothing else.
 bin=$PWD/build/bin demo=$PWD/build/demo house_seed=$PWD/house/seed/house.json
@@ -116,6 +116,29 @@ prepare_terminal() {
     printf 'authCode=KV-DEMO-0001\nsecretKey=demo-secret-key-0001\n' > "$XDG_CONFIG_HOME/KV_PANEL_V2.ini"
 }
 
+# Both card readers: a pair of pseudo terminals for the staff reader, a stand-in for the hand card reader's library.
+start_readers() {
+    staff_reader=$run/staff-reader hand_reader=$run/hand-reader
+    socat "PTY,link=$run/staff-line,rawer" "PTY,link=$staff_reader,rawer" 2>"$run/socat.log" &
+    started+=($!)
+    wait_for "the staff reader's line" test -e "$staff_reader"
+    export KV_PANEL_COM1=$run/staff-line KV_SIM_HAND_SOCKET=$hand_reader
+    export LD_LIBRARY_PATH=$PWD/build/sim${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}
+    /usr/bin/python3 - "$demo/kv_panel_v2.db" <<'PYTHON'
+import sqlite3, sys
+database = sqlite3.connect(sys.argv[1])
+database.execute("CREATE TABLE IF NOT EXISTS sys_config (id INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL, "
+                 "code VARCHAR(128) NOT NULL UNIQUE, value VARCHAR(128) NOT NULL DEFAULT(''))")
+for code, value in (("staff_device_com", "COM1"), ("hand_card_device", "1")):
+    database.execute("DELETE FROM sys_config WHERE code = ?", (code,))
+    database.execute("INSERT INTO sys_config (code, value) VALUES (?, ?)", (code, value))
+database.commit()
+PYTHON
+    say "To present a card, from another shell:"
+    echo "   $PWD/build/sim/kv_card staff $staff_reader 94780011     # staff, by the numbers in README.md"
+    echo "   $PWD/build/sim/kv_card hand $hand_reader SERIAL          # a guest's hand card"
+}
+
 house_started_terminal() {
     /usr/bin/python3 - "$house_url" <<'PYTHON'
 import json, sys, urllib.request
@@ -133,6 +156,7 @@ start_broker
 start_house
 start_display
 prepare_terminal
+start_readers
 
 say "Starting the terminal"
 cd "$demo"

@@ -8,6 +8,7 @@
 #include "services/Baa00Service.h"
 #include "services/KvsystemService.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 
 #include <limits>
@@ -160,5 +161,7 @@ void MainClass::initReaders()
         connect(m_handDevice, &HandCardDevice::sendData, this,
                 [this](const QString& text) { m_readers.deliver(ReaderStacks::Hand, text); });
         m_handDevice->startDevice(0);
+        // It polls on a thread of its own, which must not outlive the program's data.
+        connect(qApp, &QCoreApplication::aboutToQuit, m_handDevice, &HandCardDevice::stopDevice);
     }
 }

@@ -17,7 +17,11 @@ VendorReader::VendorReader(const QString& library, const QString& missingMessage
 {
 }
 
-VendorReader::~VendorReader() { Q_ASSERT(!isRunning()); }
+VendorReader::~VendorReader()
+{
+    Q_ASSERT(!isRunning());
+    m_library.unload();
+}
 
 bool VendorReader::load()
 {
@@ -35,8 +39,10 @@ bool VendorReader::fail(const QString& message)
 void VendorReader::finishLoading(bool isUsable)
 {
     m_isInitialised = isUsable;
-    if (!isUsable)
-        m_message->ShowError(m_failure);
+    if (isUsable)
+        return;
+    m_library.unload();
+    m_message->ShowError(m_failure);
 }
 
 void VendorReader::finishLoading(bool isUsable, const QString& successLine)

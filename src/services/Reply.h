@@ -23,10 +23,7 @@ Reply<T> held(T* reply)
 }
 
 /// Whether the back end did what it was asked.
-inline bool isOk(const ApiRes& reply)
-{
-    return reply.code() == QLatin1String("200");
-}
+inline bool isOk(const ApiRes& reply) { return reply.code() == QLatin1String("200"); }
 
 /// The same; a failure's text is shown to the user.
 inline bool isOkOrShown(const ApiRes& reply)

@@ -13,6 +13,7 @@
 #include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QScreen>
 #include <QtTest>
 
 #include <cstdlib>
@@ -22,7 +23,8 @@
 namespace {
 
 constexpr int tickMs = 10;
-constexpr int stepLimitTicks = 200; // each of tickMs
+constexpr int stepLimitTicks = 1000;
+constexpr int settledTicks = 4; // each of tickMs
 
 /// Notices whether input arrives anywhere: during a back-end call it doesn't.
 class InputProbe : public QObject
@@ -62,7 +64,7 @@ QQuickItem* findVisible(QQuickItem* parent, const QString& name)
 
 } // namespace
 
-Terminal::Terminal() : m_house({QStringLiteral("--fault"), QStringLiteral("/line/check=delay:15")})
+Terminal::Terminal()
 {
     QDir::setCurrent(m_folder.path());
     qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
@@ -92,7 +94,10 @@ Terminal::Terminal() : m_house({QStringLiteral("--fault"), QStringLiteral("/line
     for (QWindow* window : QGuiApplication::topLevelWindows()) {
         if (window->objectName() == QLatin1String("root")) {
             window->setVisibility(QWindow::Windowed);
-            window->resize(1366, 768);
+            // A picture shows the whole screen.
+            const bool isForPictures = qEnvironmentVariableIsSet("KV_PICTURES");
+            window->setPosition(0, 0);
+            window->resize(isForPictures ? window->screen()->size() : QSize(1366, 768));
         }
     }
     QQmlComponent page(m_engine.get());
@@ -189,18 +194,41 @@ Terminal& Terminal::open(const QString& dialog, const QVariantMap& properties)
     });
 }
 
+Terminal& Terminal::picture(const QString& name)
+{
+    const QString folder = qEnvironmentVariable("KV_PICTURES");
+    if (folder.isEmpty())
+        return *this;
+    add("settle", [settled = 0]() mutable { return ++settled > 40; });
+    return add("picture " + name, [folder, name] {
+        return QProcess::execute(QStringLiteral("import"), {"-window", "root", folder + "/" + name + ".png"}) ==
+               0;
+    });
+}
+
 Terminal& Terminal::returned()
 {
     return add("the dialog returned", [this] { return m_hasReturned; });
 }
 
+/// A person taps what stands still: a page that just appeared is laid out with its next frame.
+bool Terminal::isSettled(QQuickItem* target)
+{
+    const QRectF place = target->mapRectToScene(QRectF(0, 0, target->width(), target->height()));
+    m_settledTicks = target == m_target && place == m_targetPlace ? m_settledTicks + 1 : 0;
+    m_target = target;
+    m_targetPlace = place;
+    return m_settledTicks >= settledTicks;
+}
+
 bool Terminal::tapNow(const QString& name)
 {
     QQuickItem* target = item(name);
-    if (!target || !target->isEnabled() || !takesInput())
+    if (!target || !target->isEnabled() || !target->window()->isExposed() || !takesInput() ||
+        !isSettled(target))
         return false;
-    const QPointF middle = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
-    QTest::mouseClick(target->window(), Qt::LeftButton, {}, middle.toPoint());
+    m_target = nullptr;
+    QTest::mouseClick(target->window(), Qt::LeftButton, {}, m_targetPlace.center().toPoint());
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "support/HouseProcess.h"
 
 #include <QQmlApplicationEngine>
+#include <QRectF>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -46,6 +47,9 @@ public:
     /// Waits until the dialog that open() opened has returned.
     Terminal& returned();
     QVariantMap result() const { return m_result; }
+    /// Saves what the screen shows, when the environment asks for pictures (scripts/pictures.sh); else does
+    /// nothing.
+    Terminal& picture(const QString& name);
     /// Does something in between.
     Terminal& act(const std::function<void()>& action);
     /// Works off all steps; the empty text, or which step failed. A failure closes every dialog.
@@ -67,6 +71,7 @@ private:
     Terminal& add(const QString& what, const std::function<bool()>& tryIt);
     void tick();
     bool tapNow(const QString& name);
+    bool isSettled(QQuickItem* target);
     void closeEverything();
     void connectReader();
 
@@ -78,6 +83,9 @@ private:
     std::vector<Step> m_steps;
     size_t m_next = 0;
     int m_waitedTicks = 0;
+    QQuickItem* m_target = nullptr; ///< what is to be tapped, only compared
+    QRectF m_targetPlace;           ///< where it was at the last tick
+    int m_settledTicks = 0;
     QString m_failure;
     std::unique_ptr<QObject> m_page; ///< stands for a page that opens dialogs
     QVariantMap m_result;

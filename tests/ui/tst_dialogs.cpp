@@ -93,7 +93,9 @@ void tst_dialogs::numKey()
                  .tap("confirmButton")
                  .until("the message",
                         [&] { return m_terminal->takeMessages() == QStringList{"error|输入内容不能为空"}; })
+                 .picture("message-error")
                  .keys(typed)
+                 .picture("number-or-card")
                  .tap(button)
                  .returned()
                  .run(),
@@ -183,6 +185,7 @@ void tst_dialogs::inputOrRead()
     QCOMPARE(m_terminal->open("inputOrReadDlg")
                  .see("inputOrReadDlg")
                  .act(notePrompt)
+                 .picture("identity")
                  .tap("confirmButton")
                  .until("the message",
                         [&] { return m_terminal->takeMessages() == QStringList{"error|用户名或密码不能为空"}; })
@@ -254,6 +257,7 @@ void tst_dialogs::dateTime()
                  ->open("dateTimeDlg",
                         {{"text", "开始时间"}, {"type", type}, {"defaultTime", "2026-01-31 06:07:08"}})
                  .see("confirmButton")
+                 .picture("date-time-" + type)
                  .act([&] {
                      for (const char* wheel : {"year", "month", "day", "hour", "minute", "second"}) {
                          if (m_terminal->item(wheel))
@@ -338,6 +342,7 @@ void tst_dialogs::remark()
                  .see("remarkArea")
                  .until("the old remark", [&] { return m_terminal->property("remarkArea", "text") == "旧的"; })
                  .act([&] { m_terminal->item("remarkArea")->setProperty("text", text); })
+                 .picture("remark")
                  .tap("confirmButton")
                  .returned()
                  .run(),
@@ -365,7 +370,13 @@ void tst_dialogs::workArea()
         areas.appendRow(area);
     }
     const QVariantMap list{{"areaList", QVariant::fromValue<QObject*>(&areas)}};
-    QCOMPARE(m_terminal->open("workAreaDlg", list).see("area_7").tap("area_7").returned().run(), QString());
+    QCOMPARE(m_terminal->open("workAreaDlg", list)
+                 .see("area_7")
+                 .picture("work-areas")
+                 .tap("area_7")
+                 .returned()
+                 .run(),
+             QString());
     QVERIFY(m_terminal->result().value("dlgResult").toBool());
     QCOMPARE(m_terminal->result().value("areaId").toString() +
                  m_terminal->result().value("areaName").toString(),
@@ -383,6 +394,7 @@ void tst_dialogs::confirm()
     for (const char* button : {"confirmButton", "cancelButton"}) {
         QCOMPARE(m_terminal->open("confirmDlg", {{"titleText", "提示"}, {"contentText", "确定退单吗"}})
                      .see("confirmDlg")
+                     .picture("question")
                      .tap(button)
                      .returned()
                      .run(),

@@ -89,7 +89,20 @@ void tst_shell::leaveModule()
 
 void tst_shell::loginByNumber()
 {
-    QCOMPARE(login("tile_ROOMINFO_CTRL", "1101", "1101").see("Module1").run(), QString());
+    m_terminal->see("tile_ROOMINFO_CTRL").picture("main");
+    m_terminal->tap("tile_ROOMINFO_CTRL")
+        .see("loginDlg")
+        .picture("login")
+        .tap("key_A~Z")
+        .picture("login-letters")
+        .tap("key_123");
+    m_terminal->keys("1101")
+        .tap("confirmButton")
+        .keys("11")
+        .picture("login-password")
+        .keys("01")
+        .tap("confirmButton");
+    QCOMPARE(m_terminal->see("Module1").picture("module").run(), QString());
     QCOMPARE(m_terminal->property("operatorText", "text").toString(), QStringLiteral("陈晓琳[1101]"));
     QCOMPARE(config()->currentMod(), QStringLiteral("ROOMINFO_CTRL"));
     QVERIFY(config()->isHaveAuth(QStringLiteral("0101")));
@@ -303,6 +316,7 @@ void tst_shell::lockAndUnlock()
 {
     QCOMPARE(login("tile_ROOMINFO_CTRL", "1101", "1101").see("Module1").tap("lockButton").run(), QString());
     QTRY_VERIFY(config()->isCurrentModeLocked());
+    m_terminal->picture("module-locked");
     QCOMPARE(m_terminal->tap("lockButton").see("loginDlg").tap("cancelButton").seeNot("loginDlg").run(),
              QString());
     QVERIFY(config()->isCurrentModeLocked());
@@ -358,6 +372,7 @@ void tst_shell::supervisorByNumber()
                                         [&] { reply = held(Baa00Service::getInstance()->keepLogin()); });
                  })
                  .see("authDlg")
+                 .picture("supervisor")
                  .keys("1001")
                  .tap("confirmButton")
                  .keys("1001")
@@ -434,6 +449,7 @@ void tst_shell::confirmation()
                          });
                      })
                      .see("msgConfirmDlg")
+                     .picture("confirmation")
                      .tap(isYes ? "confirmButton" : "cancelButton")
                      .until("the answer", [&] { return answer != -1; })
                      .run(),
@@ -444,6 +460,8 @@ void tst_shell::confirmation()
 
 void tst_shell::lineDialog()
 {
+    // On loopback a line answers in less than a millisecond, which counts as no answer.
+    m_terminal->house().fault("/line/check", "delay", 15);
     const QString working = QStringLiteral("line_电信平台_0");
     const QString dead = QStringLiteral("line_电信平台_1");
     const QString other = QStringLiteral("line_联通平台_0");
@@ -455,7 +473,14 @@ void tst_shell::lineDialog()
                         [&] { return m_terminal->takeMessages() == QStringList{"error|请选择切换线路"}; })
                  .tap(dead) // can't be chosen
                  .tap(working)
+                 .until("chosen", [&] { return m_terminal->property(working, "isChosen").toBool(); })
                  .tap(other)
+                 .until("chosen in its place",
+                        [&] {
+                            return m_terminal->property(other, "isChosen").toBool() &&
+                                   !m_terminal->property(working, "isChosen").toBool();
+                        })
+                 .picture("lines")
                  .tap("saveButton")
                  .seeNot("cloudDlg")
                  .run(),
@@ -465,11 +490,23 @@ void tst_shell::lineDialog()
     QCOMPARE(config()->apiUrl(), chosen);
 
     // Opened again and left: the default line is in use, the stored choice stays and was marked.
-    QVariant marked;
+    const auto result = [&](const char* text) { return m_terminal->property(text, "text").toString(); };
     QCOMPARE(m_terminal->tap("vendorBlock")
                  .see(other)
                  .until("measured", [&] { return m_terminal->house().seen("/line/check") >= 4; })
+                 .act([&] { m_terminal->house().fault("/line/check", "delay", 600); })
                  .tap("checkButton")
+                 .until("the slow line is red",
+                        [&] {
+                            return result("result_电信平台_0").size() == 5 &&
+                                   result("result_电信平台_0").endsWith("ms") &&
+                                   m_terminal->property("mark_电信平台_0", "color").value<QColor>() ==
+                                       QColor("#EA332A");
+                        })
+                 .until("the dead line is offline", [&] { return result("result_电信平台_1") == "离线"; })
+                 .until("the other platform is measured too",
+                        [&] { return result("result_联通平台_0").size() == 5; })
+                 .act([&] { m_terminal->house().reset(); })
                  .tap("backButton")
                  .seeNot("cloudDlg")
                  .run(),

@@ -108,8 +108,8 @@ void tst_records::listIsComplete()
     QSet<QString> declared;
     const QRegularExpression declaration(QStringLiteral("^    RECORD(?:_ON)?\\((\\w+)"),
                                          QRegularExpression::MultilineOption);
-    QDirIterator headers(QStringLiteral(KV_SOURCE_FOLDER "/src/dto"),
-                         {QStringLiteral("*.h")}, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator headers(QStringLiteral(KV_SOURCE_FOLDER "/src/dto"), {QStringLiteral("*.h")}, QDir::Files,
+                         QDirIterator::Subdirectories);
     while (headers.hasNext()) {
         QFile header(headers.next());
         QVERIFY(header.open(QIODevice::ReadOnly));

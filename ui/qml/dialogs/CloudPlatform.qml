@@ -65,6 +65,8 @@ Rectangle {
             model: platform.lines
 
             Rectangle {
+                readonly property bool isChosen: model.isChecked
+
                 objectName: "line_" + platform.name + "_" + index
                 width: (grid.width - grid.spacing) / 2
                 height: 64
@@ -102,6 +104,7 @@ Rectangle {
 
                 Rectangle {
                     id: mark
+                    objectName: "mark_" + platform.name + "_" + index
                     anchors.right: result.left
                     anchors.rightMargin: 6
                     anchors.verticalCenter: parent.verticalCenter
@@ -113,6 +116,7 @@ Rectangle {
 
                 Text {
                     id: result
+                    objectName: "result_" + platform.name + "_" + index
                     anchors.right: parent.right
                     anchors.rightMargin: 12
                     anchors.verticalCenter: parent.verticalCenter
