@@ -5,6 +5,7 @@
 #include "app/MainClass.h"
 #include "common/BaseObject.h"
 #include "common/GlobalConfig.h"
+#include "common/MyMessage.h"
 
 #include <QQuickItem>
 #include <QStandardItemModel>
@@ -59,6 +60,7 @@ private Q_SLOTS:
     void confirm();
     void nestedDialogs();
     void cardGoesToTheTop();
+    void messageWindow();
 
 private:
     std::unique_ptr<Terminal> m_terminal;
@@ -444,6 +446,36 @@ void tst_dialogs::cardGoesToTheTop()
              QString());
     QCOMPARE(page.cards, (QStringList{"11111111", "33333333"}));
     QCOMPARE(m_terminal->result().value("cardUid").toString(), QStringLiteral("22222222"));
+}
+
+void tst_dialogs::messageWindow()
+{
+    QWindow* window = nullptr;
+    for (QWindow* candidate : QGuiApplication::topLevelWindows()) {
+        if (candidate->objectName() == QLatin1String("messageWindow"))
+            window = candidate;
+    }
+    QVERIFY(window);
+    // Of a type without a time it stays until it is tapped.
+    QTest::mouseClick(window, Qt::LeftButton, {}, {20, 20});
+    Q_EMIT MyMessage::getInstance()->showMessageSignal(QStringLiteral("留着"), QStringLiteral("other"));
+    QTRY_VERIFY(window->isVisible());
+    QTest::qWait(200);
+    QVERIFY(window->isVisible());
+    QTest::mouseClick(window, Qt::LeftButton, {}, {20, 20});
+    QTRY_VERIFY(!window->isVisible());
+
+    // A newer text comes at once and doesn't restart the time of the older one.
+    QElapsedTimer shown;
+    shown.start();
+    MyMessage::getInstance()->showOk(QStringLiteral("一"));
+    QTRY_VERIFY(window->isVisible());
+    QCOMPARE(window->property("text").toString(), QStringLiteral("一"));
+    QTest::qWait(2000);
+    MyMessage::getInstance()->showMessage(QStringLiteral("二"), 2);
+    QCOMPARE(window->property("text").toString(), QStringLiteral("二"));
+    QTRY_VERIFY(!window->isVisible());
+    QVERIFY(shown.elapsed() >= 3000 && shown.elapsed() < 8000);
 }
 
 QTEST_MAIN(tst_dialogs)

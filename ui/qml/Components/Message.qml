@@ -26,6 +26,7 @@ Window {
     }
 
     onClosing: show = false
+    objectName: "messageWindow"
     flags: Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.Tool | Qt.WindowDoesNotAcceptFocus
     visible: show
     width: 440

@@ -52,7 +52,10 @@ Rectangle {
 
         Text {
             anchors.horizontalCenter: parent.horizontalCenter
-            width: Math.min(implicitWidth, tile.side - 12)
+            width: tile.side - 12
+            horizontalAlignment: Text.AlignHCenter
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 14
             text: tile.title
             textFormat: Text.PlainText
             elide: Text.ElideRight
