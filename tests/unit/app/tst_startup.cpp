@@ -1,3 +1,4 @@
+#include "support/DeadEndpoint.h"
 #include "support/HouseProcess.h"
 
 #include <QDir>
@@ -14,7 +15,7 @@ namespace {
 
 const QString sysInit = QStringLiteral("/baa00/getSysInitByAuthCode");
 const QString lines = QStringLiteral("/kvsystem/common/getSysApiReqUrls");
-const QString deadEndpoint = QStringLiteral("http://127.0.0.1:9");
+const QString deadEndpoint = deadEndpointUrl();
 
 } // namespace
 

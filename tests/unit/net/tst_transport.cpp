@@ -5,6 +5,7 @@
 #include "services/Baa00Service.h"
 #include "services/KvsystemService.h"
 #include "services/Reply.h"
+#include "support/DeadEndpoint.h"
 #include "support/HouseProcess.h"
 #include "support/SelfSignedCertificate.h"
 
@@ -21,7 +22,7 @@ const QString loginMod = QStringLiteral("/baa00/loginMod");
 const QString keepLogin = QStringLiteral("/baa00/keepLogin");
 const QString lines = QStringLiteral("/kvsystem/common/getSysApiReqUrls");
 const QString secretKey = QStringLiteral("demo-secret-key-0001");
-const QString deadEndpoint = QStringLiteral("http://127.0.0.1:9");
+const QString deadEndpoint = deadEndpointUrl();
 
 GlobalConfig* config() { return GlobalConfig::getInstance(); }
 
@@ -243,7 +244,7 @@ void tst_transport::headersAsTold()
 
 void tst_transport::lineFetchTakesTheFirstAnswer()
 {
-    config()->setApiUrls({deadEndpoint, m_house->url(), QStringLiteral("http://127.0.0.1:7")});
+    config()->setApiUrls({deadEndpoint, m_house->url(), deadEndpointUrl()});
     const Reply<GetSysApiReqUrls> good = callLines();
     QCOMPARE(good->code(), QStringLiteral("200"));
     QVERIFY(good->data() && good->data()->reqLines().size() >= 2);
