@@ -35,7 +35,8 @@ build release kv_panel kv_house kv_card RF003Reader
 bin=$PWD/build/bin demo=$PWD/build/demo house_seed=$PWD/house/seed/house.json
 run=$(mktemp -d) started=()
 end_all() {
-    trap - EXIT INT TERM HUP
+    trap - EXIT
+    trap '' INT TERM HUP # a second one must not keep the rest from being ended
     for ((i = ${#started[@]} - 1; i >= 0; i--)); do
         kill "${started[i]}" 2>/dev/null || continue
         wait "${started[i]}" 2>/dev/null || continue

@@ -54,6 +54,7 @@ private Q_SLOTS:
 private:
     Terminal& login(const QString& tile, const QString& number, const QString& password);
     void leaveModule();
+    Terminal& callRefusedToFrontDesk(Reply<GetAuthInfoByCode>& reply, int refusals);
 
     std::unique_ptr<Terminal> m_terminal;
 };
@@ -85,6 +86,20 @@ Terminal& tst_shell::login(const QString& tile, const QString& number, const QSt
 void tst_shell::leaveModule()
 {
     QCOMPARE(m_terminal->tap("returnButton").seeNot("returnButton").run(), QString());
+}
+
+/// Logs the front desk in and makes a call that the back end refuses it, so often; the road goes on in the
+/// dialog that asks for a supervisor.
+Terminal& tst_shell::callRefusedToFrontDesk(Reply<GetAuthInfoByCode>& reply, int refusals)
+{
+    m_terminal->house().answer(keepLogin, QJsonObject{{"code", "AUTH_ERR_0002"}, {"msg", "需要授权"}},
+                               refusals);
+    return login("tile_ROOMINFO_CTRL", "1101", "1101")
+        .see("Module1")
+        .act([&reply] {
+            QTimer::singleShot(0, qApp, [&reply] { reply = held(Baa00Service::getInstance()->keepLogin()); });
+        })
+        .see("authDlg");
 }
 
 void tst_shell::loginByNumber()
@@ -363,15 +378,8 @@ void tst_shell::keepAliveFollowsTheModule()
 
 void tst_shell::supervisorByNumber()
 {
-    QCOMPARE(login("tile_ROOMINFO_CTRL", "1101", "1101").see("Module1").run(), QString());
-    m_terminal->house().answer(keepLogin, QJsonObject{{"code", "AUTH_ERR_0002"}, {"msg", "需要授权"}}, 1);
     Reply<GetAuthInfoByCode> reply;
-    QCOMPARE(m_terminal
-                 ->act([&] {
-                     QTimer::singleShot(0, qApp,
-                                        [&] { reply = held(Baa00Service::getInstance()->keepLogin()); });
-                 })
-                 .see("authDlg")
+    QCOMPARE(callRefusedToFrontDesk(reply, 1)
                  .picture("supervisor")
                  .keys("1001")
                  .tap("confirmButton")
@@ -393,15 +401,8 @@ void tst_shell::supervisorByNumber()
 
 void tst_shell::supervisorByCardAfterARefusal()
 {
-    QCOMPARE(login("tile_ROOMINFO_CTRL", "1101", "1101").see("Module1").run(), QString());
-    m_terminal->house().answer(keepLogin, QJsonObject{{"code", "AUTH_ERR_0002"}, {"msg", "需要授权"}}, 1);
     Reply<GetAuthInfoByCode> reply;
-    QCOMPARE(m_terminal
-                 ->act([&] {
-                     QTimer::singleShot(0, qApp,
-                                        [&] { reply = held(Baa00Service::getInstance()->keepLogin()); });
-                 })
-                 .see("authDlg")
+    QCOMPARE(callRefusedToFrontDesk(reply, 1)
                  .keys("1001")
                  .tap("confirmButton")
                  .keys("0")
@@ -419,15 +420,8 @@ void tst_shell::supervisorByCardAfterARefusal()
 
 void tst_shell::supervisorCancelled()
 {
-    QCOMPARE(login("tile_ROOMINFO_CTRL", "1101", "1101").see("Module1").run(), QString());
-    m_terminal->house().answer(keepLogin, QJsonObject{{"code", "AUTH_ERR_0002"}, {"msg", "需要授权"}});
     Reply<GetAuthInfoByCode> reply;
-    QCOMPARE(m_terminal
-                 ->act([&] {
-                     QTimer::singleShot(0, qApp,
-                                        [&] { reply = held(Baa00Service::getInstance()->keepLogin()); });
-                 })
-                 .see("authDlg")
+    QCOMPARE(callRefusedToFrontDesk(reply, -1)
                  .tap("cancelButton")
                  .until("the reply", [&] { return reply != nullptr; })
                  .run(),

@@ -127,7 +127,7 @@ void tst_hand_readers::libraryNotUsable_data()
     struct Driver
     {
         QVector<int> models;
-        QString library;
+        QString libraryName;
         QString shownName;
         QStringList entryPoints;
         QString missing;
@@ -156,7 +156,7 @@ void tst_hand_readers::libraryNotUsable_data()
                 << driver.isLogged;
         for (const QString& entryPoint : driver.entryPoints)
             QTest::addRow("%d without %s", driver.models.first(), qPrintable(entryPoint))
-                << driver.models.first() << QStringLiteral("%1_without_%2").arg(driver.library, entryPoint)
+                << driver.models.first() << QStringLiteral("%1_without_%2").arg(driver.libraryName, entryPoint)
                 << driver.missing.arg(entryPoint) << driver.isLogged;
     }
     QTest::addRow("4 without reader") << 4 << "no_reader"
