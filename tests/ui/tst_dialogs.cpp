@@ -170,6 +170,7 @@ void tst_dialogs::num()
             .tap("confirmButton")
             .until("the message", [&] { return m_terminal->takeMessages() == QStringList{"error|不能为空"}; })
             .keys(typed)
+            .picture("quantity")
             .tap("confirmButton")
             .returned()
             .run(),
