@@ -41,12 +41,12 @@ using Tile = Func_Menu_struct;
 
 FuncMenuModel::FuncMenuModel(const QList<ModAuthDto*>& rights, QObject* parent)
     : RowModel(
-          {{1, "name", [](const Tile& tile) { return tile.authName; }},
-           {2, "funcVal", [](const Tile& tile) { return tile.funcVal; }},
-           {3, "icon", [](const Tile& tile) { return QString(QChar(lookOf(tile.funcVal).glyph)); }},
-           {4, "fromColor", [](const Tile& tile) { return QLatin1String(lookOf(tile.funcVal).fromColor); }},
-           {5, "toColor", [](const Tile& tile) { return QLatin1String(lookOf(tile.funcVal).toColor); }},
-           {6, "iconColor", [](const Tile&) { return QStringLiteral("white"); }}},
+          {field("name", &Tile::authName),
+           field("funcVal", &Tile::funcVal),
+           {"icon", [](const Tile& tile) { return QString(QChar(lookOf(tile.funcVal).glyph)); }, {}},
+           {"fromColor", [](const Tile& tile) { return QLatin1String(lookOf(tile.funcVal).fromColor); }, {}},
+           {"toColor", [](const Tile& tile) { return QLatin1String(lookOf(tile.funcVal).toColor); }, {}},
+           {"iconColor", [](const Tile&) { return QStringLiteral("white"); }, {}}},
           parent)
 {
     QVector<Func_Menu_struct> tiles;

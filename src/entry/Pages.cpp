@@ -7,6 +7,7 @@
 #include "common/QmlEventLoop.h"
 #include "vm/dialogs/DialogsRegister.h"
 #include "vm/mainpage/Fps.h"
+#include "vm/module1/Module1Register.h"
 
 #include <QDebug>
 #include <QFontDatabase>
@@ -46,6 +47,7 @@ void registerSingletons()
 void registerTypes()
 {
     DialogsRegister::getInstance()->init();
+    Module1Register().init();
     qmlRegisterType<QmlEventLoop>("QmlEventLoop", 1, 0, "QmlEventLoop");
     qmlRegisterType<Fps>("Fps", 1, 0, "Fps");
 }

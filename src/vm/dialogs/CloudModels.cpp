@@ -7,11 +7,10 @@ const char offlineColor[] = "#F3200A";
 } // namespace
 
 CloudLineModel::CloudLineModel(QObject* parent)
-    : RowModel({{Qt::UserRole + 1, "name", [](const cloud_sub_line& line) { return line.name; }},
-                {Qt::UserRole + 2, "content", [](const cloud_sub_line& line) { return line.content; }},
-                {Qt::UserRole + 3, "backColor", [](const cloud_sub_line& line) { return line.backColor; }},
-                {Qt::UserRole + 4, "isChecked", [](const cloud_sub_line& line) { return line.isChecked; }}},
-               parent)
+    : CheckOneModel({field("name", &cloud_sub_line::name), field("content", &cloud_sub_line::content),
+                     field("backColor", &cloud_sub_line::backColor),
+                     field("isChecked", &cloud_sub_line::isChecked)},
+                    parent)
 {
 }
 
@@ -25,16 +24,7 @@ void CloudLineModel::update(const Array<SubLineDto*>& lines)
     replace(fresh);
 }
 
-bool CloudLineModel::onChecked(int index)
-{
-    QVector<cloud_sub_line> lines = rows();
-    if (index < 0 || index >= lines.size())
-        return false;
-    for (int i = 0; i < lines.size(); ++i)
-        lines[i].isChecked = i == index;
-    replace(lines);
-    return true;
-}
+bool CloudLineModel::onChecked(int index) { return checkOnly(index); }
 
 bool CloudLineModel::isOk(int index) const { return rows().value(index).isOk; }
 
@@ -45,7 +35,7 @@ void CloudLineModel::clearChecked()
     QVector<cloud_sub_line> lines = rows();
     for (cloud_sub_line& line : lines)
         line.isChecked = false;
-    replace(lines);
+    refresh(lines);
 }
 
 CloudLineData::CloudLineData(const ReqLineDto* platform, QObject* parent)
@@ -55,11 +45,11 @@ CloudLineData::CloudLineData(const ReqLineDto* platform, QObject* parent)
 }
 
 CloudPlatModel::CloudPlatModel(QObject* parent)
-    : RowModel({{Qt::UserRole + 1, "name", [](CloudLineData* platform) { return platform->name; }},
-                {Qt::UserRole + 2, "icon", [](CloudLineData* platform) { return platform->icon; }},
-                {Qt::UserRole + 3, "lineModel",
-                 [](CloudLineData* platform) { return QVariant::fromValue(platform->pLineMode); }}},
-               parent)
+    : RowModel(
+          {{"name", [](CloudLineData* platform) { return platform->name; }, {}},
+           {"icon", [](CloudLineData* platform) { return platform->icon; }, {}},
+           {"lineModel", [](CloudLineData* platform) { return QVariant::fromValue(platform->pLineMode); }, {}}},
+          parent)
 {
 }
 

@@ -15,7 +15,7 @@ struct cloud_sub_line
 };
 
 /// The lines of one platform. An index out of range gives false and changes nothing.
-class CloudLineModel : public RowModel<cloud_sub_line>
+class CloudLineModel : public CheckOneModel<cloud_sub_line>
 {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ public:
     explicit CloudLineModel(QObject* parent = nullptr);
 
     Q_INVOKABLE void update(const Array<SubLineDto*>& lines);
-    Q_INVOKABLE void update(const QVector<cloud_sub_line>& lines) { replace(lines); }
+    Q_INVOKABLE void update(const QVector<cloud_sub_line>& lines) { refresh(lines); }
     Q_INVOKABLE bool onChecked(int index);
     Q_INVOKABLE bool isOk(int index) const;
     Q_INVOKABLE bool isChecked(int index) const;

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QObject>
+
+/// The types of the room module's pages.
+class Module1Register : public QObject
+{
+    Q_OBJECT
+
+public:
+    void init();
+};

@@ -1,0 +1,58 @@
+import QtQuick 2.15
+import "../../js/Glyphs.js" as Glyphs
+
+// A whole number between a minus and a plus, with a label before and a unit behind. It changes nothing itself: the
+// page keeps the value.
+Row {
+    id: stepper
+
+    property string label: ""
+    property string unit: ""
+    property int value: 0
+    property int minimum: 0
+
+    signal lowered()
+    signal raised()
+
+    spacing: Theme.spacing
+
+    Text {
+        visible: stepper.label !== ""
+        height: minus.height
+        verticalAlignment: Text.AlignVCenter
+        text: stepper.label
+        textFormat: Text.PlainText
+        font.family: Pinfang
+        font.pixelSize: Theme.titleSize
+        color: Theme.text
+    }
+
+    StepKey {
+        id: minus
+        objectName: "minusButton"
+        iconText: Glyphs.minus
+        label: "减"
+        opacity: stepper.value > stepper.minimum ? 1 : 0.4
+        onClicked: stepper.lowered()
+    }
+
+    Text {
+        objectName: "stepValue"
+        width: Math.max(90, implicitWidth)
+        height: minus.height
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        text: stepper.value + stepper.unit
+        textFormat: Text.PlainText
+        font.family: Pinfang
+        font.pixelSize: 30
+        color: Theme.text
+    }
+
+    StepKey {
+        objectName: "plusButton"
+        iconText: Glyphs.plus
+        label: "加"
+        onClicked: stepper.raised()
+    }
+}
