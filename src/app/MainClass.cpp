@@ -128,6 +128,8 @@ void MainClass::msgConfirmResult(int result)
 
 void MainClass::onDestruct(const QString& code) { Q_EMIT destructSignal(code); }
 
+void MainClass::setMqttTopics(const QList<QString>&) {} // the channel comes with the broker client
+
 void MainClass::startReadStaff(BaseObject* listener) { m_readers.push(ReaderStacks::Staff, listener); }
 
 void MainClass::stopReadStaff(BaseObject* listener) { m_readers.remove(ReaderStacks::Staff, listener); }

@@ -48,6 +48,9 @@ public:
     void startReadHand(BaseObject* listener);
     void stopReadHand(BaseObject* listener);
 
+    /// The topics to listen to, in place of those before.
+    void setMqttTopics(const QList<QString>& topics);
+
     /// A module's view-model ends; waits that belong to it end with it.
     void onDestruct(const QString& code);
 
@@ -55,6 +58,10 @@ Q_SIGNALS:
     void msgConfirmSignal(const QString& title, const QString& msg);
     void msgConfirmDone();
     void destructSignal(const QString& code);
+    /// A message on one of the wanted topics, which comes without the store id.
+    void mqttSignal(const QString& topic, const QString& msg);
+    /// The broker is back; what was published in the meantime is lost.
+    void mqttReconnected();
 
 private:
     friend class Singleton<MainClass>;

@@ -155,6 +155,11 @@ Terminal& Terminal::keys(const QString& text)
     return *this;
 }
 
+Terminal& Terminal::login(const QString& tile, const QString& number, const QString& password)
+{
+    return tap(tile).see("loginDlg").keys(number).tap("confirmButton").keys(password).tap("confirmButton");
+}
+
 Terminal& Terminal::see(const QString& name)
 {
     return add("see " + name, [this, name] { return item(name) != nullptr; });

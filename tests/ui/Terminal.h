@@ -35,6 +35,8 @@ public:
     Terminal& tap(const QString& name);
     /// Taps the keys of the dialog on top one after the other.
     Terminal& keys(const QString& text);
+    /// Taps a module's tile and logs in by number and password.
+    Terminal& login(const QString& tile, const QString& number, const QString& password);
     /// Waits until an item with this name is visible, or none is.
     Terminal& see(const QString& name);
     Terminal& seeNot(const QString& name);

@@ -52,7 +52,6 @@ private Q_SLOTS:
     void lineDialog();
 
 private:
-    Terminal& login(const QString& tile, const QString& number, const QString& password);
     void leaveModule();
     Terminal& callRefusedToFrontDesk(Reply<GetAuthInfoByCode>& reply, int refusals);
 
@@ -73,16 +72,6 @@ void tst_shell::init()
     config()->setCurrentMod({});
 }
 
-Terminal& tst_shell::login(const QString& tile, const QString& number, const QString& password)
-{
-    return m_terminal->tap(tile)
-        .see("loginDlg")
-        .keys(number)
-        .tap("confirmButton")
-        .keys(password)
-        .tap("confirmButton");
-}
-
 void tst_shell::leaveModule()
 {
     QCOMPARE(m_terminal->tap("returnButton").seeNot("returnButton").run(), QString());
@@ -94,7 +83,7 @@ Terminal& tst_shell::callRefusedToFrontDesk(Reply<GetAuthInfoByCode>& reply, int
 {
     m_terminal->house().answer(keepLogin, QJsonObject{{"code", "AUTH_ERR_0002"}, {"msg", "需要授权"}},
                                refusals);
-    return login("tile_ROOMINFO_CTRL", "1101", "1101")
+    return m_terminal->login("tile_ROOMINFO_CTRL", "1101", "1101")
         .see("Module1")
         .act([&reply] {
             QTimer::singleShot(0, qApp, [&reply] { reply = held(Baa00Service::getInstance()->keepLogin()); });
@@ -189,7 +178,7 @@ void tst_shell::refusedLogins()
     QFETCH(QString, number);
     QFETCH(QString, password);
     QFETCH(QString, message);
-    QCOMPARE(login(tile, number, password).seeNot("loginDlg").run(), QString());
+    QCOMPARE(m_terminal->login(tile, number, password).seeNot("loginDlg").run(), QString());
     const QStringList messages = m_terminal->takeMessages();
     QCOMPARE(messages.size(), 1);
     QVERIFY2(messages.first().startsWith(message), qPrintable(messages.first()));
@@ -302,7 +291,7 @@ void tst_shell::everyTile()
     QFETCH(QString, button);
     QFETCH(QString, page);
     QFETCH(QString, word);
-    Terminal& road = login(button, "1001", "1001").seeNot("loginDlg");
+    Terminal& road = m_terminal->login(button, "1001", "1001").seeNot("loginDlg");
     if (!page.isEmpty())
         road.see(page);
     QCOMPARE(road.run(), QString());
@@ -319,17 +308,18 @@ void tst_shell::everyTile()
 void tst_shell::helperCredentials()
 {
     config()->setLoginUser(QStringLiteral("before"));
-    QCOMPARE(login("tile_ROOMINFO_CTRL", "1001", "1001").see("Module1").run(), QString());
+    QCOMPARE(m_terminal->login("tile_ROOMINFO_CTRL", "1001", "1001").see("Module1").run(), QString());
     QCOMPARE(config()->loginUser(), QStringLiteral("before"));
     leaveModule();
-    QCOMPARE(login("tile_HELP_BASH_WAIT", "601", "601").see("Module4").run(), QString());
+    QCOMPARE(m_terminal->login("tile_HELP_BASH_WAIT", "601", "601").see("Module4").run(), QString());
     QCOMPARE(config()->loginUser() + config()->loginPwd() + config()->loginRfid(), QStringLiteral("601601"));
     leaveModule();
 }
 
 void tst_shell::lockAndUnlock()
 {
-    QCOMPARE(login("tile_ROOMINFO_CTRL", "1101", "1101").see("Module1").tap("lockButton").run(), QString());
+    QCOMPARE(m_terminal->login("tile_ROOMINFO_CTRL", "1101", "1101").see("Module1").tap("lockButton").run(),
+             QString());
     QTRY_VERIFY(config()->isCurrentModeLocked());
     m_terminal->picture("module-locked");
     QCOMPARE(m_terminal->tap("lockButton").see("loginDlg").tap("cancelButton").seeNot("loginDlg").run(),
@@ -349,13 +339,14 @@ void tst_shell::lockAndUnlock()
 
 void tst_shell::leavingALockedModule()
 {
-    QCOMPARE(login("tile_TRANSFER_CTRL", "1001", "1001").see("Module9").tap("lockButton").run(), QString());
+    QCOMPARE(m_terminal->login("tile_TRANSFER_CTRL", "1001", "1001").see("Module9").tap("lockButton").run(),
+             QString());
     QTRY_VERIFY(config()->isCurrentModeLocked());
     QCOMPARE(m_terminal->tap("returnButton").see("loginDlg").tap("cancelButton").seeNot("loginDlg").run(),
              QString());
     QVERIFY(m_terminal->item("Module9"));
     m_terminal->house().reset();
-    QCOMPARE(login("returnButton", "1001", "1001").seeNot("Module9").run(), QString());
+    QCOMPARE(m_terminal->login("returnButton", "1001", "1001").seeNot("Module9").run(), QString());
     const QJsonObject sent =
         m_terminal->house().requests("/baa00/loginMod").last().toObject().value("json").toObject();
     QCOMPARE(sent.value("modCode").toString(), QStringLiteral("PAY_CTRL"));
@@ -366,7 +357,7 @@ void tst_shell::keepAliveFollowsTheModule()
 {
     auto* timer = MainClass::getInstance()->findChild<QTimer*>(QStringLiteral("keepLogin"));
     QVERIFY(!timer->isActive());
-    QCOMPARE(login("tile_ROOMINFO_CTRL", "1001", "1001").see("Module1").run(), QString());
+    QCOMPARE(m_terminal->login("tile_ROOMINFO_CTRL", "1001", "1001").see("Module1").run(), QString());
     QVERIFY(timer->isActive());
     QCOMPARE(timer->interval(), 7125000);
     m_terminal->house().reset();

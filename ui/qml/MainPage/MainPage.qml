@@ -26,6 +26,9 @@ Rectangle {
         TRANSFER_CTRL: {page: "Module9", properties: res => ({})}
     })
 
+    // The modules that have a page.
+    readonly property var pages: ({Module1: "qrc:/qml/Module1/Module1.qml"})
+
     // Dialogs that a tile opens in place of a page.
     readonly property var summaries: ({YJ: "sellSumDlg", JRZB: "todaySumDlg"})
 
@@ -41,9 +44,16 @@ Rectangle {
             return
         GlobalConfig.currentMod = word
         if (modules[code] !== undefined)
-            stackView.push(modulePage, {module: modules[code].page})
+            openModule(modules[code].page, modules[code].properties(res))
         else if (summaries[code] !== undefined)
             Dlg.showDialog(summaries[code], {})
+    }
+
+    function openModule(name, properties) {
+        if (pages[name] !== undefined)
+            stackView.push(pages[name], properties)
+        else
+            stackView.push(modulePage, {module: name})
     }
 
     function leaveModule() {

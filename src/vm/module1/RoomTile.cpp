@@ -1,0 +1,134 @@
+#include "vm/module1/RoomTile.h"
+
+#include <QLocale>
+
+namespace {
+
+enum RoomStatus {
+    RoomEmpty = 1,
+    RoomMassage = 2,
+    RoomRest = 3,
+    RoomCleaning = 4,
+    RoomOccupied = 5,
+    RoomGuest = 6
+};
+
+constexpr int guestRoomType = 2;
+constexpr qint64 minutesPerHour = 60;
+constexpr qint64 overrunShownMinutes = 2879; ///< a longer one only counts as a day
+
+QString colorOfTile(const RoomDto& room)
+{
+    switch (room.status()) {
+    case RoomEmpty:
+        return QStringLiteral("#08A0D3");
+    case RoomMassage:
+    case RoomRest:
+        return room.isSettle() ? QStringLiteral("#B2B10A") : QStringLiteral("#DB70D7");
+    case RoomCleaning:
+        return QStringLiteral("#409914");
+    case RoomOccupied:
+        return room.dirtyFlg() ? QStringLiteral("#409914") : QStringLiteral("#CD3333");
+    case RoomGuest:
+        return room.dirtyFlg() && room.openType() == guestRoomType ? QStringLiteral("#AC9273")
+                                                                   : QStringLiteral("#DB70D7");
+    case 7:
+        return QStringLiteral("#DB70D7");
+    case 8:
+        return QStringLiteral("#E51C23");
+    default:
+        return QStringLiteral("#000000");
+    }
+}
+
+/// Whether guests are inside, so that cards, technicians and times mean something.
+bool isInUse(int status)
+{
+    return status == RoomMassage || status == RoomRest || status == 7 || status == 8 || status == 9;
+}
+
+QString cleanerOf(const RoomDto& room) { return room.cleanerName() + QLatin1Char('-') + room.cleanerNo(); }
+
+QString stateText(const RoomDto& room)
+{
+    const bool hasCleaner = !room.cleanerNo().isEmpty();
+    QString text;
+    switch (room.status()) {
+    case RoomEmpty:
+        text = room.roomLock() ? QStringLiteral("预约") : room.statusStr();
+        break;
+    case RoomCleaning:
+        text = room.cleanFlg() == 1   ? QStringLiteral("开始清扫")
+               : room.cleanFlg() == 2 ? QStringLiteral("清扫完成")
+                                      : room.statusStr();
+        if (hasCleaner)
+            text = cleanerOf(room);
+        break;
+    case RoomOccupied:
+        if (room.dirtyFlg())
+            return QStringLiteral("清扫");
+        text = room.cooName();
+        break;
+    default:
+        break;
+    }
+    return room.dirtyFlg() && hasCleaner ? cleanerOf(room) : text;
+}
+
+QString hoursAndMinutes(const QString& form, qint64 minutes)
+{
+    return form.arg(minutes / minutesPerHour).arg(minutes % minutesPerHour);
+}
+
+QString leftText(qint64 surplusMinutes)
+{
+    if (surplusMinutes >= 0)
+        return hoursAndMinutes(QStringLiteral("%1:%2"), surplusMinutes);
+    if (surplusMinutes < -overrunShownMinutes)
+        return QStringLiteral("超:1d");
+    return hoursAndMinutes(QStringLiteral("超:>%1:%2"), -surplusMinutes);
+}
+
+QString labelled(const QString& label, const QString& text)
+{
+    return text.isEmpty() ? QString() : label + text;
+}
+
+} // namespace
+
+RoomTile tileOf(const RoomDto& room, bool isShowAmount)
+{
+    RoomTile tile;
+    const int status = room.status();
+    tile.roomId = room.id();
+    tile.roomNo = room.code();
+    if (room.name() != room.code())
+        tile.roomName = room.name();
+    tile.roomFloor = room.floorname();
+    tile.roomNum = QStringLiteral("%1/%2").arg(room.num()).arg(room.innum());
+    tile.backColor = colorOfTile(room);
+    tile.statusVal = stateText(room);
+    tile.remark = room.remark();
+    tile.roomLock = room.roomLock();
+    tile.openType = room.openType();
+    tile.dirtyFlg = room.dirtyFlg();
+    tile.status = status;
+    tile.cleanFlg = room.cleanFlg();
+    if (isShowAmount && (status == RoomMassage || status == RoomRest) && room.needPayAmount() > 0)
+        tile.payAmount =
+            QStringLiteral("¥%1").arg(room.needPayAmount(), 0, 'g', QLocale::FloatingPointShortest);
+    if ((status == RoomCleaning || room.dirtyFlg()) && !room.cleanerNo().isEmpty())
+        tile.roomCleaner = room.cleanerNo() + QLatin1Char('-') + room.cleanerName();
+    if (status == RoomMassage)
+        tile.lastSvrTime = room.lastSvrTime();
+    if (isInUse(status)) {
+        tile.cardList = labelled(QStringLiteral("客:"), room.cardnos());
+        tile.staffList = labelled(QStringLiteral("技:"), room.staffnos());
+        tile.finishStaff = labelled(QStringLiteral("停:"), room.completedStaffnos());
+        tile.groupRoom = labelled(QStringLiteral("团:"), room.groupRoom());
+        tile.usedTime =
+            hoursAndMinutes(QStringLiteral("%1:%2"), room.hours() * minutesPerHour - room.surplus());
+        tile.leftTime = leftText(room.surplus());
+    }
+    return tile;
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "dto/room/RoomRecords.h"
+
+/// What a tile of the board shows and what a tap on it needs, made once from a room's record. Texts that don't
+/// apply to the room's state are empty.
+struct RoomTile
+{
+    QString roomId;
+    QString roomNo;
+    QString roomName; ///< empty when it says no more than the number
+    QString roomFloor;
+    QString roomNum;
+    QString backColor;
+    QString payAmount;
+    QString statusVal; ///< the state in words, or who cleans
+    QString cardList;
+    QString staffList;
+    QString finishStaff;
+    QString groupRoom;
+    QString usedTime; ///< hours:minutes, not padded
+    QString leftTime; ///< the same, or by how much the room is overrun
+    QString roomCleaner;
+    QString remark;
+    QString lastSvrTime;
+    bool roomLock = false;
+    int openType = 0;
+    bool dirtyFlg = false;
+    int status = 0;
+    int cleanFlg = 0;
+};
+
+/// Amounts are shown where the terminal is told to.
+RoomTile tileOf(const RoomDto& room, bool isShowAmount);

@@ -1,0 +1,42 @@
+import QtQuick 2.15
+import QtQuick.Controls 2.15
+import "../Components"
+
+// A green panel beside the board: a title and a list.
+Rectangle {
+    id: panel
+
+    property string title: ""
+    property alias model: list.model
+    property alias delegate: list.delegate
+
+    radius: Theme.radius
+    color: "#17795E"
+
+    Text {
+        id: head
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.top: parent.top
+        anchors.topMargin: 6
+        text: panel.title
+        textFormat: Text.PlainText
+        font.family: Pinfang
+        font.pixelSize: 22
+        color: Theme.textOnColor
+    }
+
+    ListView {
+        id: list
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: head.bottom
+        anchors.bottom: parent.bottom
+        anchors.margins: 6
+        clip: true
+        spacing: 4
+        boundsBehavior: Flickable.StopAtBounds
+        ScrollBar.vertical: ScrollBar {
+            policy: ScrollBar.AsNeeded
+        }
+    }
+}
