@@ -23,8 +23,11 @@ Reply getHardCardDetail(House& house, const Call& call)
     if (!card)
         return noSuchCard();
     std::vector<std::string> ids = {card->id};
-    if (const Room* room = house.state.rooms.find(card->roomId))
+    const Room* room = house.state.rooms.find(card->roomId);
+    if (room)
         ids = room->cardIds;
+    // The card that is the room's own never is in another one.
+    const std::string roomNo = room && room->code != card->number ? room->code : std::string();
     std::vector<std::string> numbers;
     for (const std::string& id : ids)
         numbers.push_back(house.state.cardNumber(id));
@@ -38,14 +41,15 @@ Reply getHardCardDetail(House& house, const Call& call)
                         {"openCardTime", timeText(card->openedAt)},
                         {"cardIds", joined(ids)},
                         {"cardnos", joined(numbers)},
-                        {"roomNo", house.state.roomCode(card->roomId)}});
+                        {"roomNo", roomNo}});
 }
 
 std::map<std::string, double> amountsByCard(const State& state)
 {
     std::map<std::string, double> amounts;
     for (const Order& order : state.orders)
-        amounts[order.cardId] = roundMoney(amounts[order.cardId] + amountOf(order));
+        if (isOpen(order))
+            amounts[order.cardId] = roundMoney(amounts[order.cardId] + amountOf(order));
     return amounts;
 }
 
@@ -98,8 +102,7 @@ Reply getPkgTktsList(House& house, const Call& call)
 Reply editPkgCards(House& house, const Call& call)
 {
     Order* order = house.state.orders.find(call.text("orderId"));
-    if (!order || order->cardId != call.text("cardId") || order->kind != OrderKind::Ticket ||
-        order->status == LineStatus::Void)
+    if (!order || order->cardId != call.text("cardId") || order->kind != OrderKind::Ticket || !isOpen(*order))
         return Reply::refuse("CARD_ERR_0002", "该手牌没有这张套票");
     const Item* ticket = house.state.items.find(call.text("pkgTktId"));
     if (!ticket || ticket->isPackTicket != 1)

@@ -10,7 +10,7 @@ Complaint changeRoomAct(House& house, const Call& call)
 {
     Room& from = roomAsked(house, call, "oldRoomId");
     if (call.body["status"] != static_cast<int>(from.status))
-        return "房间状态已变化，请刷新后再试";
+        return roomHasChanged;
     const Plan* plan = call.body.contains("planId") ? &planAsked(house, call, "planId") : nullptr;
     return changeRoom(house.state, from, roomAsked(house, call, "newRoomId"), plan, call.body["isClean"] == 1,
                       actOf(call));

@@ -67,6 +67,8 @@ Complaint setRemark(House& house, const Call& call)
 Reply leaveRoomNew(House& house, const Call& call)
 {
     Room& room = roomAsked(house, call, "id");
+    if (call.body["status"] != static_cast<int>(room.status))
+        return Reply::refuse("ROOM_ERR_0002", roomHasChanged);
     const std::string consumerId = call.text("cardId");
     const Card* consumer = consumerId.empty() ? nullptr : &cardAsked(house, consumerId);
     const bool needsCleaning = house.seed.document["sysconfig"].value("isCleaning", false);

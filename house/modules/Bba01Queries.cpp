@@ -31,7 +31,7 @@ bool isWanted(const Call& call, const Room& room, const std::set<std::string>& f
 {
     const std::string status = fieldAsText(call.body, "status");
     const bool isStatus = status.empty() || std::to_string(static_cast<int>(room.status)) == status ||
-                          (status == inUseFilter && isInUse(room));
+                          (status == inUseFilter && hasGuests(room));
     return isStatus && (floors.empty() || floors.count(room.floorId) > 0) &&
            (types.empty() || types.count(room.typeId) > 0) && startsWith(room.code, call.text("roomno"));
 }
@@ -71,7 +71,7 @@ json sums(const House& house, const Table<Row>& table, std::string Room::*link)
             if (room.*link != row.id)
                 continue;
             ++all;
-            used += isInUse(room) || room.status == RoomStatus::Guest ? 1 : 0;
+            used += hasGuests(room) ? 1 : 0;
         }
         if (all > 0)
             list.push_back({{"id", row.id}, {"name", row.name}, {"roomUseSum", used}, {"roomAllSum", all}});
@@ -91,11 +91,10 @@ Reply getRoomTypeSum(House& house, const Call&)
 
 Reply getOverTime(House& house, const Call& call)
 {
-    const RoomRecords records(house, call.now);
     std::vector<std::pair<long long, const Room*>> overrun;
     for (const Room& room : house.state.rooms)
-        if (isInUse(room) && records.surplusMinutes(room) < 0)
-            overrun.emplace_back(-records.surplusMinutes(room), &room);
+        if (hasGuests(room) && minutesLeft(room, call.now) < 0)
+            overrun.emplace_back(-minutesLeft(room, call.now), &room);
     std::stable_sort(overrun.begin(), overrun.end(),
                      [](const auto& a, const auto& b) { return a.first > b.first; });
     json list = json::array();

@@ -9,13 +9,8 @@ using nlohmann::json;
 
 constexpr int onCard = 0;
 constexpr int onRoom = 1;
-constexpr int guestRoomOpening = 2;
 
-bool takesConsumption(const Room& room)
-{
-    return room.status == RoomStatus::Massage || room.status == RoomStatus::Guest ||
-           room.openType == guestRoomOpening;
-}
+bool takesConsumption(const Room& room) { return room.status == RoomStatus::Massage || isGuestRoom(room); }
 
 std::string areaName(const House& house, const std::string& areaId)
 {

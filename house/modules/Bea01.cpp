@@ -38,7 +38,7 @@ Reply transferAct(House& house, const Call& call)
         const Card& card = cardAsked(house, source.at("cardId").get<std::string>());
         for (const std::string& orderId : textsOf(source, "orderIds")) {
             Order* order = house.state.orders.find(orderId);
-            if (!order || order->cardId != card.id || order->status == LineStatus::Void)
+            if (!order || order->cardId != card.id || !isOpen(*order))
                 return Reply::refuse("CARD_ERR_0005",
                                      "手牌" + card.number + "的消费已变化，请重新查询后再转账");
             moved.push_back(order);

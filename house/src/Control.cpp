@@ -1,8 +1,10 @@
 #include "src/Control.h"
 
 #include "src/Text.h"
+#include "src/state/StateSeed.h"
 
 #include <array>
+#include <set>
 
 namespace house {
 namespace {
@@ -76,6 +78,55 @@ ControlAnswer publish(House& house, const json& order)
     return answer({{"ok", house.publisher->publish(topic, order.value("payload", ""))}});
 }
 
+ControlAnswer setOthers(House& house, const json& order)
+{
+    const double perSecond = order.at("perSecond").get<double>();
+    if (!(perSecond >= 0 && perSecond <= OthersOrder::highestPerSecond))
+        return complain("\"perSecond\" must be a number of changes per second");
+    orderOthers(house, perSecond, order.value("seed", OthersOrder().seed));
+    return answer({{"ok", true}});
+}
+
+/// The records of the system-init answer that hold a setting: one for the store, or one for each terminal.
+std::vector<json*> recordsWith(House& house, const std::string& setting)
+{
+    for (const char* section : {"sysconfig", "planconfig", "cardconfig"})
+        if (json& record = house.seed.document[section]; record.contains(setting))
+            return {&record};
+    static const std::set<std::string> identity = {"id", "secretKey", "storeId", "compId"};
+    std::vector<json*> records;
+    for (Terminal& terminal : house.seed.terminals)
+        if (terminal.record.contains(setting) && identity.count(setting) == 0)
+            records.push_back(&terminal.record);
+    return records;
+}
+
+bool isOfSameKind(const json& left, const json& right)
+{
+    return left.is_number() ? right.is_number() : left.type() == right.type();
+}
+
+/// Changes settings, all or none; "before" holds what they were. A terminal sees them at its next start.
+ControlAnswer setConfig(House& house, const json& order)
+{
+    json before = json::object();
+    for (const auto& [setting, value] : order.items()) {
+        const std::vector<json*> records = recordsWith(house, setting);
+        if (records.empty())
+            return complain("no such setting: " + setting);
+        before[setting] = records.front()->at(setting);
+        if (!isOfSameKind(before[setting], value))
+            return complain(setting + " is of another kind, such as " + before[setting].dump());
+    }
+    for (const auto& [setting, value] : order.items())
+        for (json* record : recordsWith(house, setting))
+            (*record)[setting] = value;
+    if (order.value("usedRoomMod", 0) == 1)
+        for (const Room& room : house.state.rooms)
+            furnishRoomCard(house.state, room);
+    return answer({{"ok", true}, {"before", before}});
+}
+
 ControlAnswer stats(House& house, const json&) { return answer(house.journal.stats()); }
 
 ControlAnswer requests(House& house, const json& order)
@@ -90,13 +141,15 @@ struct ControlPath
     ControlAnswer (*serve)(House&, const json& order);
 };
 
-constexpr std::array<ControlPath, 8> controlPaths{{
+constexpr std::array<ControlPath, 10> controlPaths{{
     {"POST", "/_control/fault", setFault},
     {"POST", "/_control/answer", setAnswer},
     {"POST", "/_control/clear", clear},
     {"POST", "/_control/reset", reset},
     {"POST", "/_control/endSessions", endSessions},
     {"POST", "/_control/publish", publish},
+    {"POST", "/_control/others", setOthers},
+    {"POST", "/_control/config", setConfig},
     {"GET", "/_control/stats", stats},
     {"GET", "/_control/requests", requests},
 }};

@@ -2,6 +2,12 @@
 
 namespace house {
 
+void orderOthers(House& house, double perSecond, std::uint64_t seed)
+{
+    house.others = {perSecond, seed, house.others.number + 1};
+    house.othersChanged.notify_all();
+}
+
 void announce(House& house, const char* topicWord, const std::string& payload)
 {
     std::string topic = house.seed.document["mqttInfo"]["mqttTopics"].value(topicWord, std::string());

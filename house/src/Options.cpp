@@ -1,7 +1,9 @@
 #include "src/Options.h"
 
+#include "src/House.h"
 #include "src/Text.h"
 
+#include <charconv>
 #include <functional>
 #include <map>
 #include <optional>
@@ -19,6 +21,9 @@ constexpr char helpText[] = R"(kv_house --seed FILE [options]
   --host ADDRESS          address to listen on (127.0.0.1)
   --port N                port to listen on; 0 picks a free one (0)
   --rooms N               number of rooms instead of those of the seed
+  --room-mode             the house works by rooms, without guests' hand cards: each room's number is its card
+  --others N              other terminals change N rooms, orders and services a second, such as 0.2; 0 for none
+                          (0). What a caller has named in the last ten minutes they leave alone
   --tls CERT KEY          serve HTTPS with this certificate and key (PEM files)
   --public-url URL        the house's own address in the line list, when it stands behind another one
   --url-file FILE         write the address to this file when ready
@@ -44,6 +49,15 @@ Complaint readNumber(const std::string& text, int highest, int& number)
         return "needs a number from 0 to " + std::to_string(highest) + ", got \"" + text + "\"";
     number = static_cast<int>(*value);
     return {};
+}
+
+Complaint readRate(const std::string& text, double& perSecond)
+{
+    const char* end = text.data() + text.size();
+    const auto [rest, fault] = std::from_chars(text.data(), end, perSecond, std::chars_format::fixed);
+    if (fault == std::errc() && rest == end && perSecond >= 0 && perSecond <= OthersOrder::highestPerSecond)
+        return {};
+    return "needs a number of changes per second, got \"" + text + "\"";
 }
 
 Complaint readFault(const std::string& text, Options& options)
@@ -79,6 +93,7 @@ std::map<std::string, Reader> readers(Options& options)
         {"--mqtt-pwd", keep(options.mqttPassword)},
         {"--port", [&](const std::string& value) { return readNumber(value, highestPort, options.port); }},
         {"--rooms", [&](const std::string& value) { return readNumber(value, mostRooms, options.rooms); }},
+        {"--others", [&](const std::string& value) { return readRate(value, options.othersPerSecond); }},
         {"--fault", [&](const std::string& value) { return readFault(value, options); }},
     };
 }
@@ -101,6 +116,10 @@ std::variant<Options, EarlyExit> parseOptions(const std::vector<std::string>& ar
             return EarlyExit{0, helpText};
         if (name == "--no-publish") {
             options.publishes = false;
+            continue;
+        }
+        if (name == "--room-mode") {
+            options.worksByRooms = true;
             continue;
         }
         if (name == "--tls") {

@@ -23,7 +23,9 @@ struct Options
     std::string mqttUrl;
     std::string mqttUser;
     std::string mqttPassword;
-    bool publishes = true; ///< announces changes on the broker told to the terminals
+    double othersPerSecond = 0;
+    bool worksByRooms = false; ///< without guests' hand cards
+    bool publishes = true;     ///< announces changes on the broker told to the terminals
     std::vector<std::pair<std::string, Fault>> faults; ///< path and fault
 };
 

@@ -279,6 +279,7 @@ std::variant<Call, Reply> checkRequest(House& house, const Endpoint& endpoint, c
     for (const auto step : steps)
         if (const Refusal refusal = step(check))
             return *refusal;
+    house.holds.note(house.state, house.seed, check.call.body, check.call.now);
     return std::move(check.call);
 }
 

@@ -26,7 +26,8 @@ struct WireRequest
 std::string encodedJson(const WireRequest& request);
 
 /// Either the call for the handler, or the refusal with a code "REQ_ERR_…" or "AUTH_ERR_0002".
-/// The caller holds the house's mutex. A request that passes has used up its nonce.
+/// The caller holds the house's mutex. A request that passes has used up its nonce,
+/// and what it names is held for its caller.
 std::variant<Call, Reply> checkRequest(House& house, const Endpoint& endpoint, const WireRequest& request);
 
 } // namespace house

@@ -3,6 +3,7 @@
 #include "src/Log.h"
 #include "src/Options.h"
 #include "src/Server.h"
+#include "src/others/OthersTimer.h"
 #include "src/state/StateSeed.h"
 
 #include <csignal>
@@ -73,6 +74,8 @@ int run(const Options& options)
     House house;
     house.seed = std::get<Seed>(std::move(seed));
     house.clock = [] { return static_cast<std::int64_t>(std::time(nullptr)); };
+    if (options.worksByRooms)
+        house.seed.document["sysconfig"]["usedRoomMod"] = 1;
     std::variant<State, std::string> state = furnish(house.seed, options.rooms, house.clock());
     if (const std::string* error = std::get_if<std::string>(&state))
         return fail(*error);
@@ -95,7 +98,9 @@ int run(const Options& options)
     const std::string scheme = options.certFile.empty() ? "http" : "https";
     const std::string url = ownAddress(options, scheme, server.port());
     house.seed.fillAddress(options.publicUrl.empty() ? url : options.publicUrl, scheme, server.port());
+    orderOthers(house, options.othersPerSecond, OthersOrder().seed);
     server.start();
+    const OthersTimer others(house, log);
 
     if (!options.urlFile.empty() && !writeUrlFile(options.urlFile, url))
         return fail("cannot write the address file " + options.urlFile);

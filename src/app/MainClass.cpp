@@ -54,8 +54,10 @@ MainClass::~MainClass()
 
 void MainClass::init()
 {
-    if (initSysConfig())
-        initReaders();
+    if (!initSysConfig())
+        return;
+    initMqtt(true);
+    initReaders();
 }
 
 void MainClass::initDb()
@@ -127,8 +129,6 @@ void MainClass::msgConfirmResult(int result)
 }
 
 void MainClass::onDestruct(const QString& code) { Q_EMIT destructSignal(code); }
-
-void MainClass::setMqttTopics(const QList<QString>&) {} // the channel comes with the broker client
 
 void MainClass::startReadStaff(BaseObject* listener) { m_readers.push(ReaderStacks::Staff, listener); }
 

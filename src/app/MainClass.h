@@ -11,6 +11,7 @@ class BaseObject;
 class GlobalConfig;
 class HandCardDevice;
 class KvsystemService;
+class MqttClient;
 class MyMessage;
 class StaffDevice;
 
@@ -48,6 +49,9 @@ public:
     void startReadHand(BaseObject* listener);
     void stopReadHand(BaseObject* listener);
 
+    /// Opens the channel to the broker, in place of the one before; unless the parameters are kept, they are
+    /// fetched again first, and when that fails everything stays as it is. Nothing is subscribed on a new one.
+    void initMqtt(bool keepParameters);
     /// The topics to listen to, in place of those before.
     void setMqttTopics(const QList<QString>& topics);
 
@@ -60,8 +64,8 @@ Q_SIGNALS:
     void destructSignal(const QString& code);
     /// A message on one of the wanted topics, which comes without the store id.
     void mqttSignal(const QString& topic, const QString& msg);
-    /// The broker is back; what was published in the meantime is lost.
-    void mqttReconnected();
+    /// The channel to the broker stands, for the first time or again: what was published before is lost.
+    void mqttConnected();
 
 private:
     friend class Singleton<MainClass>;
@@ -72,12 +76,15 @@ private:
     bool fetchLines();
     void chooseLine();
     bool fetchSysInit();
+    bool fetchMqttInfo();
+    void onMqttMessage(const QString& topic, const QString& msg);
 
     MyMessage* m_message;
     GlobalConfig* m_config;
     StaffDevice* m_staffDevice = nullptr;
     HandCardDevice* m_handDevice = nullptr; ///< null while no hand card reader is in use
     ReaderStacks m_readers;
+    MqttClient* m_mqttClient = nullptr; ///< a child; null until the start-up has made it
     QTimer* m_keepLoginTimer;
     Baa00Service* m_baa00;
     KvsystemService* m_kvsystem;

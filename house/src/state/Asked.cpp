@@ -1,5 +1,7 @@
 #include "src/state/Asked.h"
 
+#include <algorithm>
+
 namespace house {
 namespace {
 
@@ -40,8 +42,11 @@ Card& cardAsked(House& house, const std::string& id)
 Cards cardsAsked(House& house, const Call& call, const std::string& field)
 {
     Cards cards;
-    for (const std::string& id : textsOf(call.body, field))
-        cards.push_back(&cardAsked(house, id));
+    for (const std::string& id : textsOf(call.body, field)) {
+        Card* card = &cardAsked(house, id);
+        if (std::find(cards.begin(), cards.end(), card) == cards.end())
+            cards.push_back(card);
+    }
     return cards;
 }
 

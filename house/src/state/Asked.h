@@ -22,6 +22,7 @@ struct Refusal
 Room& roomAsked(House& house, const Call& call, const std::string& field);
 Room& roomByCodeAsked(House& house, const Call& call, const std::string& field);
 Card& cardAsked(House& house, const std::string& id);
+/// Each card once.
 Cards cardsAsked(House& house, const Call& call, const std::string& field);
 std::vector<Room*> roomsAsked(House& house, const Call& call, const std::string& field);
 const Plan& planAsked(House& house, const Call& call, const std::string& field);

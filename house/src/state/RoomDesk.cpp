@@ -7,8 +7,8 @@
 namespace house {
 namespace {
 
-constexpr char changed[] = "房间状态已变化，请刷新后再试";
 constexpr int houseOpening = 1;
+constexpr int guestRoomOpening = 2;
 
 void enter(Room& room, RoomStatus status, Seconds now)
 {
@@ -19,7 +19,7 @@ void enter(Room& room, RoomStatus status, Seconds now)
 Complaint cannotOpen(const Room& room, const Cards& cards)
 {
     if (room.status != RoomStatus::Empty)
-        return changed;
+        return roomHasChanged;
     if (room.isReserved)
         return "房间" + room.code + "已被预约，不能直接开房";
     return unusableCard(cards);
@@ -29,7 +29,19 @@ bool isCharge(const Order& order) { return order.kind == OrderKind::RoomFee || o
 
 } // namespace
 
-bool isInUse(const Room& room) { return room.status == RoomStatus::Massage || room.status == RoomStatus::Rest; }
+bool isGuestRoom(const Room& room) { return room.openType == guestRoomOpening; }
+
+bool isInUse(const Room& room)
+{
+    return !isGuestRoom(room) && (room.status == RoomStatus::Massage || room.status == RoomStatus::Rest);
+}
+
+bool hasGuests(const Room& room) { return isGuestRoom(room) || isInUse(room); }
+
+long long minutesLeft(const Room& room, Seconds now)
+{
+    return room.openedAt == 0 ? 0 : room.hours * 60 - (now - room.openedAt) / 60;
+}
 
 Complaint openMassageRoom(State& state, Room& room, const Cards& cards, int hours, bool isJoined,
                           const Act& act)
@@ -66,7 +78,7 @@ Complaint openRestRoom(State& state, Room& room, const Cards& cards, const Plan&
 Complaint occupyRoom(Room& room, const OccupationType& type, const std::string& remark, const Act& act)
 {
     if (room.status != RoomStatus::Empty && room.status != RoomStatus::Cleaning)
-        return changed;
+        return roomHasChanged;
     room.isDirty = room.status == RoomStatus::Cleaning;
     enter(room, RoomStatus::Occupied, act.now);
     room.occupationTypeId = type.id;
@@ -78,7 +90,7 @@ Complaint occupyRoom(Room& room, const OccupationType& type, const std::string& 
 Complaint releaseRoom(Room& room, const Act& act)
 {
     if (room.status != RoomStatus::Occupied || room.isDirty)
-        return changed;
+        return roomHasChanged;
     enter(room, RoomStatus::Empty, act.now);
     room.occupationTypeId.clear();
     room.occupationRemark.clear();
@@ -89,7 +101,7 @@ Complaint releaseRoom(Room& room, const Act& act)
 Complaint sendToCleaning(Room& room, const Act& act)
 {
     if (room.status != RoomStatus::Empty)
-        return changed;
+        return roomHasChanged;
     enter(room, RoomStatus::Cleaning, act.now);
     room.cleanFlg = 0;
     return {};
@@ -98,7 +110,7 @@ Complaint sendToCleaning(Room& room, const Act& act)
 Complaint setCleaning(Room& room, int cleanFlg, const std::string& cleanerId, const Act& act)
 {
     if (room.status != RoomStatus::Cleaning || cleanFlg < 1 || cleanFlg > 2 || cleanFlg != room.cleanFlg + 1)
-        return changed;
+        return roomHasChanged;
     room.cleanFlg = cleanFlg;
     room.cleanerId = cleanerId;
     room.changedAt = act.now;
@@ -109,7 +121,7 @@ Complaint endCleaning(Room& room, const Act& act)
 {
     const bool isOccupiedDirty = room.status == RoomStatus::Occupied && room.isDirty;
     if (room.status != RoomStatus::Cleaning && !isOccupiedDirty)
-        return changed;
+        return roomHasChanged;
     enter(room, RoomStatus::Empty, act.now);
     room.cleanFlg = 0;
     room.isDirty = false;
@@ -123,7 +135,7 @@ Complaint endCleaning(Room& room, const Act& act)
 Complaint cancelOpening(State& state, Room& room, const Act& act)
 {
     if (!isInUse(room))
-        return changed;
+        return roomHasChanged;
     if (hasRunningService(state, room))
         return "房间内有技师正在上钟，不能取消开房";
     const std::vector<Order*> orders = state.ordersOfRoom(room.id);
@@ -141,7 +153,7 @@ Complaint leaveRoom(State& state, Room& room, const Cards& cards, const Card* co
                     const Act& act)
 {
     if (!isInUse(room))
-        return changed;
+        return roomHasChanged;
     for (const Card* card : cards) {
         if (card->roomId != room.id)
             return "手牌" + card->number + "不在该房间";
@@ -240,6 +252,7 @@ void closeRoom(State& state, Room& room, bool needsCleaning, Seconds now)
     room.openedBy.clear();
     room.remark.clear();
     room.isSettled = false;
+    room.callCount = 0;
     room.cleanFlg = 0;
     room.cleanerId.clear();
 }

@@ -11,6 +11,9 @@ namespace house {
 /// Chinese text for the user, empty when the thing is done. A refused call changes nothing.
 using Complaint = std::string;
 
+/// Somebody else was faster.
+inline constexpr char roomHasChanged[] = "房间状态已变化，请刷新后再试";
+
 using Cards = std::vector<Card*>;
 
 /// Who does it, and when.
@@ -20,7 +23,12 @@ struct Act
     Seconds now = 0;
 };
 
-bool isInUse(const Room& room); ///< as a massage room or a rest room
+bool isGuestRoom(const Room& room); ///< let as in a hotel; terminals show it and leave it alone
+bool isInUse(const Room& room);     ///< as a massage room or a rest room
+bool hasGuests(const Room& room);   ///< in use, or a guest room that is let
+
+/// Negative when overrun, 0 for a room that nobody has opened.
+long long minutesLeft(const Room& room, Seconds now);
 
 /// Guests who sit elsewhere come over; with `isJoined` their rooms and this one become a group.
 Complaint openMassageRoom(State& state, Room& room, const Cards& cards, int hours, bool isJoined,

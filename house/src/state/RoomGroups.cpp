@@ -34,7 +34,7 @@ Complaint splitRooms(State& state, const std::string& groupKey, const std::vecto
 Complaint addCards(State& state, Room& room, const Cards& cards, const Act& act)
 {
     if (!isInUse(room))
-        return "房间状态已变化，请刷新后再试";
+        return roomHasChanged;
     if (cards.empty())
         return "请先添加手牌";
     if (Complaint complaint = unusableCard(cards); !complaint.empty())
@@ -47,7 +47,7 @@ Complaint addCards(State& state, Room& room, const Cards& cards, const Act& act)
 Complaint moveCards(State& state, Room& from, Room& to, const Cards& cards, const Act& act)
 {
     if (from.status != RoomStatus::Massage)
-        return "房间状态已变化，请刷新后再试";
+        return roomHasChanged;
     if (&from == &to || (to.status != RoomStatus::Empty && !isInUse(to)) || to.isReserved)
         return "房间" + to.code + "不能转入手牌";
     if (cards.empty())

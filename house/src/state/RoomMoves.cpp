@@ -5,8 +5,6 @@
 namespace house {
 namespace {
 
-constexpr char changed[] = "房间状态已变化，请刷新后再试";
-
 void charge(State& state, const Room& room, const Plan& plan)
 {
     Order* fee = nullptr;
@@ -21,12 +19,24 @@ void charge(State& state, const Room& room, const Plan& plan)
     fee->num = 1;
 }
 
+/// A guest's card goes along; a room's own card hands its lines to that of the new room.
+Card& cardInNewRoom(State& state, Card& card, const Room& from, const Room& to, Seconds now)
+{
+    Card* successor = card.number == from.code ? state.cardByNumber(to.code) : nullptr;
+    if (!successor)
+        return card;
+    for (Order* order : state.ordersOfCard(card.id))
+        order->cardId = successor->id;
+    state.checkOut(card, now);
+    return *successor;
+}
+
 } // namespace
 
 Complaint changeRoom(State& state, Room& from, Room& to, const Plan* plan, bool needsCleaning, const Act& act)
 {
     if (!isInUse(from))
-        return changed;
+        return roomHasChanged;
     if (to.status != RoomStatus::Empty || to.isReserved)
         return "房间" + to.code + "不是空闲房，请重新选择";
     if (from.status == RoomStatus::Rest && (!plan || plan->roomTypeId != to.typeId))
@@ -42,8 +52,9 @@ Complaint changeRoom(State& state, Room& from, Room& to, const Plan* plan, bool 
     to.groupKey = from.groupKey;
     to.remark = from.remark;
     to.isSettled = from.isSettled;
+    to.callCount = from.callCount;
     for (const std::string& cardId : std::vector<std::string>(from.cardIds))
-        state.seat(*state.cards.find(cardId), to, act.now);
+        state.seat(cardInNewRoom(state, *state.cards.find(cardId), from, to, act.now), to, act.now);
     for (Order* order : state.ordersOfRoom(from.id))
         order->roomId = to.id;
     from.groupKey.clear();
@@ -54,7 +65,7 @@ Complaint changeRoom(State& state, Room& from, Room& to, const Plan* plan, bool 
 Complaint massageToRest(State& state, Room& room, const Cards& cards, const Plan& plan, const Act& act)
 {
     if (room.status != RoomStatus::Massage)
-        return changed;
+        return roomHasChanged;
     if (cards.empty())
         return "请先添加手牌";
     if (plan.roomTypeId != room.typeId)
@@ -74,7 +85,7 @@ Complaint restToMassage(State& state, Room& room, const Cards& cards, const Card
                         const Act& act)
 {
     if (room.status != RoomStatus::Rest)
-        return changed;
+        return roomHasChanged;
     if (cards.empty())
         return "请先添加手牌";
     if (hours < 1)
@@ -92,12 +103,14 @@ Complaint restToMassage(State& state, Room& room, const Cards& cards, const Card
 Complaint changePlan(State& state, Room& room, const Plan& plan)
 {
     if (room.status != RoomStatus::Rest)
-        return changed;
+        return roomHasChanged;
     if (plan.roomTypeId != room.typeId)
         return "计费方案不适用于该房型";
     charge(state, room, plan);
+    // Hours that were added stay, as their charge does.
+    const Plan* old = state.plans.find(room.planId);
+    room.hours += plan.hours - (old ? old->hours : room.hours);
     room.planId = plan.id;
-    room.hours = plan.hours;
     return {};
 }
 
@@ -105,7 +118,7 @@ Complaint addHours(State& state, Room& room, int hours, const Act& act)
 {
     const Plan* plan = state.plans.find(room.planId);
     if (room.status != RoomStatus::Rest || !plan)
-        return changed;
+        return roomHasChanged;
     if (hours < 1)
         return "增加时长不能小于1小时";
     Order& fee = addRoomFee(state, room, "房间加时", roundMoney(plan->fee / plan->hours), act.staffId, act.now);
@@ -118,7 +131,7 @@ Complaint addHours(State& state, Room& room, int hours, const Act& act)
 Complaint resetTime(Room& room, const Act& act)
 {
     if (!isInUse(room))
-        return changed;
+        return roomHasChanged;
     room.openedAt = act.now;
     return {};
 }

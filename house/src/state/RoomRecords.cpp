@@ -23,7 +23,7 @@ Seconds dueTime(const Room& room) { return room.openedAt + room.hours * hour; }
 RoomRecords::RoomRecords(const House& house, Seconds now) : house(house), now(now)
 {
     for (const Order& order : house.state.orders)
-        if (!order.roomId.empty() && order.status != LineStatus::Void)
+        if (!order.roomId.empty() && isOpen(order))
             lines[order.roomId].push_back(&order);
     for (const Room& room : house.state.rooms)
         if (!room.groupKey.empty())
@@ -45,13 +45,6 @@ std::string RoomRecords::floorName(const Room& room) const
 std::string RoomRecords::typeName(const Room& room) const
 {
     return house.state.roomTypes.find(room.typeId)->name;
-}
-
-long long RoomRecords::surplusMinutes(const Room& room) const
-{
-    if (room.openedAt == 0)
-        return 0;
-    return room.hours * hour / minute - (now - room.openedAt) / minute;
 }
 
 double RoomRecords::due(const Room& room) const
@@ -130,7 +123,7 @@ json RoomRecords::board(const Room& room) const
             {"completedStaffnos", staffCodes(room, Progress::Finished)},
             {"cooName", occupation ? occupation->name : ""},
             {"hours", room.hours},
-            {"surplus", surplusMinutes(room)},
+            {"surplus", minutesLeft(room, now)},
             {"start_time", timeText(room.openedAt)},
             {"last_time", timeText(room.changedAt)},
             {"lastSvrTime", lastService(room)},
@@ -159,10 +152,12 @@ json RoomRecords::detail(const Room& room) const
     const Plan* plan = house.state.plans.find(room.planId);
     const Staff* opener = staff(room.openedBy);
     const OccupationType* occupation = house.state.occupationTypes.find(room.occupationTypeId);
-    const long long surplus = surplusMinutes(room);
+    const long long surplus = minutesLeft(room, now);
     json calls = json::array();
     for (const CallContent& content : house.state.callContents)
-        calls.push_back({{"cardno", ""}, {"cardId", ""}, {"contId", content.id}, {"contName", content.name}});
+        if (isInUse(room) && room.status == RoomStatus::Massage)
+            calls.push_back(
+                {{"cardno", ""}, {"cardId", ""}, {"contId", content.id}, {"contName", content.name}});
     return {{"id", room.id},
             {"roomNo", room.code},
             {"roomName", typeName(room)},

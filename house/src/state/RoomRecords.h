@@ -22,8 +22,6 @@ public:
 
     std::string floorName(const Room& room) const;
     std::string typeName(const Room& room) const;
-    /// Minutes left, negative when overrun, 0 for a room that isn't in use.
-    long long surplusMinutes(const Room& room) const;
 
 private:
     using Lines = std::vector<const Order*>;

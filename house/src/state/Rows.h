@@ -22,7 +22,8 @@ struct RoomType
 {
     std::string id;
     std::string name;
-    int capacity = 1; ///< beds or chairs
+    int capacity = 1;   ///< beds or chairs
+    std::string areaId; ///< the work area that serves its guests
 };
 
 struct Room
@@ -134,6 +135,7 @@ struct Order
     Seconds endedAt = 0;
     bool isSelfEntry = false; ///< booked by the guest at a counter
     bool isAssessed = false;
+    Seconds paidAt = 0; ///< the guest has paid and gone; his card's next guest sees nothing of it
 };
 
 struct Category

@@ -121,7 +121,7 @@ Reply Sale::readChargeback(const json& row)
 {
     Order* order = house.state.orders.find(row.at("oldOrderId").get<std::string>());
     const double num = row.at("num").get<double>();
-    if (!order || order->status == LineStatus::Void || !isOfAccount(*order))
+    if (!order || !isOpen(*order) || !isOfAccount(*order))
         return refuse("原消费不存在或已退单");
     if (order->kind == OrderKind::Ticket || order->kind == OrderKind::RoomFee)
         return refuse(order->itemName + "不能退单");

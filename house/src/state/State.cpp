@@ -15,7 +15,7 @@ std::vector<Order*> ordersThat(Table<Order>& orders, Match matches)
 {
     std::vector<Order*> found;
     for (Order& order : orders)
-        if (order.status != LineStatus::Void && matches(order))
+        if (isOpen(order) && matches(order))
             found.push_back(&order);
     return found;
 }
@@ -48,6 +48,17 @@ void State::unseat(Card& card)
     card.roomId.clear();
 }
 
+void State::checkOut(Card& card, Seconds now)
+{
+    unseat(card);
+    for (Order* order : ordersOfCard(card.id)) {
+        order->paidAt = now;
+        order->roomId.clear();
+    }
+    card.status = CardStatus::Free;
+    card.closedAt = now;
+}
+
 std::vector<Order*> State::ordersOfCard(const std::string& cardId)
 {
     return ordersThat(orders, [&](const Order& order) { return order.cardId == cardId; });
@@ -78,6 +89,8 @@ std::string State::roomCode(const std::string& roomId) const
     const Room* room = rooms.find(roomId);
     return room ? room->code : std::string();
 }
+
+bool isOpen(const Order& order) { return order.status != LineStatus::Void && order.paidAt == 0; }
 
 Order lineOf(const Item& item)
 {

@@ -41,8 +41,10 @@ struct State
     /// Puts a card into a room, taking it out of the one it is in, and back into use if it was free.
     void seat(Card& card, Room& room, Seconds now);
     void unseat(Card& card);
+    /// The guest pays and goes: his lines are closed, his card waits for the next one.
+    void checkOut(Card& card, Seconds now);
 
-    /// Lines that aren't void, in the order of their entry.
+    /// Open lines, in the order of their entry.
     std::vector<Order*> ordersOfCard(const std::string& cardId);
     std::vector<Order*> ordersOfRoom(const std::string& roomId);
     /// Rooms of a group, none for the empty key.
@@ -55,6 +57,8 @@ private:
     long long lastId = 700000000000000000;
 };
 
+/// Still to be paid: neither void nor paid.
+bool isOpen(const Order& order);
 /// One of an item, at its price, not yet booked on anything.
 Order lineOf(const Item& item);
 /// A line's amount; a gift costs nothing.

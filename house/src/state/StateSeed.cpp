@@ -15,6 +15,7 @@ enum SeedTable { floorIds = 1, typeIds, roomIds, planIds, occupationIds, content
 constexpr Seconds minute = 60;
 constexpr int guestRoomOpening = 2;
 constexpr int houseOpening = 1;
+constexpr long long firstRoomCardSerial = 6000000000;
 constexpr int assigned = 6;
 constexpr int onService = 2;
 
@@ -70,6 +71,16 @@ private:
         return person ? person->id : std::string();
     }
 
+    std::string areaId(const std::string& name) const
+    {
+        for (const WorkArea& area : seed.areas)
+            if (area.name == name)
+                return area.id;
+        throw FurnishError("no work area is called \"" + name + "\"");
+    }
+
+    bool worksByRooms() const { return document.at("sysconfig").value("usedRoomMod", 0) == 1; }
+
     void furnishClocks()
     {
         for (const Staff& person : seed.staff) {
@@ -88,7 +99,7 @@ private:
         for (const json& row : document.at("roomTypes")) {
             const RoomType& type =
                 state.roomTypes.add({nextId(typeIds, state.roomTypes), row.at("name").get<std::string>(),
-                                     row.at("capacity").get<int>()});
+                                     row.at("capacity").get<int>(), areaId(row.at("area"))});
             for (const json& plan : row.at("plans"))
                 state.plans.add({nextId(planIds, state.plans), plan.at("name").get<std::string>(), type.id,
                                  plan.at("hours").get<int>(), plan.at("fee").get<double>(),
@@ -161,10 +172,9 @@ private:
         room.floorId = named(state.floors, &Floor::name, row.at("floor").get<std::string>()).id;
         room.typeId = named(state.roomTypes, &RoomType::name, row.at("type").get<std::string>()).id;
         room.changedAt = now;
-        // A house that works by rooms alone books on a card that every room has, with the room's number.
-        if (document.at("sysconfig").value("usedRoomMod", 0) == 1)
-            addCard(room.code, std::to_string(6000000000LL + state.rooms.size()), "1");
-        state.rooms.add(std::move(room));
+        const Room& added = state.rooms.add(std::move(room));
+        if (worksByRooms())
+            furnishRoomCard(state, added);
     }
 
     void apply(const json& stay, Room& room, int copy)
@@ -190,20 +200,31 @@ private:
         }
     }
 
+    /// In a house that works by rooms whoever is in a room goes by the room's own card.
+    Card& guest(const std::string& number, const std::string& roomId, int copy)
+    {
+        const Room* room = worksByRooms() ? state.rooms.find(roomId) : nullptr;
+        return named(state.cards, &Card::number, room ? room->code : copied(number, copy));
+    }
+
     void occupyByGuests(const json& stay, const std::string& as, Room& room, int copy)
     {
         room.status = as == "massage" ? RoomStatus::Massage
-                      : as == "rest"  ? RoomStatus::Rest
-                                      : RoomStatus::Guest;
-        room.openType = as == "guest" ? guestRoomOpening : houseOpening;
+                      : as == "guest" ? RoomStatus::Guest
+                                      : RoomStatus::Rest;
+        const bool isLet = as == "guest" || as == "guestRest";
+        room.openType = isLet ? guestRoomOpening : houseOpening;
         room.openedAt = ago(stay);
         room.hours = stay.value("hours", 0);
         room.openedBy = staffId(stay, "openedBy");
         room.isSettled = stay.value("settled", false);
         if (stay.contains("group"))
             room.groupKey = "G" + std::to_string(copy) + stay["group"].get<std::string>();
-        for (const json& number : stay.value("cards", json::array()))
-            state.seat(admit(copied(number.get<std::string>(), copy), room.openedAt), room, now);
+        if (worksByRooms() && !isLet)
+            state.seat(guest({}, room.id, copy), room, room.openedAt);
+        else
+            for (const json& number : stay.value("cards", json::array()))
+                state.seat(admit(copied(number.get<std::string>(), copy), room.openedAt), room, now);
         if (stay.contains("plan")) {
             const Plan& plan = named(state.plans, &Plan::name, stay["plan"].get<std::string>());
             room.planId = plan.id;
@@ -246,8 +267,7 @@ private:
     Order& addOrder(const json& row, const std::string& roomId, Seconds at, int copy)
     {
         return addOrder(named(state.items, &Item::name, row.at("item").get<std::string>()),
-                        named(state.cards, &Card::number, copied(row.at("card").get<std::string>(), copy)),
-                        roomId, at);
+                        guest(row.at("card").get<std::string>(), roomId, copy), roomId, at);
     }
 
     void furnishOrders(const json& stay, const std::string& roomId, int copy)
@@ -255,6 +275,8 @@ private:
         for (const json& row : stay.value("goods", json::array())) {
             Order& order = addOrder(row, roomId, ago(row), copy);
             order.num = row.at("num").get<double>();
+            if (row.contains("from"))
+                order.oldCardNo = copied(row["from"].get<std::string>(), copy);
             order.status = row.value("gift", false) ? LineStatus::Gift : LineStatus::Normal;
             order.staffId = order.enteredBy = staffId(row, "by");
         }
@@ -300,6 +322,19 @@ std::string seedId(int table, int row)
     const std::string number = std::to_string(row);
     const std::string kind = std::to_string(table);
     return "4058" + std::string(3 - kind.size(), '0') + kind + std::string(11 - number.size(), '0') + number;
+}
+
+void furnishRoomCard(State& state, const Room& room)
+{
+    if (state.cardByNumber(room.code))
+        return;
+    const int row = static_cast<int>(state.cards.size()) + 1;
+    Card card;
+    card.id = seedId(cardIds, row);
+    card.number = room.code;
+    card.uid = std::to_string(firstRoomCardSerial + row);
+    card.type = state.cardTypes.begin()->id;
+    state.cards.add(std::move(card));
 }
 
 std::variant<State, std::string> furnish(const Seed& seed, int roomCount, Seconds now)

@@ -13,4 +13,7 @@ namespace house {
 /// many. On failure the text tells what is wrong, for the person who starts the house.
 std::variant<State, std::string> furnish(const Seed& seed, int roomCount, Seconds now);
 
+/// A house that works by rooms alone books on a card that every room has of its own, with the room's number.
+void furnishRoomCard(State& state, const Room& room);
+
 } // namespace house

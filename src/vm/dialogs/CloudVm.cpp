@@ -95,6 +95,7 @@ bool CloudVm::save()
     }
     GlobalConfig::setRegValue(QStringLiteral("cloudUrl"), domain);
     GlobalConfig::getInstance()->setApiUrl(domain);
+    MainClass::getInstance()->initMqtt(false);
     return true;
 }
 

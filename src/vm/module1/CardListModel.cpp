@@ -1,5 +1,7 @@
 #include "vm/module1/CardListModel.h"
 
+#include "dto/card/CardRecords.h"
+
 #include <QSet>
 
 #include <algorithm>
@@ -48,6 +50,14 @@ QJsonArray CardListModel::selectedIds() const
             ids.append(card.id);
     }
     return ids;
+}
+
+card_struct cardOf(const CardDetailDto& card)
+{
+    card_struct row;
+    row.id = card.id();
+    row.cardNo = card.cardno();
+    return row;
 }
 
 QList<card_struct> cardsOf(const RoomDetailDto& room)

@@ -5,6 +5,8 @@
 
 #include <QJsonArray>
 
+class CardDetailDto;
+
 /// A hand card on a room page.
 struct card_struct
 {
@@ -41,6 +43,9 @@ public:
     /// The ids of the selected cards, in their order.
     QJsonArray selectedIds() const;
 };
+
+/// A card that was looked up.
+card_struct cardOf(const CardDetailDto& card);
 
 /// The cards of a room's detail, each number once in the order of first appearance: the list has a card as
 /// often as it has consumption lines.

@@ -34,7 +34,7 @@ Module1Vm::Module1Vm(QObject* parent)
     MainClass* main = MainClass::getInstance();
     connect(main, &MainClass::mqttSignal, this, &Module1Vm::mqttEvent);
     // What was published while the broker was away is lost; the board mustn't go on showing the state before.
-    connect(main, &MainClass::mqttReconnected, this, [this] { mark(roomMark); });
+    connect(main, &MainClass::mqttConnected, this, [this] { mark(roomMark); });
     setMqttTopic(true);
     main->startReadStaff(this);
     m_timer->setObjectName(QStringLiteral("boardTick"));

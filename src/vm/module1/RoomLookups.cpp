@@ -6,6 +6,7 @@
 #include "vm/module1/ChoiceModels.h"
 
 #include <QJsonObject>
+#include <QPointer>
 
 Reply<GetHardCardDetail> lookUpCard(const QString& cardNo, const QString& rfid)
 {
@@ -40,14 +41,33 @@ bool isTakenFromOtherRoom(const CardDetailDto& card)
                                                     question.arg(card.cardno(), card.roomNo())) == 1;
 }
 
+Reply<GetHardCardDetail> lookUpCardToTake(const QString& cardNo, const QString& rfid)
+{
+    auto reply = lookUpCard(cardNo, rfid);
+    if (!reply || !isUsableOrSaid(*reply->data()))
+        return nullptr;
+    if (!reply->data()->roomNo().isEmpty() && !isTakenFromOtherRoom(*reply->data()))
+        return nullptr;
+    return reply;
+}
+
 void sayCardIsThere() { MyMessage::getInstance()->ShowError(QStringLiteral("当前手牌已存在,不能重复添加")); }
 
 bool fetchPlans(const QString& roomId, PlanListModel* model)
 {
+    const QPointer<PlanListModel> filled(model);
     const auto reply = held(Bba01Service::getInstance()->getRoomPlanNew(
         {{QStringLiteral("roomId"), roomId}, {QStringLiteral("planType"), 1}}));
-    if (!isOkOrShown(*reply))
+    if (!isOkOrShown(*reply) || !filled)
         return false;
-    model->upate(reply->data());
+    filled->upate(reply->data());
+    return true;
+}
+
+bool isDoneOrShown(const ApiRes& reply)
+{
+    if (!isOkOrShown(reply))
+        return false;
+    MyMessage::getInstance()->showOk(QStringLiteral("操作成功"));
     return true;
 }

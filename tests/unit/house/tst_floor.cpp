@@ -1,10 +1,9 @@
-#include "src/House.h"
+#include "FurnishedHouse.h"
 #include "src/state/Asked.h"
 #include "src/state/RoomGroups.h"
 #include "src/state/RoomMoves.h"
 #include "src/state/RoomRecords.h"
 #include "src/state/Sale.h"
-#include "src/state/StateSeed.h"
 
 #include <QtTest>
 
@@ -16,23 +15,6 @@ const house::Act act{"405812300001014013", now};
 
 using house::Complaint;
 using house::RoomStatus;
-
-/// Keeps what was published.
-class Recorder final : public house::Publisher
-{
-public:
-    explicit Recorder(QStringList& topics) : m_topics(topics) {}
-    bool publish(const std::string& topic, const std::string&) override
-    {
-        m_topics.append(QString::fromStdString(topic));
-        return true;
-    }
-
-private:
-    QStringList& m_topics;
-};
-
-std::string seedPath() { return qgetenv("KV_TEST_SOURCE").toStdString() + "/house/seed/house.json"; }
 
 } // namespace
 
@@ -80,14 +62,8 @@ private:
 
 void tst_floor::init()
 {
-    auto seed = house::loadSeed(seedPath());
-    QVERIFY2(std::holds_alternative<house::Seed>(seed), std::get_if<std::string>(&seed) ? "damaged" : "");
-    m_house = std::make_unique<house::House>();
-    m_house->seed = std::get<house::Seed>(std::move(seed));
-    auto state = house::furnish(m_house->seed, 0, now);
-    const auto* error = std::get_if<std::string>(&state);
-    QVERIFY2(!error, error ? error->c_str() : "");
-    m_house->state = std::get<house::State>(std::move(state));
+    m_house = furnishedHouse(now);
+    QVERIFY(m_house);
 }
 
 const house::Plan& tst_floor::planOf(const house::Room& room)
@@ -426,11 +402,7 @@ void tst_floor::announced()
     QFETCH(bool, isAnnounced);
     QStringList topics;
     m_house->publisher = std::make_unique<Recorder>(topics);
-    house::Call call;
-    call.staff = m_house->seed.staffByCode("1001");
-    call.now = now;
-    call.body[roomField.toStdString()] = room(qPrintable(code)).id;
-    m_house->endpoints.find(path.toStdString())->handler(*m_house, call);
+    handle(*m_house, path.toStdString(), {{roomField.toStdString(), room(qPrintable(code)).id}}, now);
     const QString topic = "ROOMSTATUS_" + QString::fromStdString(m_house->seed.storeId);
     QCOMPARE(topics, isAnnounced ? QStringList{topic} : QStringList{});
 }

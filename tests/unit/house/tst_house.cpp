@@ -1,4 +1,4 @@
-#include "src/House.h"
+#include "FurnishedHouse.h"
 #include "src/RequestCheck.h"
 #include "src/Text.h"
 
@@ -17,8 +17,6 @@ const QString cancelRight = QStringLiteral("418838253703270403");
 const QString openRight = QStringLiteral("405757793603424257");
 
 house::Reply done(house::House&, const house::Call&) { return house::Reply::done(); }
-
-std::string seedPath() { return qgetenv("KV_TEST_SOURCE").toStdString() + "/house/seed/house.json"; }
 
 } // namespace
 
@@ -40,6 +38,8 @@ private Q_SLOTS:
     void clocks();
     void sessionEnds();
     void nonces();
+    void callersHold_data();
+    void callersHold();
     void damagedSeeds_data();
     void damagedSeeds();
 
@@ -56,10 +56,8 @@ private:
 
 void tst_house::init()
 {
-    auto seed = house::loadSeed(seedPath());
-    QVERIFY2(std::holds_alternative<house::Seed>(seed), std::get_if<std::string>(&seed) ? "damaged" : "");
-    m_house = std::make_unique<house::House>();
-    m_house->seed = std::get<house::Seed>(std::move(seed));
+    m_house = furnishedHouse(now);
+    QVERIFY(m_house);
     m_house->clock = [this] { return m_now; };
     m_now = now;
 }
@@ -264,6 +262,48 @@ void tst_house::nonces()
 
     QVERIFY(!log.admit("a", false, "/x?1", now + 600));
     QVERIFY(log.admit("a", false, "/x?1", now + 601)); // by then its time is refused
+}
+
+void tst_house::callersHold_data()
+{
+    QTest::addColumn<QString>("fields");
+    QTest::addColumn<QString>("held"); // marked as in the fields
+    QTest::addColumn<bool>("isHeld");
+    QTest::newRow("room") << R"({"id":"$101"})"
+                          << "$101" << true;
+    QTest::newRow("another room") << R"({"id":"$101"})"
+                                  << "$102" << false;
+    QTest::newRow("room of a card") << R"({"cards":["#8003"]})"
+                                    << "$102" << true;
+    QTest::newRow("card") << R"({"cardno":"8070"})"
+                          << "#8070" << true;
+    QTest::newRow("a number in a number") << R"({"num":101})"
+                                          << "$101" << false;
+    QTest::newRow("staff number") << R"({"staffNo":"801"})"
+                                  << "405812300000811413" << true;
+    QTest::newRow("staff card") << R"({"staffUid":"34373212"})"
+                                << "405812300000811413" << true;
+    QTest::newRow("who is logged in") << R"({})"
+                                      << "405812300001014013" << false;
+}
+
+void tst_house::callersHold()
+{
+    QFETCH(QString, fields);
+    QFETCH(QString, held);
+    QFETCH(bool, isHeld);
+    login("1001");
+    house::Endpoint endpoint;
+    endpoint.verb = house::Verb::Post;
+    endpoint.path = "/test/order";
+    for (const char* name : {"id", "cards", "cardno", "num", "staffNo", "staffUid"})
+        endpoint.takes(name, house::Kind::Any);
+    const std::string body = filled(*m_house, fields).dump();
+    const std::string id = filled(*m_house, "[\"" + held + "\"]")[0];
+    QCOMPARE(call(endpoint, QJsonDocument::fromJson(QByteArray::fromStdString(body)).object()),
+             QStringLiteral("200"));
+    QCOMPARE(m_house->holds.has(id, now + house::Holds::holdSeconds - 1), isHeld);
+    QVERIFY(!m_house->holds.has(id, now + house::Holds::holdSeconds));
 }
 
 void tst_house::damagedSeeds_data()

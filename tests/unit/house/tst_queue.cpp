@@ -1,14 +1,9 @@
+#include "FurnishedHouse.h"
+#include "LocalBroker.h"
 #include "src/Broker.h"
-#include "src/House.h"
 #include "src/state/ServiceClock.h"
-#include "src/state/StateSeed.h"
 
-#include <QProcess>
-#include <QStandardPaths>
-#include <QTcpServer>
-#include <QTemporaryDir>
 #include <QtTest>
-#include <mosquitto.h>
 
 using namespace house;
 
@@ -16,8 +11,6 @@ namespace {
 
 constexpr Seconds now = 1770000000;
 constexpr Seconds minute = 60;
-
-std::string seedPath() { return qgetenv("KV_TEST_SOURCE").toStdString() + "/house/seed/house.json"; }
 
 QString numbersOf(const CallQueue::Entries& entries)
 {
@@ -78,33 +71,13 @@ private Q_SLOTS:
     void broker();
 
 private:
-    Reply handle(const char* path, const nlohmann::json& body, Seconds at,
-                 const std::map<std::string, std::string>& params = {});
-
     std::unique_ptr<House> m_house;
 };
 
 void tst_queue::init()
 {
-    auto seed = loadSeed(seedPath());
-    QVERIFY2(std::holds_alternative<Seed>(seed), "damaged seed");
-    m_house = std::make_unique<House>();
-    m_house->seed = std::get<Seed>(std::move(seed));
-    auto state = furnish(m_house->seed, 0, now);
-    QVERIFY2(std::holds_alternative<State>(state), std::get_if<std::string>(&state) ? "unfurnished" : "");
-    m_house->state = std::get<State>(std::move(state));
-}
-
-Reply tst_queue::handle(const char* path, const nlohmann::json& body, Seconds at,
-                        const std::map<std::string, std::string>& params)
-{
-    Call call;
-    call.body = body;
-    call.params = params;
-    call.terminal = &m_house->seed.terminals.front();
-    call.staff = m_house->seed.staffByCode("1001");
-    call.now = at;
-    return m_house->endpoints.find(path)->handler(*m_house, call);
+    m_house = furnishedHouse(now);
+    QVERIFY(m_house);
 }
 
 void tst_queue::roads_data()
@@ -293,7 +266,7 @@ void tst_queue::mealTimes()
     QFETCH(const QString, time);
     QFETCH(const QString, meal);
     const Seconds at = timeOf("2026-03-01 " + time.toStdString());
-    const Reply reply = handle("/bca01/getMealTimesInfo", nlohmann::json::object(), at);
+    const Reply reply = handle(*m_house, "/bca01/getMealTimesInfo", nlohmann::json::object(), at);
     QCOMPARE(reply.code, std::string(meal.isEmpty() ? "BCA_ERR_0005" : "200"));
     if (meal.isEmpty())
         return;
@@ -302,9 +275,9 @@ void tst_queue::mealTimes()
 
     // The card that eats today may eat tomorrow, but not twice at a meal.
     const nlohmann::json portion = {{"mealId", (*reply.data)["mealId"]}, {"cardNo", "8042"}, {"isChild", 0}};
-    QVERIFY(handle("/bca01/addCardMealTimes", portion, at).isGood());
-    QCOMPARE(handle("/bca01/addCardMealTimes", portion, at).code, std::string("BCA_ERR_0006"));
-    QVERIFY(handle("/bca01/addCardMealTimes", portion, at + 24 * 60 * minute).isGood());
+    QVERIFY(handle(*m_house, "/bca01/addCardMealTimes", portion, at).isGood());
+    QCOMPARE(handle(*m_house, "/bca01/addCardMealTimes", portion, at).code, std::string("BCA_ERR_0006"));
+    QVERIFY(handle(*m_house, "/bca01/addCardMealTimes", portion, at + 24 * 60 * minute).isGood());
 }
 
 void tst_queue::callRecordPages_data()
@@ -349,7 +322,7 @@ void tst_queue::callRecordPages()
         m_house->state.calls.passOver(entry, false, m_house->seed.staff.front().id, now + row * minute);
     }
     const Reply reply = handle(
-        "/bca01/getHelpCallBashApiLogPageList",
+        *m_house, "/bca01/getHelpCallBashApiLogPageList",
         {{"startTime", timeText(now + fromMinute * minute)}, {"endTime", timeText(now + toMinute * minute)}},
         now, {{"page", page.toStdString()}, {"limit", limit.toStdString()}});
     QCOMPARE(reply.isGood(), total >= 0);
@@ -365,49 +338,27 @@ void tst_queue::callRecordPages()
 // The house starts before its broker, and loses it again.
 void tst_queue::broker()
 {
-    const QString program = QStandardPaths::findExecutable("mosquitto", {"/usr/sbin", "/usr/bin"});
-    if (program.isEmpty())
+    LocalBroker broker;
+    if (!broker.isInstalled())
         QSKIP("no mosquitto broker on this machine");
-    QTemporaryDir folder;
-    QTcpServer placeholder;
-    QVERIFY(placeholder.listen(QHostAddress::LocalHost));
-    const int port = placeholder.serverPort();
-    placeholder.close();
-    QFile config(folder.filePath("mosquitto.conf"));
-    QVERIFY(config.open(QIODevice::WriteOnly));
-    config.write("listener " + QByteArray::number(port) + " 127.0.0.1\nallow_anonymous true\n");
-    config.close();
-
     Log log;
-    QVERIFY(log.open(folder.filePath("log").toStdString()));
-    Broker publisher(
-        {{"hostUrl", "tcp://127.0.0.1:" + std::to_string(port)}, {"username", "u"}, {"password", "p"}}, log);
+    QVERIFY(log.open(broker.folder().filePath("log").toStdString()));
+    Broker publisher({{"hostUrl", broker.url().toStdString()}, {"username", "u"}, {"password", "p"}}, log);
     QElapsedTimer timer;
     timer.start();
     QVERIFY(!publisher.publish("ROOMSTATUS_1", "lost"));
     QVERIFY2(timer.elapsed() < 500, "waited for a broker that isn't there");
 
-    QProcess process;
-    process.start(program, {"-c", config.fileName()});
-    QVERIFY(process.waitForStarted());
+    QVERIFY(broker.start());
     QTRY_VERIFY_WITH_TIMEOUT(publisher.publish("ROOMSTATUS_1", "first"), 20000);
-
-    QStringList received;
-    const std::unique_ptr<mosquitto, void (*)(mosquitto*)> listener(mosquitto_new(nullptr, true, &received),
-                                                                    mosquitto_destroy);
-    mosquitto_message_callback_set(listener.get(), [](mosquitto*, void* list,
-                                                      const mosquitto_message* message) {
-        *static_cast<QStringList*>(list)
-            << message->topic << QByteArray(static_cast<const char*>(message->payload), message->payloadlen);
-    });
-    QCOMPARE(mosquitto_connect(listener.get(), "127.0.0.1", port, 20), int(MOSQ_ERR_SUCCESS));
-    QCOMPARE(mosquitto_subscribe(listener.get(), nullptr, "#", 0), int(MOSQ_ERR_SUCCESS));
-    QTRY_VERIFY_WITH_TIMEOUT((publisher.publish("叫号_1", "键一"), mosquitto_loop(listener.get(), 50, 1),
-                              received.mid(received.size() - 2) == QStringList({"叫号_1", "键一"})),
+    Listener listener;
+    QVERIFY(listener.listen(broker.port()));
+    const QStringList wanted = {"叫号_1", "键一"};
+    QTRY_VERIFY_WITH_TIMEOUT((publisher.publish("叫号_1", "键一"),
+                              listener.received().mid(listener.received().size() - 2) == wanted),
                              5000);
 
-    process.terminate();
-    QVERIFY(process.waitForFinished());
+    QVERIFY(broker.stop());
     QTRY_VERIFY_WITH_TIMEOUT(!publisher.publish("ROOMSTATUS_1", "lost"), 5000);
 }
 

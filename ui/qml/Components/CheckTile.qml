@@ -10,6 +10,7 @@ Rectangle {
     property color backColor: "transparent"
     property color foreColor: Theme.text
     property bool isRemovable: false
+    property alias removeName: cross.objectName
     property int pixelSize: Theme.textSize
 
     signal clicked()

@@ -10,6 +10,7 @@ Row {
     property string unit: ""
     property int value: 0
     property int minimum: 0
+    property string nameSuffix: "" // tells the keys of several steppers apart
 
     signal lowered()
     signal raised()
@@ -29,7 +30,7 @@ Row {
 
     StepKey {
         id: minus
-        objectName: "minusButton"
+        objectName: "minusButton" + stepper.nameSuffix
         iconText: Glyphs.minus
         label: "减"
         opacity: stepper.value > stepper.minimum ? 1 : 0.4
@@ -37,7 +38,7 @@ Row {
     }
 
     Text {
-        objectName: "stepValue"
+        objectName: "stepValue" + stepper.nameSuffix
         width: Math.max(90, implicitWidth)
         height: minus.height
         horizontalAlignment: Text.AlignHCenter
@@ -50,7 +51,7 @@ Row {
     }
 
     StepKey {
-        objectName: "plusButton"
+        objectName: "plusButton" + stepper.nameSuffix
         iconText: Glyphs.plus
         label: "加"
         onClicked: stepper.raised()

@@ -7,8 +7,15 @@ GridView {
 
     property int columns: 8
     readonly property int roomWidth: width / columns
+    property real heldY: 0
 
     signal chosen(string roomId, string roomNo, int status, int openType, bool dirtyFlg, bool roomLock, int cleanFlg)
+
+    // A room more or less is no reason to jump to the top.
+    function keepPlace() {
+        forceLayout()
+        contentY = Math.max(0, Math.min(heldY, contentHeight - height))
+    }
 
     clip: true
     cellWidth: roomWidth
@@ -25,17 +32,15 @@ GridView {
         policy: ScrollBar.AsNeeded
     }
 
-    // A room more or less is no reason to jump to the top.
     Connections {
-        property real heldY: 0
-
-        target: grid.model
+        target: grid.model || null
+        ignoreUnknownSignals: true
         function onModelAboutToBeReset() {
-            heldY = grid.contentY
+            grid.heldY = grid.contentY
         }
+        // The view learns of the reset behind this.
         function onModelReset() {
-            grid.forceLayout()
-            grid.contentY = Math.max(0, Math.min(heldY, grid.contentHeight - grid.height))
+            Qt.callLater(grid.keepPlace)
         }
     }
 }

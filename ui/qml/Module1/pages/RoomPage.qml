@@ -1,18 +1,31 @@
 import QtQuick 2.15
+import GlobalConfig 1.0
 import "../../Components"
+import "../../../js/Func.js" as JsFunc
 
-// Frame of a page inside a room dialog: what the page shows, and the button that does it. Both rest while isEnabled is
-// false.
+// Frame of a page inside a room dialog: what the page shows, and the button that does it. Both rest until the page has
+// started and while isEnabled is false. With a view-model as saver the button is its save(), which on success closes
+// the dialog.
 Item {
     id: page
 
     property string roomId: ""
     property string roomNo: ""
     property string confirmText: ""
-    property bool isEnabled: true
+    property QtObject saver: null
+    property bool isEnabled: saver ? saver.isEnabled : true
+    property bool isStarted: false
     default property alias content: body.data
 
+    signal started() // the page stands, its first work may begin
     signal confirmed()
+
+    Component.onCompleted: JsFunc.timerOnce(GlobalConfig.initDelyTime, () => {
+        if (page) {
+            page.isStarted = true
+            page.started()
+        }
+    })
 
     Item {
         id: body
@@ -20,8 +33,8 @@ Item {
         anchors.right: parent.right
         anchors.top: parent.top
         anchors.bottom: button.top
-        anchors.bottomMargin: Theme.spacing
-        enabled: page.isEnabled
+        anchors.bottomMargin: button.visible ? Theme.spacing : 0
+        enabled: page.isEnabled && page.isStarted
     }
 
     PushButton {
@@ -33,7 +46,15 @@ Item {
         height: visible ? Theme.buttonHeight : 0
         width: 260
         text: page.confirmText
-        enabled: page.isEnabled
-        onClicked: page.confirmed()
+        enabled: page.isEnabled && page.isStarted
+        onClicked: {
+            page.confirmed()
+            if (page.saver) {
+                JsFunc.delay15(() => {
+                    if (page && page.saver && page.saver.save())
+                        dlg.save()
+                })
+            }
+        }
     }
 }

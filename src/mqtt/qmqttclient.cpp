@@ -1,0 +1,205 @@
+#include "mqtt/qmqttclient.h"
+
+#include <QHostInfo>
+#include <QPointer>
+#include <QSocketNotifier>
+
+#include <mosquitto.h>
+
+namespace {
+
+constexpr int upkeepMs = 1000;
+constexpr int attemptLimitMs = 20000;
+constexpr int packetsAtOnce = 1;
+
+struct MosquittoLibrary
+{
+    MosquittoLibrary() { mosquitto_lib_init(); }
+    ~MosquittoLibrary() { mosquitto_lib_cleanup(); }
+};
+
+} // namespace
+
+QMqttClient::QMqttClient(QObject* parent) : QObject(parent)
+{
+    static const MosquittoLibrary library;
+    connect(&m_upkeep, &QTimer::timeout, this, [this] { goOn(mosquitto_loop_misc(m_session)); });
+    m_attemptLimit.setSingleShot(true);
+    connect(&m_attemptLimit, &QTimer::timeout, this, &QMqttClient::fail);
+}
+
+QMqttClient::~QMqttClient() { closeSession(); }
+
+void QMqttClient::connectToHost()
+{
+    if (m_state != Disconnected)
+        return;
+    m_state = Connecting;
+    m_attemptLimit.start(attemptLimitMs);
+    m_lookup = QHostInfo::lookupHost(m_hostname, this, &QMqttClient::onLookedUp);
+}
+
+void QMqttClient::onLookedUp(const QHostInfo& host)
+{
+    if (host.lookupId() != m_lookup)
+        return;
+    m_lookup = -1;
+    m_addresses.clear();
+    for (const QHostAddress& address : host.addresses())
+        m_addresses.append(address.toString());
+    tryNextAddress();
+}
+
+void QMqttClient::tryNextAddress()
+{
+    closeSession();
+    while (!m_addresses.isEmpty()) {
+        if (openSession(m_addresses.takeFirst()))
+            return;
+        closeSession();
+    }
+    fail();
+}
+
+bool QMqttClient::openSession(const QString& address)
+{
+    m_session = mosquitto_new(m_clientId.toUtf8().constData(), m_isClean, this);
+    if (!m_session)
+        return false;
+    mosquitto_int_option(m_session, MOSQ_OPT_PROTOCOL_VERSION, m_version);
+    if (!m_username.isEmpty()) {
+        mosquitto_username_pw_set(m_session, m_username.toUtf8().constData(), m_password.toUtf8().constData());
+    }
+    mosquitto_connect_callback_set(m_session, &QMqttClient::onConnect);
+    mosquitto_message_callback_set(m_session, &QMqttClient::onMessage);
+    if (mosquitto_connect_async(m_session, address.toLatin1().constData(), m_port, m_keepAliveSeconds) !=
+        MOSQ_ERR_SUCCESS)
+        return false;
+    m_upkeep.start(upkeepMs);
+    watchSocket();
+    return true;
+}
+
+/// Follows the library's socket, which it may have changed, and its wish to write.
+void QMqttClient::watchSocket()
+{
+    const int socket = mosquitto_socket(m_session);
+    if (socket != m_socket) {
+        m_socket = socket;
+        m_readable.reset();
+        m_writable.reset();
+        if (socket >= 0) {
+            m_readable = std::make_unique<QSocketNotifier>(socket, QSocketNotifier::Read);
+            connect(m_readable.get(), &QSocketNotifier::activated, this,
+                    [this] { goOn(mosquitto_loop_read(m_session, packetsAtOnce)); });
+            m_writable = std::make_unique<QSocketNotifier>(socket, QSocketNotifier::Write);
+            connect(m_writable.get(), &QSocketNotifier::activated, this,
+                    [this] { goOn(mosquitto_loop_write(m_session, packetsAtOnce)); });
+        }
+    }
+    if (m_writable)
+        m_writable->setEnabled(mosquitto_want_write(m_session));
+}
+
+/// After each step of the library: tells what it reported, and hangs up when it failed.
+void QMqttClient::goOn(int result)
+{
+    const QPointer<QMqttClient> self(this);
+    const mosquitto* session = m_session;
+    deliver();
+    if (!self || m_session != session || !m_session)
+        return;
+    if (result == MOSQ_ERR_SUCCESS) {
+        watchSocket();
+        return;
+    }
+    if (m_state == Connecting && !m_addresses.isEmpty())
+        tryNextAddress();
+    else
+        fail();
+}
+
+void QMqttClient::deliver()
+{
+    const QPointer<QMqttClient> self(this);
+    const int code = std::exchange(m_connectCode, -1);
+    if (code > 0) {
+        fail();
+        return;
+    }
+    if (code == 0) {
+        m_attemptLimit.stop();
+        m_addresses.clear();
+        m_state = Connected;
+        Q_EMIT connected();
+    }
+    while (self && !m_messages.empty()) {
+        const Message message = m_messages.front();
+        m_messages.pop_front();
+        Q_EMIT messageReceived(message.payload, QMqttTopicName(message.topic));
+    }
+}
+
+void QMqttClient::fail()
+{
+    closeSession();
+    m_attemptLimit.stop();
+    m_addresses.clear();
+    if (m_lookup >= 0)
+        QHostInfo::abortHostLookup(std::exchange(m_lookup, -1));
+    if (std::exchange(m_state, Disconnected) != Disconnected)
+        Q_EMIT disconnected();
+}
+
+void QMqttClient::closeSession()
+{
+    m_upkeep.stop();
+    // A notifier may be what brought us here.
+    for (auto* notifier : {m_readable.release(), m_writable.release()}) {
+        if (notifier) {
+            notifier->setEnabled(false);
+            notifier->disconnect();
+            notifier->deleteLater();
+        }
+    }
+    m_socket = -1;
+    m_connectCode = -1;
+    m_messages.clear();
+    if (m_session)
+        mosquitto_destroy(std::exchange(m_session, nullptr));
+}
+
+void QMqttClient::disconnectFromHost()
+{
+    if (m_session && m_state == Connected)
+        mosquitto_disconnect(m_session);
+    fail();
+}
+
+void QMqttClient::subscribe(const QString& topic, quint8 qos)
+{
+    if (m_state != Connected)
+        return;
+    mosquitto_subscribe(m_session, nullptr, topic.toUtf8().constData(), qos);
+    watchSocket();
+}
+
+void QMqttClient::unsubscribe(const QString& topic)
+{
+    if (m_state != Connected)
+        return;
+    mosquitto_unsubscribe(m_session, nullptr, topic.toUtf8().constData());
+    watchSocket();
+}
+
+void QMqttClient::onConnect(mosquitto*, void* client, int code)
+{
+    static_cast<QMqttClient*>(client)->m_connectCode = code;
+}
+
+void QMqttClient::onMessage(mosquitto*, void* client, const mosquitto_message* message)
+{
+    static_cast<QMqttClient*>(client)->m_messages.push_back(
+        {QByteArray(static_cast<const char*>(message->payload), message->payloadlen),
+         QString::fromUtf8(message->topic)});
+}

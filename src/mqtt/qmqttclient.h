@@ -1,0 +1,98 @@
+#pragma once
+
+#include "mqtt/qmqtttopicname.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <deque>
+#include <memory>
+
+class QHostInfo;
+class QSocketNotifier;
+struct mosquitto;
+struct mosquitto_message;
+
+/// The part of Qt's MQTT client that the terminal uses, over libmosquitto, where Qt's module isn't installed.
+/// Main thread, driven by its event loop: names are looked up in the background, sockets never block, and every
+/// signal is emitted outside the library, so that a slot may delete the client.
+class QMqttClient : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum ClientState { Disconnected, Connecting, Connected };
+    Q_ENUM(ClientState)
+    enum ProtocolVersion { MQTT_3_1 = 3, MQTT_3_1_1 = 4 };
+    Q_ENUM(ProtocolVersion)
+
+    explicit QMqttClient(QObject* parent = nullptr);
+    ~QMqttClient() override;
+
+    void setHostname(const QString& hostname) { m_hostname = hostname; }
+    void setPort(quint16 port) { m_port = port; }
+    void setClientId(const QString& clientId) { m_clientId = clientId; }
+    void setUsername(const QString& username) { m_username = username; }
+    void setPassword(const QString& password) { m_password = password; }
+    void setProtocolVersion(ProtocolVersion version) { m_version = version; }
+    void setCleanSession(bool isClean) { m_isClean = isClean; }
+    void setKeepAlive(quint16 seconds) { m_keepAliveSeconds = seconds; }
+    ClientState state() const { return m_state; }
+
+    /// Starts an attempt; it ends in connected() or, after 20 s at most, in disconnected(). Only while
+    /// disconnected.
+    void connectToHost();
+    /// Says good-bye to the broker and hangs up.
+    void disconnectFromHost();
+    /// Only while connected, else nothing happens.
+    void subscribe(const QString& topic, quint8 qos = 0);
+    void unsubscribe(const QString& topic);
+
+Q_SIGNALS:
+    void connected();
+    /// Also the end of an attempt that failed.
+    void disconnected();
+    void messageReceived(const QByteArray& message, const QMqttTopicName& topic);
+
+private:
+    struct Message
+    {
+        QByteArray payload;
+        QString topic;
+    };
+
+    void onLookedUp(const QHostInfo& host);
+    void tryNextAddress();
+    bool openSession(const QString& address);
+    void watchSocket();
+    void goOn(int result);
+    void deliver();
+    void fail();
+    void closeSession();
+
+    static void onConnect(mosquitto*, void* client, int code);
+    static void onMessage(mosquitto*, void* client, const mosquitto_message* message);
+
+    QString m_hostname;
+    quint16 m_port = 1883;
+    QString m_clientId;
+    QString m_username;
+    QString m_password;
+    ProtocolVersion m_version = MQTT_3_1_1;
+    bool m_isClean = true;
+    quint16 m_keepAliveSeconds = 60;
+
+    ClientState m_state = Disconnected;
+    int m_lookup = -1;       ///< of the running name look-up
+    QStringList m_addresses; ///< not tried yet
+    mosquitto* m_session = nullptr;
+    int m_socket = -1; ///< the one that is watched
+    std::unique_ptr<QSocketNotifier> m_readable;
+    std::unique_ptr<QSocketNotifier> m_writable;
+    QTimer m_upkeep;
+    QTimer m_attemptLimit;
+
+    // What the library has reported and nobody has been told yet.
+    int m_connectCode = -1; ///< the broker's answer, -1 for none
+    std::deque<Message> m_messages;
+};

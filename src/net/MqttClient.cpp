@@ -1,0 +1,96 @@
+#include "net/MqttClient.h"
+
+#include <qmqttclient.h>
+#include <qmqtttopicname.h>
+
+#include <QDebug>
+
+namespace {
+
+constexpr int firstDelayMs = 1000;
+constexpr int delayStepMs = 15000;
+constexpr int maxDelayMs = 900000;
+constexpr quint16 mqttKeepAliveSeconds = 20;
+
+} // namespace
+
+MqttClient::MqttClient(const QString& host, int port, const QString& user, const QString& password,
+                       const QString& clientId, QObject* parent)
+    : QObject(parent), m_client(new QMqttClient(this)), m_reconnectTimer(new QTimer(this)),
+      m_delayMs(firstDelayMs)
+{
+    m_client->setHostname(host);
+    m_client->setPort(static_cast<quint16>(port));
+    m_client->setUsername(user);
+    m_client->setPassword(password);
+    m_client->setClientId(clientId);
+    m_client->setProtocolVersion(QMqttClient::MQTT_3_1_1);
+    m_client->setCleanSession(true);
+    m_client->setKeepAlive(mqttKeepAliveSeconds);
+    m_reconnectTimer->setObjectName(QStringLiteral("mqttReconnect"));
+    m_reconnectTimer->setSingleShot(true);
+    connect(m_client, &QMqttClient::messageReceived, this, &MqttClient::onMessageReceived);
+    connect(m_client, &QMqttClient::connected, this, &MqttClient::onConnected);
+    connect(m_client, &QMqttClient::disconnected, this, &MqttClient::onDisconnected);
+    connect(m_reconnectTimer, &QTimer::timeout, this, &MqttClient::reconnect);
+    m_client->connectToHost();
+}
+
+MqttClient::~MqttClient()
+{
+    m_isClosing = true;
+    m_reconnectTimer->stop();
+    delete m_reconnectTimer;
+    for (const QString& topic : m_subscribedTopics)
+        m_client->unsubscribe(topic);
+    m_client->disconnectFromHost();
+    delete m_client;
+}
+
+void MqttClient::setTopic(const QList<QString>& topics)
+{
+    m_wantedTopics = topics;
+    subscribe();
+}
+
+void MqttClient::onConnected()
+{
+    subscribe();
+    qDebug().noquote() << QStringLiteral("mqtt connected");
+    Q_EMIT connected();
+}
+
+void MqttClient::onDisconnected()
+{
+    if (!m_isClosing)
+        m_reconnectTimer->start(m_delayMs);
+}
+
+void MqttClient::onMessageReceived(const QByteArray& message, const QMqttTopicName& topic)
+{
+    Q_EMIT mqttMsgSignal(topic.name(), QString::fromLatin1(message.constData(), message.size()));
+}
+
+void MqttClient::subscribe()
+{
+    // Topics can also change between two attempts; then the next one comes soon, instead of never.
+    const bool isWaiting = m_reconnectTimer->isActive();
+    m_reconnectTimer->stop();
+    m_delayMs = firstDelayMs;
+    for (const QString& topic : m_subscribedTopics)
+        m_client->unsubscribe(topic);
+    for (const QString& topic : m_wantedTopics)
+        m_client->subscribe(topic, 0);
+    m_subscribedTopics = m_wantedTopics;
+    if (isWaiting && m_client->state() == QMqttClient::Disconnected)
+        m_reconnectTimer->start(m_delayMs);
+}
+
+void MqttClient::reconnect()
+{
+    m_reconnectTimer->stop();
+    m_client->connectToHost();
+    if (m_delayMs < maxDelayMs)
+        m_delayMs += delayStepMs;
+    qDebug().noquote() << QStringLiteral("reconnect times: %1").arg((m_delayMs - firstDelayMs) / delayStepMs);
+}

@@ -1,0 +1,15 @@
+#include "vm/module1/RoomSettings.h"
+
+#include "common/GlobalConfig.h"
+
+RoomSettings RoomSettings::ofStore()
+{
+    RoomSettings settings;
+    if (const SysConfigDto* sysConfig = GlobalConfig::getInstance()->sysConfig()) {
+        settings.usedRoomMod = sysConfig->usedRoomMod() == 1;
+        settings.openMulti = sysConfig->openMulti();
+        settings.isNeedCard = sysConfig->isNeedCard();
+        settings.defaultTime = sysConfig->defaultTime();
+    }
+    return settings;
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+/// What the store has set for opening and changing rooms; the defaults hold until its settings have arrived.
+struct RoomSettings
+{
+    bool usedRoomMod = false; ///< the house works without guests' hand cards
+    bool openMulti = false;   ///< cards of other rooms may be opened together
+    bool isNeedCard = false;  ///< a massage room needs a card
+    int defaultTime = 0;      ///< what a massage room is opened for, hours
+
+    static RoomSettings ofStore();
+};
