@@ -6,28 +6,34 @@ cd "$(dirname "$0")"
 
 usage() {
     cat <<'HELP'
-usage: ./run.sh [--rooms N] [--shot FILE]
+usage: ./run.sh [--rooms N] [--others N] [--shot FILE | --tour FOLDER]
 
 Installs what is missing, builds, starts a mosquitto broker, the demo back end and the terminal on ports of their own,
 and ends all of it when the terminal ends. Without a display a virtual one is started.
 
   --rooms N    size of the demo house
+  --others N   changes a second by the house's other terminals (0.2; 0 for none)
   --shot FILE  saves a picture of the screen after start-up and ends
+  --tour DIR   walks the terminal by clicks like the front desk's evening, saves pictures of every step and ends
 
-Settings and identity of the demo terminal are kept in build/demo; remove the folder to start afresh.
+Settings and identity of the demo terminal are kept in build/demo, its slips in build/demo/slips; remove the folder to
+start afresh.
 HELP
 }
 
-shot="" house_options=()
+shot="" tour="" others=0.2 house_options=()
 while [ $# -gt 0 ]; do
     case $1 in
         --rooms) house_options+=(--rooms "${2:?--rooms needs a number}"); shift 2 ;;
+        --others) others=${2:?--others needs a number}; shift 2 ;;
+        --tour) tour=$(realpath -m "${2:?--tour needs a folder}") others=0; shift 2 ;;
         --shot) shot=$(realpath -m "${2:?--shot needs a file}"); shift 2 ;;
         --help | -h) usage; exit 0 ;;
         *) usage >&2; exit 2 ;;
     esac
 done
 
+[ -z "$tour" ] || demo_packages+=(xdotool)
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}"
 build release kv_panel kv_house kv_card RF003Reader
 
@@ -90,7 +96,8 @@ CONF
 start_house() {
     say "Starting the demo back end"
     "$bin/kv_house" --seed "$house_seed" --url-file "$run/url" --mqtt-url "tcp://127.0.0.1:$broker_port" \
-        --mqtt-user terminal --mqtt-pwd demo-broker --fault /line/check=delay:20 --log "$run/house.log" "${house_options[@]}" >/dev/null &
+        --mqtt-user terminal --mqtt-pwd demo-broker --fault /line/check=delay:20 --others "$others" --log "$run/house.log" \
+        "${house_options[@]}" >/dev/null &
     started+=($!)
     wait_for "the demo back end" test -s "$run/url"
     house_url=$(cat "$run/url")
@@ -112,7 +119,7 @@ prepare_terminal() {
     mkdir -p "$demo/config" "$run/runtime"
     chmod 700 "$run/runtime"
     export XDG_CONFIG_HOME=$demo/config XDG_RUNTIME_DIR=${XDG_RUNTIME_DIR:-$run/runtime} LC_ALL=C.UTF-8
-    export KV_PANEL_API_URLS=$house_url QT_QUICK_BACKEND=${QT_QUICK_BACKEND:-software}
+    export KV_PANEL_API_URLS=$house_url KV_PANEL_PREVIEW_DIR=$demo/slips QT_QUICK_BACKEND=${QT_QUICK_BACKEND:-software}
     # The identity that a shop enters once; a line that an earlier run chose is gone with its port.
     printf 'authCode=KV-DEMO-0001\nsecretKey=demo-secret-key-0001\n' > "$XDG_CONFIG_HOME/KV_PANEL_V2.ini"
 }
@@ -134,7 +141,8 @@ import sqlite3, sys
 database = sqlite3.connect(sys.argv[1])
 database.execute("CREATE TABLE IF NOT EXISTS sys_config (id INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL, "
                  "code VARCHAR(128) NOT NULL UNIQUE, value VARCHAR(128) NOT NULL DEFAULT(''))")
-for code, value in (("staff_device_com", "COM1"), ("hand_card_device", "1")):
+for code, value in (("staff_device_com", "COM1"), ("hand_card_device", "1"), ("print", "预览打印机"),
+                    ("is_open_room_print", "1"), ("leave_room_print_count", "1")):
     database.execute("DELETE FROM sys_config WHERE code = ?", (code,))
     database.execute("INSERT INTO sys_config (code, value) VALUES (?, ?)", (code, value))
 database.commit()
@@ -163,9 +171,17 @@ start_display
 prepare_terminal
 start_readers
 
+walk() {
+    rm -rf "$demo/slips" "$tour"
+    wait_for "the terminal" test -S "$run/places"
+    /usr/bin/python3 "$tools/tour.py" "$run/places" "$tour" "$demo/slips" \
+        "'$bin/../sim/kv_card' staff '$staff_reader' 94780011" "$house_url"
+}
+
 say "Starting the terminal"
+tools=$PWD/scripts
 cd "$demo"
-"$bin/kv_panel" &
+"$bin/kv_panel" --places "$run/places" &
 terminal=$!
 started+=("$terminal")
 if [ -n "$shot" ]; then
@@ -174,6 +190,10 @@ if [ -n "$shot" ]; then
     wait_for "the picture" shot_is_painted
     say "Picture saved: $shot"
     exit 0
+fi
+if [ -n "$tour" ]; then
+    walk
+    exit
 fi
 code=0
 wait "$terminal" || code=$?

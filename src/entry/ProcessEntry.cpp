@@ -3,7 +3,9 @@
 #include "common/GlobalConfig.h"
 #include "common/LogFolder.h"
 #include "common/Sqlite.h"
+#include "entry/Options.h"
 #include "entry/Pages.h"
+#include "entry/Places.h"
 #include "platform/QuitSignals.h"
 #include "platform/SingleInstance.h"
 #include "services/ServicesRegister.h"
@@ -15,7 +17,11 @@
 #include <QQmlApplicationEngine>
 #include <QQuickStyle>
 #include <QSslSocket>
+#include <QWindow>
 #include <QtConcurrent>
+
+#include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -70,6 +76,14 @@ void markMissingLibcurl(QFile& marker)
 
 int runTerminal(int& argc, char** argv)
 {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const Options options = Options::parse(arguments);
+    if (!options.answer.isEmpty()) {
+        std::fputs(options.answer.toLocal8Bit().constData(), options.exitCode == 0 ? stdout : stderr);
+        return options.exitCode;
+    }
     if (!claimSingleInstance())
         return -1;
 
@@ -97,6 +111,14 @@ int runTerminal(int& argc, char** argv)
     registerTypes();
     QQuickStyle::setStyle(QStringLiteral("Default"));
     QQmlApplicationEngine engine;
+    if (options.isWindowed) {
+        engine.setInitialProperties({{QStringLiteral("visibility"), QWindow::Windowed},
+                                     {QStringLiteral("width"), 1366},
+                                     {QStringLiteral("height"), 768}});
+    }
     loadPages(engine, directory);
+    std::unique_ptr<Places> places;
+    if (!options.placesSocket.isEmpty())
+        places = std::make_unique<Places>(options.placesSocket);
     return QGuiApplication::exec();
 }

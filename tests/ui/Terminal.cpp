@@ -3,6 +3,7 @@
 #include "common/GlobalConfig.h"
 #include "common/MyMessage.h"
 #include "common/Sqlite.h"
+#include "entry/PageItems.h"
 #include "entry/Pages.h"
 
 #include <QDir>
@@ -25,42 +26,6 @@ namespace {
 constexpr int tickMs = 10;
 constexpr int stepLimitTicks = 1000;
 constexpr int settledTicks = 4; // each of tickMs
-
-/// Notices whether input arrives anywhere: during a back-end call it doesn't.
-class InputProbe : public QObject
-{
-public:
-    bool arrived = false;
-    bool event(QEvent* event) override
-    {
-        arrived = arrived || event->type() == QEvent::KeyPress;
-        return true;
-    }
-};
-
-bool takesInput()
-{
-    InputProbe probe;
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_F35, Qt::NoModifier);
-    QCoreApplication::sendEvent(&probe, &key);
-    return probe.arrived;
-}
-
-QQuickItem* findVisible(QQuickItem* parent, const QString& name)
-{
-    // The last child is painted on top.
-    const QList<QQuickItem*> children = parent->childItems();
-    for (auto it = children.rbegin(); it != children.rend(); ++it) {
-        QQuickItem* child = *it;
-        if (!child->isVisible())
-            continue;
-        if (child->objectName() == name)
-            return child;
-        if (QQuickItem* found = findVisible(child, name))
-            return found;
-    }
-    return nullptr;
-}
 
 } // namespace
 
@@ -237,25 +202,7 @@ bool Terminal::tapNow(const QString& name)
     return true;
 }
 
-QQuickItem* Terminal::item(const QString& name) const
-{
-    const QWindowList windows = QGuiApplication::topLevelWindows();
-    for (auto it = windows.rbegin(); it != windows.rend(); ++it) {
-        auto* window = qobject_cast<QQuickWindow*>(*it);
-        if (!window || !window->isVisible())
-            continue;
-        if (window->objectName() == name)
-            return window->contentItem();
-        // A dialog of the pages isn't an item itself; its content is.
-        for (QObject* dialog : window->findChildren<QObject*>(name)) {
-            if (dialog->property("modal").isValid() && dialog->property("visible").toBool())
-                return dialog->property("contentItem").value<QQuickItem*>();
-        }
-        if (QQuickItem* found = findVisible(window->contentItem(), name))
-            return found;
-    }
-    return nullptr;
-}
+QQuickItem* Terminal::item(const QString& name) const { return findPageItem(name); }
 
 QVariant Terminal::property(const QString& name, const char* property) const
 {

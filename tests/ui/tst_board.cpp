@@ -173,7 +173,7 @@ void tst_board::taps()
                                    QJsonObject{{"code", "500"}, {"msg", "房间被改"}});
         m_terminal->see(dialog).until(
             "the refusal", [this] { return m_terminal->house().seen("/bba01/getRoomDetailNew") > 0; });
-        QCOMPARE(m_terminal->tap("closeCross").seeNot(dialog).run(), QString());
+        QCOMPARE(m_terminal->tap("closeButton").seeNot(dialog).run(), QString());
         QCOMPARE(
             m_terminal->house().lastRequest("/bba01/getRoomDetailNew").value("json").toObject().value("roomId"),
             QJsonValue("r1"));

@@ -149,9 +149,13 @@ void tst_rooms_opening::joinedRooms()
     typeCard(others.at(1)).see("card_" + others.at(1));
     typeCard(others.at(2)).see("card_" + others.at(2));
     QString question;
+    int lines = 0;
     QCOMPARE(m_terminal->tap("saveButton")
                  .see("msgConfirmDlg")
-                 .act([&] { question = m_terminal->property("contentText", "text").toString(); })
+                 .act([&] {
+                     question = m_terminal->property("contentText", "text").toString();
+                     lines = m_terminal->property("contentText", "lineCount").toInt();
+                 })
                  .picture("room-open-joined")
                  .tap("cancelButton")
                  .seeNot("msgConfirmDlg")
@@ -162,6 +166,7 @@ void tst_rooms_opening::joinedRooms()
                  .returned()
                  .run(),
              QString());
+    QCOMPARE(lines, 3);
     QVERIFY(question.contains(QStringLiteral("手牌") + others.at(1)));
     QVERIFY(question.contains(QStringLiteral("手牌") + others.at(2)));
     QCOMPARE(m_terminal->takeMessages(), QStringList{done});
@@ -397,16 +402,24 @@ void tst_rooms_opening::openingUndoneBySupervisor()
 
 void tst_rooms_opening::outOfTheGroup()
 {
-    const QString room = RoomFloor::openRoom(2, 1);
-    const QJsonArray ids{RoomFloor::roomId(RoomFloor::openRoom(2, 1)), RoomFloor::roomId(room)};
+    // The others stay together.
+    QStringList rooms;
+    QJsonArray ids;
+    for (int i = 0; i < 3; ++i) {
+        rooms.append(RoomFloor::openRoom(2, 1));
+        ids.append(RoomFloor::roomId(rooms.last()));
+    }
     QVERIFY(isOk(*held(Bba01Service::getInstance()->mergeRoom({{"roomIdArr", ids}}))));
     QString question;
-    dialog("roomDetailDlg", room).tap("menu_LEAVE_TEAM").see("msgConfirmDlg");
+    dialog("roomDetailDlg", rooms.at(1)).tap("menu_LEAVE_TEAM").see("msgConfirmDlg");
     m_terminal->act([&] { question = m_terminal->property("contentText", "text").toString(); });
     QCOMPARE(m_terminal->tap("confirmButton").returned().run(), QString());
     QCOMPARE(question, QStringLiteral("确定要离开团体"));
     QCOMPARE(m_terminal->takeMessages(), QStringList{done});
-    QVERIFY(RoomFloor::detail(room)->data()->group_key().isEmpty());
+    QVERIFY(RoomFloor::detail(rooms.at(1))->data()->group_key().isEmpty());
+    const QString key = RoomFloor::detail(rooms.at(0))->data()->group_key();
+    QVERIFY(!key.isEmpty());
+    QCOMPARE(RoomFloor::detail(rooms.at(2))->data()->group_key(), key);
 }
 
 void tst_rooms_opening::crowdedPages()

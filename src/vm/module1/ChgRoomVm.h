@@ -24,6 +24,7 @@ public:
 protected:
     explicit ChgRoomVm(QObject* parent);
 
+    /// Lists these rooms and chooses the first.
     virtual void takeRooms(const QList<temp_struct>& rooms);
     /// False, with a message, when there is none to go to.
     bool isRoomChosen() const;

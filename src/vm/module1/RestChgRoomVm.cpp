@@ -9,9 +9,8 @@ RestChgRoomVm::RestChgRoomVm(QObject* parent) : ChgRoomVm(parent), m_plans(new P
 
 void RestChgRoomVm::takeRooms(const QList<temp_struct>& rooms)
 {
-    pEmptyRoomModel()->upate(rooms);
     m_plans->clear();
-    selectRoom(0);
+    ChgRoomVm::takeRooms(rooms);
 }
 
 void RestChgRoomVm::selectRoom(int index)

@@ -30,6 +30,7 @@ const QString cardPath = QStringLiteral("/baa01/getHardCardDetail");
 const QString done = QStringLiteral("success|操作成功");
 const QString noPlan = QStringLiteral("error|请选择计费方案");
 const QString noCard = QStringLiteral("error|请先添加手牌");
+const QString cardIsThere = QStringLiteral("error|当前手牌已存在,不能重复添加");
 const QString noConsumer = QStringLiteral("error|请选择需要计入消费的手牌");
 
 SysConfigDto* storeSettings() { return GlobalConfig::getInstance()->sysConfig(); }
@@ -72,6 +73,7 @@ private Q_SLOTS:
     void cardsAtTheStart();
     void newCard_data();
     void newCard();
+    void sameCardUnderAnotherNumber();
     void incomplete();
     void hoursAtTheStart();
     void closedWhileItLoads_data();
@@ -274,7 +276,7 @@ void tst_room_conversions::newCard_data()
                         const QStringList& shownToMassage) {
         QTest::newRow(name) << entry << found << answer << cards << shownToRest << shownToMassage;
     };
-    const QStringList there{"error|当前手牌已存在,不能重复添加"};
+    const QStringList there{cardIsThere};
     const QStringList unusable{"error|[8002]手牌不处于可用状态"};
     const QStringList asked{elsewhere("8002", "102")};
     row("unused", "8002", card("8002", 0), 1, "8001 8002", {}, {});
@@ -314,6 +316,25 @@ void tst_room_conversions::newCard()
     massage.getCardInfo({}, "31927757");
     QCOMPARE(m_room->takeShown(), (QStringList{"error|手牌不存在", "error|手牌不存在"}));
     QCOMPARE(m_room->sent(cardPath), (QJsonObject{{"cardUid", "31927757"}}));
+}
+
+void tst_room_conversions::sameCardUnderAnotherNumber()
+{
+    // To the rest room the number counts, to the massage room the id.
+    QJsonObject renumbered = card("8001");
+    renumbered["cardno"] = "8009";
+    m_room->answer(cardPath, renumbered);
+    m_room->answer(plansPath, plans({}));
+    MassChgRestVm rest;
+    rest.init("R1", "101", record({"8001"}));
+    rest.getCardInfo("8009", {});
+    QCOMPARE(listed(rest.pCardListModel()), QStringLiteral("8001 8009"));
+    QCOMPARE(m_room->takeShown(), QStringList{});
+    RestChgMassVm massage;
+    massage.init("R1", "101", record({"8001"}));
+    massage.getCardInfo("8009", {});
+    QCOMPARE(listed(massage.pCardListModel()), QStringLiteral("8001"));
+    QCOMPARE(m_room->takeShown(), QStringList{cardIsThere});
 }
 
 void tst_room_conversions::incomplete()

@@ -3,8 +3,6 @@
 #include "RoomFixture.h"
 
 #include "common/GlobalConfig.h"
-#include "dto/room/RoomRecords.h"
-#include "services/Bba01Service.h"
 #include "vm/module1/RoomDetailVm.h"
 
 #include <QAbstractItemModelTester>
@@ -56,8 +54,6 @@ private Q_SLOTS:
     void actions_data();
     void actions();
     void withoutAnyRoom();
-    void openingUndone();
-    void outOfTheGroup();
     void oneAtATime_data() { actionRows(); }
     void oneAtATime();
     void closedDuringItsCall_data() { actionRows(); }
@@ -317,42 +313,6 @@ void tst_room_detail::withoutAnyRoom()
     QVERIFY(!dialog.cancelTeam());
     QVERIFY(dialog.isEnabled());
     QCOMPARE(m_room->house().seen("/bba01/splitRoom"), 0);
-}
-
-void tst_room_detail::openingUndone()
-{
-    const QString roomNo = RoomFloor::openRoom(2, 1);
-    QVERIFY(!roomNo.isEmpty());
-    RoomDetailVm dialog;
-    QVERIFY(dialog.init(RoomFloor::roomId(roomNo)));
-    QCOMPARE(dialog.roomNo(), roomNo);
-    QCOMPARE(dialog.openHours(), QStringLiteral("2小时"));
-    QVERIFY(!dialog.staffNo().startsWith('-') && !dialog.staffNo().endsWith('-'));
-    QVERIFY(dialog.cancelRoom());
-    QCOMPARE(m_room->takeShown(), QStringList{done});
-    QCOMPARE(RoomFloor::detail(roomNo)->data()->status(), 1);
-    QVERIFY(!dialog.init(RoomFloor::roomId(roomNo)));
-    QCOMPARE(m_room->takeShown(), QStringList{"error|包房状态发生变化,请刷新后再试"});
-}
-
-void tst_room_detail::outOfTheGroup()
-{
-    QStringList rooms;
-    QJsonArray ids;
-    for (int i = 0; i < 3; ++i) {
-        rooms.append(RoomFloor::openRoom(2, 1));
-        QVERIFY(!rooms.last().isEmpty());
-        ids.append(RoomFloor::roomId(rooms.last()));
-    }
-    QVERIFY(isOk(*held(Bba01Service::getInstance()->mergeRoom({{"roomIdArr", ids}}))));
-    RoomDetailVm dialog;
-    QVERIFY(dialog.init(RoomFloor::roomId(rooms.at(1))));
-    QVERIFY(codesOf(dialog.pMenuModel()).contains("LEAVE_TEAM"));
-    QVERIFY(dialog.cancelTeam());
-    QVERIFY(RoomFloor::detail(rooms.at(1))->data()->group_key().isEmpty());
-    const QString key = RoomFloor::detail(rooms.at(0))->data()->group_key();
-    QVERIFY(!key.isEmpty());
-    QCOMPARE(RoomFloor::detail(rooms.at(2))->data()->group_key(), key);
 }
 
 void tst_room_detail::oneAtATime()

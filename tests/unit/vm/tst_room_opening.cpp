@@ -5,7 +5,6 @@
 #include "app/MainClass.h"
 #include "common/Clock.h"
 #include "common/GlobalConfig.h"
-#include "dto/room/RoomRecords.h"
 #include "vm/module1/OpenMassVm.h"
 #include "vm/module1/OpenOccupyVm.h"
 #include "vm/module1/OpenRestVm.h"
@@ -51,13 +50,6 @@ QJsonObject plan(const QString& id, const QString& name, int hours, double fee)
     return {{"id", id}, {"name", name}, {"min_time", hours}, {"min_fee", fee}};
 }
 
-QString emptyRoomNo()
-{
-    return RoomFloor::roomNoWhere([](const RoomDto& room) { return room.status() == 1 && !room.roomLock(); });
-}
-
-int statusOf(const QString& roomNo) { return RoomFloor::detail(roomNo)->data()->status(); }
-
 SysConfigDto& store() { return *GlobalConfig::getInstance()->sysConfig(); }
 
 } // namespace
@@ -92,9 +84,6 @@ private Q_SLOTS:
     void occupation_data();
     void occupation();
     void kindsRefused();
-    void guestsMoveIn_data();
-    void guestsMoveIn();
-    void emptyRoomLeavesTheFloor();
     void oneAtATime_data() { saveRows(); }
     void oneAtATime();
     void pageClosedDuringItsCall_data() { saveRows(); }
@@ -587,75 +576,6 @@ void tst_room_opening::kindsRefused()
     QCOMPARE(page.pOccupyListModel()->rowCount(), 0);
 }
 
-void tst_room_opening::guestsMoveIn_data()
-{
-    QTest::addColumn<bool>("isMassage");
-    QTest::addColumn<bool>("isJoining"); // with a card of another room
-    QTest::newRow("massage room") << true << false;
-    QTest::newRow("massage room, joined") << true << true;
-    QTest::newRow("rest room") << false << false;
-}
-
-void tst_room_opening::guestsMoveIn()
-{
-    QFETCH(bool, isMassage);
-    QFETCH(bool, isJoining);
-    QStringList cards = RoomFloor::freeCards(2);
-    if (isJoining)
-        cards[1] = RoomFloor::cardsInside(RoomFloor::openRoom(2, 2)).value(1);
-    const QString roomNo = emptyRoomNo();
-    QVERIFY(cards.size() == 2 && !cards.at(1).isEmpty() && !roomNo.isEmpty());
-    OpenRoomVm dialog;
-    QVERIFY(dialog.init(RoomFloor::roomId(roomNo)));
-    QCOMPARE(dialog.pMenuModel()->rowCount(), 4);
-    const auto moveIn = [&](auto& page) {
-        page.init(dialog.roomId(), dialog.roomNo());
-        for (const QString& card : cards)
-            page.getCardInfo(card, {});
-    };
-    if (isMassage) {
-        OpenMassVm page;
-        moveIn(page);
-        QVERIFY(page.save());
-    } else {
-        OpenRestVm page;
-        moveIn(page);
-        QVERIFY(page.pPlanListModel()->rowCount() > 0);
-        page.checkPlan(0);
-        QVERIFY(page.save());
-    }
-    QCOMPARE(m_room->takeShown().last(), done);
-    QCOMPARE(statusOf(roomNo), isMassage ? 2 : 3);
-    QCOMPARE(RoomFloor::cardsInside(roomNo), cards);
-    QVERIFY(m_room->takePrinted().contains(QStringLiteral("主结手牌:") + cards.at(0)));
-    // The dialog that still stands has nothing more to offer.
-    QVERIFY(dialog.init(dialog.roomId()));
-    QCOMPARE(dialog.pMenuModel()->rowCount(), 0);
-}
-
-void tst_room_opening::emptyRoomLeavesTheFloor()
-{
-    const QString dirtyRoom = emptyRoomNo();
-    OpenRoomVm dialog;
-    QVERIFY(dialog.init(RoomFloor::roomId(dirtyRoom)));
-    QVERIFY(dialog.cleanRoom());
-    QCOMPARE(statusOf(dirtyRoom), 4);
-
-    const QString brokenRoom = emptyRoomNo();
-    OpenOccupyVm page;
-    page.init(RoomFloor::roomId(brokenRoom));
-    QVERIFY(page.pOccupyListModel()->rowCount() > 0);
-    page.checkOccupy(0);
-    page.setRemark(QStringLiteral("水管坏了"));
-    QVERIFY(page.save());
-    QCOMPARE(m_room->takeShown(), QStringList{});
-    QCOMPARE(statusOf(brokenRoom), 5);
-    const QString kind = RoomFloor::roomNoWhere([&](const RoomDto& room) {
-        return room.code() == brokenRoom && room.cooName() == page.pOccupyListModel()->getAll().at(0).type_name;
-    });
-    QCOMPARE(kind, brokenRoom);
-}
-
 void tst_room_opening::saveRows()
 {
     QTest::addColumn<QString>("kind");
@@ -768,10 +688,10 @@ void tst_room_opening::pageClosedDuringALookUp()
         closeDuring(occupy);
         occupy->init("R1");
     } else if (path == detailPath) {
-        const QString roomId = RoomFloor::roomId(emptyRoomNo());
+        m_room->answer(detailPath, QJsonObject{{"id", "R1"}, {"status", 1}});
         auto* dialog = new OpenRoomVm;
         closeDuring(dialog);
-        QVERIFY(!dialog->init(roomId));
+        QVERIFY(!dialog->init("R1"));
     } else {
         m_room->answer(massPath, {});
         QObject* massage = prepared("massage");

@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QtQuick.Controls 2.15
 import "../../js/Glyphs.js" as Glyphs
 
 // What both confirmations show: title, text, two buttons.
@@ -20,22 +21,31 @@ Item {
         title: body.title
     }
 
-    Text {
-        objectName: "contentText"
+    Flickable {
+        id: scroll
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: head.bottom
         anchors.bottom: buttons.top
         anchors.margins: Theme.spacing
-        horizontalAlignment: Text.AlignHCenter
-        verticalAlignment: Text.AlignVCenter
-        wrapMode: Text.Wrap
-        elide: Text.ElideRight
-        textFormat: Text.StyledText
-        text: body.content
-        font.family: Pinfang
-        font.pixelSize: 22
-        color: Theme.text
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+        contentHeight: Math.max(height, label.height)
+        ScrollBar.vertical: ListScrollBar {}
+
+        Text {
+            id: label
+            objectName: "contentText"
+            width: scroll.width
+            y: (scroll.contentHeight - height) / 2
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            textFormat: Text.StyledText
+            text: body.content.replace(/\n/g, "<br>")
+            font.family: Pinfang
+            font.pixelSize: 22
+            color: Theme.text
+        }
     }
 
     Row {

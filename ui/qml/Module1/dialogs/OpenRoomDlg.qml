@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import GlobalConfig 1.0
 import OpenRoomVm 1.0
 import "../../DlgManager.js" as Dlg
 
@@ -8,8 +9,10 @@ RoomDialog {
 
     objectName: "openRoomDlg"
     title: "包房操作"
+    startDelay: GlobalConfig.initDelyTime
     isEnabled: vm.isEnabled
-    roomNo: vm.roomNo
+    pageRoomId: vm.roomId
+    pageRoomNo: vm.roomNo
     menuModel: vm.pMenuModel
     pages: ({MASS_ROOM: "OpenMassPage", REST_ROOM: "OpenRestPage", OCCUPY_ROOM: "OpenOccupyPage"})
     onStarted: vm.init(roomId)

@@ -17,7 +17,8 @@ RoomDialog {
     objectName: "roomDetailDlg"
     title: "包房详情"
     isEnabled: vm.isEnabled
-    roomNo: vm.roomNo
+    pageRoomId: vm.roomId
+    pageRoomNo: vm.roomNo
     menuModel: vm.pMenuModel
     pages: ({
         ADD_CARD: "RoomAddCardsPage",
@@ -78,7 +79,7 @@ RoomDialog {
         RoomFact {
             objectName: "fact_staffNo"
             width: facts.width / 3
-            height: facts.rowHeight
+            height: facts.rowHeight * 2
             label: "开 房 人:"
             text: vm.staffNo
         }

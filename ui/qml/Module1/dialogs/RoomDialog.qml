@@ -9,8 +9,10 @@ import "../../../js/Glyphs.js" as Glyphs
 DialogFrame {
     id: dialog
 
-    property string roomId: ""
-    property string roomNo: ""
+    property string roomId: "" // what the caller asks for
+    property int startDelay: GlobalConfig.dlgDeplyTime
+    property string pageRoomId: "" // what the pages get
+    property string pageRoomNo: ""
     property alias menuModel: menu.model
     property var pages: ({}) // the page of each menu entry; an entry without one is an action
     property alias info: infoArea.data
@@ -30,7 +32,7 @@ DialogFrame {
     }
 
     function load(page) {
-        loader.setSource("qrc:/qml/Module1/pages/" + page + ".qml", {roomId: roomId, roomNo: roomNo})
+        loader.setSource("qrc:/qml/Module1/pages/" + page + ".qml", {roomId: pageRoomId, roomNo: pageRoomNo})
     }
 
     function choose(code) {
@@ -44,7 +46,8 @@ DialogFrame {
 
     width: Math.min(1240, root.width - 40)
     height: Math.min(900, root.height - 40)
-    Component.onCompleted: JsFunc.timerOnce(GlobalConfig.dlgDeplyTime, () => dialog && dialog.started())
+    header: null
+    Component.onCompleted: JsFunc.timerOnce(startDelay, () => dialog && dialog.started())
 
     contentItem: Item {
         DialogHead {

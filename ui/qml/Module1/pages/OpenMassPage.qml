@@ -46,7 +46,6 @@ RoomPage {
         anchors.topMargin: Theme.spacing
         anchors.bottom: parent.bottom
         isRemovable: true
-        emptyText: "请先添加手牌"
         model: pageVm.pCardListModel
         onRemoved: JsFunc.delay15(() => pageVm && pageVm.deleteCard(index))
     }

@@ -1,0 +1,42 @@
+#include "entry/Options.h"
+
+#include "DeploymentValues.h"
+
+namespace {
+
+QString helpText()
+{
+    return QStringLiteral(
+        "usage: kv_panel [options]\n"
+        "\n"
+        "The touch terminal of the shop, on the whole screen. Settings, log and fonts lie beside the program.\n"
+        "\n"
+        "  --windowed       a plain window of 1366 x 768, for desks and developers\n"
+        "  --places SOCKET  tells where the items of the pages are, for tools that tap them\n"
+        "  --version        prints the version\n"
+        "  --help           prints this\n");
+}
+
+} // namespace
+
+Options Options::parse(const QStringList& arguments)
+{
+    Options options;
+    for (int i = 0; i < arguments.size(); ++i) {
+        const QString& argument = arguments.at(i);
+        if (argument == QLatin1String("--windowed")) {
+            options.isWindowed = true;
+        } else if (argument == QLatin1String("--places") && i + 1 < arguments.size()) {
+            options.placesSocket = arguments.at(++i);
+        } else if (argument == QLatin1String("--version")) {
+            options.answer = QStringLiteral("kv_panel %1\n").arg(QLatin1String(Deployment::version));
+        } else if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
+            options.answer = helpText();
+        } else if (argument.startsWith(QLatin1String("--"))) {
+            options.answer = QStringLiteral("kv_panel: what is \"%1\"?\n\n%2").arg(argument, helpText());
+            options.exitCode = 2;
+            return options;
+        }
+    }
+    return options;
+}

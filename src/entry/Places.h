@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QLocalServer>
+
+class QLocalSocket;
+
+/// Tells tools outside where things are on the screen, so that they can be tapped like a person taps them. Only
+/// opened on demand; whoever may open the socket sees no more than names and places.
+///
+/// A question is one line with an object name; the answer is one line: "x y width height" in pixels of the
+/// screen, then what the item shows as text, if anything. It is "-" while there is no such item, or while the
+/// item wouldn't take a tap: disabled, or hidden by a back-end call.
+class Places : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Places(const QString& socket, QObject* parent = nullptr);
+
+    bool isOpen() const { return m_server.isListening(); }
+
+private:
+    void answer(QLocalSocket* asker);
+
+    QLocalServer m_server;
+};
