@@ -75,18 +75,20 @@ QString stateText(const RoomDto& room)
     return room.dirtyFlg() && hasCleaner ? cleanerOf(room) : text;
 }
 
-QString hoursAndMinutes(const QString& form, qint64 minutes)
+/// Hours and minutes, not padded. Put together rather than formatted: a board has thousands of them.
+QString hoursAndMinutes(qint64 minutes)
 {
-    return form.arg(minutes / minutesPerHour).arg(minutes % minutesPerHour);
+    return QString::number(minutes / minutesPerHour) + QLatin1Char(':') +
+           QString::number(minutes % minutesPerHour);
 }
 
 QString leftText(qint64 surplusMinutes)
 {
     if (surplusMinutes >= 0)
-        return hoursAndMinutes(QStringLiteral("%1:%2"), surplusMinutes);
+        return hoursAndMinutes(surplusMinutes);
     if (surplusMinutes < -overrunShownMinutes)
         return QStringLiteral("超:1d");
-    return hoursAndMinutes(QStringLiteral("超:>%1:%2"), -surplusMinutes);
+    return QStringLiteral("超:>") + hoursAndMinutes(-surplusMinutes);
 }
 
 QString labelled(const QString& label, const QString& text)
@@ -105,7 +107,7 @@ RoomTile tileOf(const RoomDto& room, bool isShowAmount)
     if (room.name() != room.code())
         tile.roomName = room.name();
     tile.roomFloor = room.floorname();
-    tile.roomNum = QStringLiteral("%1/%2").arg(room.num()).arg(room.innum());
+    tile.roomNum = QString::number(room.num()) + QLatin1Char('/') + QString::number(room.innum());
     tile.backColor = colorOfTile(room);
     tile.statusVal = stateText(room);
     tile.remark = room.remark();
@@ -126,8 +128,7 @@ RoomTile tileOf(const RoomDto& room, bool isShowAmount)
         tile.staffList = labelled(QStringLiteral("技:"), room.staffnos());
         tile.finishStaff = labelled(QStringLiteral("停:"), room.completedStaffnos());
         tile.groupRoom = labelled(QStringLiteral("团:"), room.groupRoom());
-        tile.usedTime =
-            hoursAndMinutes(QStringLiteral("%1:%2"), room.hours() * minutesPerHour - room.surplus());
+        tile.usedTime = hoursAndMinutes(room.hours() * minutesPerHour - room.surplus());
         tile.leftTime = leftText(room.surplus());
     }
     return tile;

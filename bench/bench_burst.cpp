@@ -1,0 +1,127 @@
+// The room board while the broker sends a thousand messages a second for ten seconds: time between frames
+// against the quiet board, and what becomes of the messages.
+
+#include "Measure.h"
+#include "RoomFixture.h"
+#include "support/BrokerProcess.h"
+
+#include "app/MainClass.h"
+#include "common/GlobalConfig.h"
+#include "entry/Pages.h"
+
+#include <QEventLoop>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QQuickView>
+#include <QTimer>
+
+#include <thread>
+
+namespace {
+
+constexpr int seconds = 10;
+constexpr int messagesPerSecond = 1000;
+constexpr int portionsPerSecond = 20;
+
+/// The board's page with something that moves on it, so that there is a frame to paint each time one can be.
+class MovingBoard
+{
+public:
+    MovingBoard()
+    {
+        for (const char* name : {"Pinfang", "iconfont"}) {
+            const int font = QFontDatabase::addApplicationFont(QCoreApplication::applicationDirPath() +
+                                                               QStringLiteral("/res/fonts/%1.ttf").arg(name));
+            const QString family = QFontDatabase::applicationFontFamilies(font).value(0);
+            m_view.rootContext()->setContextProperty(name, family);
+        }
+        m_view.setResizeMode(QQuickView::SizeRootObjectToView);
+        m_view.setSource(QUrl("qrc:/qml/Module1/Module1.qml"));
+        m_view.resize(1920, 1080);
+        QQmlComponent mover(m_view.engine());
+        mover.setData("import QtQuick 2.15\nRectangle { width: 40; height: 40; color: 'red'\n"
+                      "NumberAnimation on x { from: 0; to: 400; duration: 1000; loops: Animation.Infinite } }",
+                      QUrl());
+        qobject_cast<QQuickItem*>(mover.create())->setParentItem(m_view.rootObject());
+        QObject::connect(&m_view, &QQuickWindow::frameSwapped, &m_view, [this] { ++m_frames; });
+        m_view.show();
+    }
+
+    /// Milliseconds from frame to frame over the time given.
+    double frameMs(int durationMs)
+    {
+        m_frames = 0;
+        QEventLoop loop;
+        QTimer::singleShot(durationMs, &loop, &QEventLoop::quit);
+        loop.exec();
+        return m_frames == 0 ? durationMs : static_cast<double>(durationMs) / m_frames;
+    }
+
+private:
+    QQuickView m_view;
+    int m_frames = 0;
+};
+
+void publishFor(BrokerProcess& broker, const QString& topic)
+{
+    QByteArrayList portion;
+    for (int i = 0; i < messagesPerSecond / portionsPerSecond; ++i)
+        portion.append("{\"type\":\"room\"}");
+    auto next = std::chrono::steady_clock::now();
+    for (int i = 0; i < seconds * portionsPerSecond; ++i) {
+        broker.publish(topic, portion);
+        next += std::chrono::milliseconds(1000 / portionsPerSecond);
+        std::this_thread::sleep_until(next);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    QGuiApplication application(argc, argv);
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    BrokerProcess broker;
+    RoomFixture terminal;
+    if (!terminal.isUp() || !broker.isRunning()) {
+        std::fprintf(stderr, "no back end or no broker\n");
+        return 1;
+    }
+    registerSingletons();
+    registerTypes();
+    GlobalConfig* config = GlobalConfig::getInstance();
+    config->setMqttUrl(QStringLiteral("127.0.0.1"));
+    config->setMqttPort(broker.port());
+    config->setMqttUser(BrokerProcess::user());
+    config->setMqttPwd(BrokerProcess::password());
+    MainClass::getInstance()->initMqtt(true);
+    int received = 0;
+    QObject::connect(MainClass::getInstance(), &MainClass::mqttSignal, &application, [&] { ++received; });
+
+    MovingBoard board;
+    board.frameMs(2000); // first fetch and first frames
+    const double quietMs = board.frameMs(seconds * 1000);
+    terminal.house().reset();
+    std::thread publisher(publishFor, std::ref(broker), config->MQTT_ROOM_STATUS() + config->storeId());
+    const double busyMs = board.frameMs(seconds * 1000);
+    publisher.join();
+    board.frameMs(1000); // the last mark is served
+    const QString last = QStringLiteral("/bba01/getOverTime");
+    const int refreshes = terminal.house().seen(last);
+    broker.publish(config->MQTT_ROOM_STATUS() + config->storeId(), {"one more"});
+    board.frameMs(1500);
+
+    Measure::printRatio("from frame to frame: 1,000 broker messages a second / none", "ms", quietMs, busyMs,
+                        1.5);
+    Measure::printRatio("messages of the burst: received / sent", "", seconds * messagesPerSecond + 1, received,
+                        1);
+    Measure::printRatio("board refreshes in it / ticks of 500 ms", "", seconds * 2 + 2, refreshes, 1);
+    Measure::printRatio("refreshes for one message more", "", 1, terminal.house().seen(last) - refreshes, 1);
+    return 0;
+}
