@@ -33,12 +33,17 @@ while [ $# -gt 0 ]; do
     esac
 done
 
-[ -z "$tour" ] || demo_packages+=(xdotool)
-install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}"
-build release kv_panel kv_house kv_card RF003Reader
+# A build folder that is given is used as it is.
+build_folder=${KV_PANEL_BUILD:-}
+if [ -z "$build_folder" ]; then
+    build_folder=$PWD/build
+    [ -z "$tour" ] || demo_packages+=(xdotool)
+    install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}"
+    build release kv_panel kv_house kv_card RF003Reader
+fi
 
 # Everything that is started here is ended here, and nothing else.
-bin=$PWD/build/bin demo=$PWD/build/demo house_seed=$PWD/house/seed/house.json
+bin=$build_folder/bin sim=$build_folder/sim demo=${KV_PANEL_DEMO:-$build_folder/demo} house_seed=$PWD/house/seed/house.json
 run=$(mktemp -d) started=()
 end_all() {
     trap - EXIT
@@ -135,7 +140,7 @@ start_readers() {
     done
     [ -e "$staff_reader" ] || say "No pseudo terminals here: going on without a staff reader"
     export KV_PANEL_COM1=$run/staff-line KV_SIM_HAND_SOCKET=$hand_reader
-    export LD_LIBRARY_PATH=$PWD/build/sim${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}
+    export LD_LIBRARY_PATH=$sim${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH}
     /usr/bin/python3 - "$demo/kv_panel_v2.db" <<'PYTHON'
 import sqlite3, sys
 database = sqlite3.connect(sys.argv[1])
@@ -148,8 +153,8 @@ for code, value in (("staff_device_com", "COM1"), ("hand_card_device", "1"), ("p
 database.commit()
 PYTHON
     say "To present a card, from another shell:"
-    echo "   $PWD/build/sim/kv_card staff $staff_reader 94780011     # staff, by the numbers in README.md"
-    echo "   $PWD/build/sim/kv_card hand $hand_reader SERIAL          # a guest's hand card"
+    echo "   $sim/kv_card staff $staff_reader 94780011     # staff, by the numbers in README.md"
+    echo "   $sim/kv_card hand $hand_reader SERIAL          # a guest's hand card"
 }
 
 house_started_terminal() {
@@ -175,7 +180,7 @@ walk() {
     rm -rf "$demo/slips" "$tour"
     wait_for "the terminal" test -S "$run/places"
     /usr/bin/python3 "$tools/tour.py" "$run/places" "$tour" "$demo/slips" \
-        "'$bin/../sim/kv_card' staff '$staff_reader' 94780011" "$house_url"
+        "'$sim/kv_card' staff '$staff_reader' 94780011" "$house_url"
 }
 
 say "Starting the terminal"

@@ -37,6 +37,8 @@ say "Checking the scripts"
 for script in run.sh test.sh bench.sh scripts/*.sh .ci/run; do
     bash -n "$script"
 done
+/usr/bin/python3 -m py_compile scripts/*.py
+rm -rf scripts/__pycache__
 
 build "$preset"
 

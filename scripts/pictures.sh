@@ -8,15 +8,17 @@ cd "$(dirname "$0")/.."
 size=${1:-1920x1080}
 folder=$PWD/docs/pictures/$size
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}"
-build release tst_shell tst_dialogs kv_house
+tests=(tst_shell tst_dialogs tst_board tst_rooms_opening tst_rooms_conversions tst_rooms_groups)
+build release "${tests[@]}" kv_house
 
 mkdir -p "$folder"
 runtime=$(mktemp -d)
 trap 'rm -rf "$runtime"' EXIT
 chmod 700 "$runtime"
 export KV_PICTURES=$folder XDG_RUNTIME_DIR=$runtime QT_QUICK_BACKEND=software LC_ALL=C.UTF-8
-for test in tst_shell tst_dialogs; do
+for test in "${tests[@]}"; do
     say "Walking $test at $size"
     xvfb-run -a -s "-screen 0 ${size}x24" bash -c 'openbox >/dev/null 2>&1 & "$1" >"$2/log" 2>&1 || { tail "$2/log"; exit 1; }' \
         _ "build/tests/$test" "$runtime"
 done
+mogrify -colors 255 "$folder"/*.png

@@ -236,7 +236,7 @@ void tst_rooms_conversions::planAndTime()
     const QString room = RoomFloor::openRoom(3, 1);
     QVERIFY(!room.isEmpty());
     page(room, "REST_CHG_PLAN").see("plan_0").tap("saveButton");
-    hear({"error|请选择计费方案"}).tap("plan_1").until("it is marked", [&] { return isMarked("plan_1"); });
+    hear({"error|请选择计费方案"}).tap("plan_0").until("it is marked", [&] { return isMarked("plan_0"); });
     QCOMPARE(m_terminal->picture("room-plan").tap("saveButton").returned().run(), QString());
     const int hours = RoomFloor::detail(room)->data()->hours();
     page(room, "ADD_TIME").tap("minusButton").tap("plusButton").tap("plusButton").tap("minusButton");
