@@ -4,15 +4,14 @@
 #include "Measure.h"
 #include "SampleRooms.h"
 
+#include "entry/Pages.h"
 #include "serialization/QJsonSerializer.h"
 #include "vm/module1/RoomListModel.h"
 
 #include <QFile>
-#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
@@ -55,12 +54,7 @@ class Board
 public:
     explicit Board(bool isReset) : m_isReset(isReset)
     {
-        for (const char* name : {"Pinfang", "iconfont"}) {
-            const int font = QFontDatabase::addApplicationFont(QCoreApplication::applicationDirPath() +
-                                                               QStringLiteral("/res/fonts/%1.ttf").arg(name));
-            const QString family = QFontDatabase::applicationFontFamilies(font).value(0);
-            m_view.rootContext()->setContextProperty(name, family);
-        }
+        loadFonts(*m_view.engine(), QCoreApplication::applicationDirPath());
         m_view.setResizeMode(QQuickView::SizeRootObjectToView);
         m_view.setSource(QUrl("qrc:/qml/Module1/RoomGrid.qml"));
         m_view.rootObject()->setProperty("columns", columns);

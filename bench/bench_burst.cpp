@@ -10,10 +10,8 @@
 #include "entry/Pages.h"
 
 #include <QEventLoop>
-#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QQmlComponent>
-#include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickView>
@@ -33,12 +31,7 @@ class MovingBoard
 public:
     MovingBoard()
     {
-        for (const char* name : {"Pinfang", "iconfont"}) {
-            const int font = QFontDatabase::addApplicationFont(QCoreApplication::applicationDirPath() +
-                                                               QStringLiteral("/res/fonts/%1.ttf").arg(name));
-            const QString family = QFontDatabase::applicationFontFamilies(font).value(0);
-            m_view.rootContext()->setContextProperty(name, family);
-        }
+        loadFonts(*m_view.engine(), QCoreApplication::applicationDirPath());
         m_view.setResizeMode(QQuickView::SizeRootObjectToView);
         m_view.setSource(QUrl("qrc:/qml/Module1/Module1.qml"));
         m_view.resize(1920, 1080);

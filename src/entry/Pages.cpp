@@ -17,7 +17,7 @@
 
 namespace {
 
-void registerFont(QQmlApplicationEngine& engine, const QString& directory, const QString& name)
+void registerFont(QQmlEngine& engine, const QString& directory, const QString& name)
 {
     const int font =
         QFontDatabase::addApplicationFont(QStringLiteral("%1/res/fonts/%2.ttf").arg(directory, name));
@@ -52,10 +52,15 @@ void registerTypes()
     qmlRegisterType<Fps>("Fps", 1, 0, "Fps");
 }
 
-void loadPages(QQmlApplicationEngine& engine, const QString& directory)
+void loadFonts(QQmlEngine& engine, const QString& directory)
 {
     registerFont(engine, directory, QStringLiteral("iconfont"));
     registerFont(engine, directory, QStringLiteral("Pinfang"));
+}
+
+void loadPages(QQmlApplicationEngine& engine, const QString& directory)
+{
+    loadFonts(engine, directory);
     const QUrl root(QStringLiteral("qrc:/main.qml"));
     QObject::connect(
         &engine, &QQmlApplicationEngine::objectCreated, qApp,

@@ -3,6 +3,7 @@
 #include "common/BusyGuard.h"
 #include "common/Clock.h"
 #include "common/GlobalConfig.h"
+#include "dto/room/RoomStatus.h"
 #include "print/PosPrint.h"
 #include "services/Bba01Service.h"
 #include "services/Reply.h"
@@ -12,8 +13,6 @@
 #include <QJsonObject>
 
 namespace {
-
-constexpr int restRoomStatus = 3;
 
 leave_room_print_struct slipOfRoom(const RoomDetailDto& room, const QList<card_struct>& cards)
 {
@@ -58,7 +57,7 @@ bool LeaveRoomVm::init(RoomDetailDto* room)
     QList<card_struct> cards = cardsOf(*room);
     for (card_struct& card : cards)
         card.isSelected = true;
-    if (room->status() == restRoomStatus && !cards.isEmpty())
+    if (room->status() == RoomRest && !cards.isEmpty())
         cards.first().isChecked = true;
     m_roomId = room->id();
     m_slip = slipOfRoom(*room, cards);
@@ -77,7 +76,7 @@ bool LeaveRoomVm::isComplete(const QJsonArray& leaving, int consumer) const
         MyMessage::getInstance()->ShowError(QStringLiteral("请选择需要离房的手牌"));
         return false;
     }
-    if (status() == restRoomStatus && consumer < 0) {
+    if (status() == RoomRest && consumer < 0) {
         MyMessage::getInstance()->ShowError(QStringLiteral("请选择需要计入消费的手牌"));
         return false;
     }

@@ -1,10 +1,10 @@
 #include "vm/module1/MassChgRoomVm.h"
 
 #include "common/BusyGuard.h"
+#include "dto/room/RoomStatus.h"
 
 bool MassChgRoomVm::save()
 {
     const BusyGuard<MassChgRoomVm> guard(this);
-    constexpr int massageRoom = 2;
-    return guard && isRoomChosen() && changeRoom(massageRoom, {});
+    return guard && isRoomChosen() && changeRoom(RoomMassage, {});
 }

@@ -2,15 +2,13 @@
 
 #include "common/BusyGuard.h"
 #include "common/GlobalConfig.h"
+#include "dto/room/RoomStatus.h"
 #include "services/Bba01Service.h"
 #include "services/Reply.h"
 
 #include <QPointer>
 
 namespace {
-
-constexpr int emptyRoomStatus = 1;
-constexpr int cleaningStatus = 4;
 
 } // namespace
 
@@ -43,12 +41,12 @@ void OpenRoomVm::initMenu(int status)
         entry.name = name;
         menu.append(entry);
     };
-    const bool isEmpty = status == emptyRoomStatus;
+    const bool isEmpty = status == RoomEmpty;
     if (isEmpty)
         add("MASS_ROOM", "开按摩房", "0101");
     if (isEmpty)
         add("REST_ROOM", "开休息房", "0102");
-    if (isEmpty || status == cleaningStatus)
+    if (isEmpty || status == RoomCleaning)
         add("OCCUPY_ROOM", "特殊占用", "0113");
     if (isEmpty)
         add("CLEAN_ROOM", "转清扫房", "0114");

@@ -1,6 +1,7 @@
 #include "vm/module1/RestChgRoomVm.h"
 
 #include "common/BusyGuard.h"
+#include "dto/room/RoomStatus.h"
 #include "vm/module1/RoomLookups.h"
 
 #include <QPointer>
@@ -42,7 +43,6 @@ bool RestChgRoomVm::save()
         MyMessage::getInstance()->ShowError(QStringLiteral("请选择新房间的计费方案"));
         return false;
     }
-    constexpr int restRoom = 3;
-    return changeRoom(restRoom, {{QStringLiteral("planId"), m_plans->getAll().at(plan).id},
+    return changeRoom(RoomRest, {{QStringLiteral("planId"), m_plans->getAll().at(plan).id},
                                  {QStringLiteral("newPlanFlg"), 1}});
 }

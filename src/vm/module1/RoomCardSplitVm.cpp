@@ -1,6 +1,7 @@
 #include "vm/module1/RoomCardSplitVm.h"
 
 #include "common/BusyGuard.h"
+#include "dto/room/RoomStatus.h"
 #include "services/Bba01Service.h"
 #include "services/Reply.h"
 
@@ -8,17 +9,13 @@
 
 namespace {
 
-constexpr int emptyTargetStatus = 1;
-constexpr int lastTargetStatus = 3; ///< behind it come rooms that take no guests
-
 QList<temp_struct> targetRooms(const Array<RoomDto*>& rooms)
 {
     QList<temp_struct> targets;
     for (const RoomDto* room : rooms) {
-        if (room->status() < emptyTargetStatus || room->status() > lastTargetStatus)
+        if (room->status() < RoomEmpty || room->status() > RoomRest)
             continue;
-        const QString state =
-            room->status() == emptyTargetStatus ? QStringLiteral("空闲") : QStringLiteral("在用");
+        const QString state = room->status() == RoomEmpty ? QStringLiteral("空闲") : QStringLiteral("在用");
         temp_struct target;
         target.tempId = room->code();
         target.tempName = QStringLiteral("%1  -[%2] %3").arg(room->code(), room->typeName(), state);

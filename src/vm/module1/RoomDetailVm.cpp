@@ -2,6 +2,7 @@
 
 #include "common/BusyGuard.h"
 #include "common/GlobalConfig.h"
+#include "dto/room/RoomStatus.h"
 #include "services/Bba01Service.h"
 #include "services/Reply.h"
 #include "vm/module1/RoomLookups.h"
@@ -11,9 +12,6 @@
 #include <QPointer>
 
 namespace {
-
-constexpr int inUseAsMassage = 2;
-constexpr int inUseAsRest = 3;
 
 enum RoomMenuNeed : unsigned {
     NoNeed = 0,
@@ -36,19 +34,19 @@ const QVector<RoomMenuEntry>& roomMenuEntries()
 {
     static const QVector<RoomMenuEntry> entries = {
         {"ADD_CARD", "新增手牌", "0105", 0, NeedsCards},
-        {"MASS_CHG_ROOM", "更换房间", "0104", inUseAsMassage, NoNeed},
-        {"REST_CHG_ROOM", "更换房间", "0104", inUseAsRest, NoNeed},
-        {"REST_CHG_PLAN", "更改方案", "0108", inUseAsRest, NoNeed},
-        {"MASS_CHG_REST", "改休息房", "0106", inUseAsMassage, NoNeed},
-        {"REST_CHG_MASS", "改按摩房", "0107", inUseAsRest, NoNeed},
+        {"MASS_CHG_ROOM", "更换房间", "0104", RoomMassage, NoNeed},
+        {"REST_CHG_ROOM", "更换房间", "0104", RoomRest, NoNeed},
+        {"REST_CHG_PLAN", "更改方案", "0108", RoomRest, NoNeed},
+        {"MASS_CHG_REST", "改休息房", "0106", RoomMassage, NoNeed},
+        {"REST_CHG_MASS", "改按摩房", "0107", RoomRest, NoNeed},
         {"CANCEL_ROOM", "取消开房", "0103", 0, NoNeed},
         {"REMARK_ROOM", "备注信息", "0116", 0, NoNeed},
         {"OUT_ROOM", "离开房间", "0112", 0, NeedsCards},
         {"LEAVE_TEAM", "取消团体", "0110", 0, NeedsGroup},
         {"UNION_ROOM", "房间组团", "0109", 0, NoNeed},
-        {"UNPACK_ROOM", "手牌拆房", "0111", inUseAsMassage, NeedsCards},
-        {"ADD_TIME", "房间加时", "0117", inUseAsRest, NoNeed},
-        {"ROOM_CALLING", "呼叫服务", "", inUseAsMassage, NeedsServices},
+        {"UNPACK_ROOM", "手牌拆房", "0111", RoomMassage, NeedsCards},
+        {"ADD_TIME", "房间加时", "0117", RoomRest, NoNeed},
+        {"ROOM_CALLING", "呼叫服务", "", RoomMassage, NeedsServices},
     };
     return entries;
 }
@@ -70,7 +68,7 @@ bool RoomDetailVm::init(const QString& roomId)
     if (!isOkOrShown(*reply) || !reply->data() || !self)
         return false;
     const int status = reply->data()->status();
-    if (status != inUseAsMassage && status != inUseAsRest) {
+    if (status != RoomMassage && status != RoomRest) {
         MyMessage::getInstance()->showError(QStringLiteral("包房状态发生变化,请刷新后再试"));
         return false;
     }

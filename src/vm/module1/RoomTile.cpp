@@ -1,17 +1,10 @@
 #include "vm/module1/RoomTile.h"
 
+#include "dto/room/RoomStatus.h"
+
 #include <QLocale>
 
 namespace {
-
-enum RoomStatus {
-    RoomEmpty = 1,
-    RoomMassage = 2,
-    RoomRest = 3,
-    RoomCleaning = 4,
-    RoomOccupied = 5,
-    RoomGuest = 6
-};
 
 constexpr int guestRoomType = 2;
 constexpr qint64 minutesPerHour = 60;
