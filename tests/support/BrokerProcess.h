@@ -15,6 +15,7 @@ public:
 
     bool isRunning() const { return m_process.state() == QProcess::Running; }
     int port() const { return m_port; }
+    QString url() const { return QStringLiteral("tcp://127.0.0.1:%1").arg(m_port); }
     static QString user() { return QStringLiteral("terminal"); }
     static QString password() { return QStringLiteral("demo-broker"); }
 

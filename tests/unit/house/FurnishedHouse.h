@@ -12,7 +12,7 @@
 
 /// What the tests of the house share.
 
-inline std::string seedPath() { return qgetenv("KV_TEST_SOURCE").toStdString() + "/house/seed/house.json"; }
+inline std::string seedPath() { return KV_SOURCE_FOLDER "/house/seed/house.json"; }
 
 /// A house of the seed, with the times of its guests counted back from `now`; null, with a word about it, when
 /// the seed can't be read. It has no clock and no broker.
