@@ -47,7 +47,7 @@ FuncMenuModel::FuncMenuModel(const QList<ModAuthDto*>& rights, QObject* parent)
            {"fromColor", [](const Tile& tile) { return QLatin1String(lookOf(tile.funcVal).fromColor); }, {}},
            {"toColor", [](const Tile& tile) { return QLatin1String(lookOf(tile.funcVal).toColor); }, {}},
            {"iconColor", [](const Tile&) { return QStringLiteral("white"); }, {}}},
-          parent)
+          parent, 1)
 {
     QVector<Func_Menu_struct> tiles;
     for (const ModAuthDto* right : rights)

@@ -39,7 +39,7 @@ public:
     QVariant data(const QModelIndex& index, int role) const override
     {
         QMutexLocker lock(&m_mutex);
-        const int known = role - firstRole;
+        const int known = role - m_firstRole;
         if (!index.isValid() || index.row() >= m_rows.size() || known < 0 ||
             known >= static_cast<int>(m_roles.size()))
             return {};
@@ -50,7 +50,7 @@ public:
     {
         QHash<int, QByteArray> names;
         for (size_t i = 0; i < m_roles.size(); ++i)
-            names.insert(firstRole + static_cast<int>(i), m_roles[i].name);
+            names.insert(m_firstRole + static_cast<int>(i), m_roles[i].name);
         return names;
     }
 
@@ -129,15 +129,15 @@ public:
     }
 
 protected:
-    RowModel(std::vector<Role> roles, QObject* parent) : QAbstractListModel(parent), m_roles(std::move(roles))
+    /// The roles are numbered in their order, from firstRole on.
+    RowModel(std::vector<Role> roles, QObject* parent, int firstRole = Qt::UserRole + 1)
+        : QAbstractListModel(parent), m_roles(std::move(roles)), m_firstRole(firstRole)
     {
     }
 
     bool hasRow(int row) const { return row >= 0 && row < rowCount(); }
 
 private:
-    static constexpr int firstRole = Qt::UserRole + 1;
-
     QVector<int> changedRoles(const QVector<Row>& before, const QVector<Row>& after) const
     {
         QVector<int> changed;
@@ -146,7 +146,7 @@ private:
             for (int row = 0; row < after.size(); ++row) {
                 if (role.differs ? role.differs(before.at(row), after.at(row))
                                  : role.read(before.at(row)) != role.read(after.at(row))) {
-                    changed.append(firstRole + static_cast<int>(i));
+                    changed.append(m_firstRole + static_cast<int>(i));
                     break;
                 }
             }
@@ -155,6 +155,7 @@ private:
     }
 
     const std::vector<Role> m_roles;
+    const int m_firstRole;
     mutable QMutex m_mutex;
     QVector<Row> m_rows;
 };

@@ -56,6 +56,7 @@ private Q_SLOTS:
     void taps();
     void questions_data();
     void questions();
+    void bouncingTap();
     void strip();
     void filters();
     void searches();
@@ -237,6 +238,24 @@ void tst_board::questions()
     const QJsonObject request = m_terminal->house().lastRequest(path).value("json").toObject();
     for (auto it = sent.begin(); it != sent.end(); ++it)
         QCOMPARE(request.value(it.key()), it.value());
+}
+
+/// Two taps before the first one's dialog stands open one dialog.
+void tst_board::bouncingTap()
+{
+    board({QJsonObject{{"id", "r1"}, {"code", "801"}, {"status", 4}}}).act([this] {
+        for (int i = 0; i < 2; ++i)
+            QMetaObject::invokeMethod(m_terminal->item("room_801"), "tap");
+    });
+    QCOMPARE(m_terminal->see("confirmDlg")
+                 .tap("cancelButton")
+                 .seeNot("confirmDlg")
+                 .tap("room_801")
+                 .see("confirmDlg")
+                 .tap("cancelButton")
+                 .seeNot("confirmDlg")
+                 .run(),
+             QString());
 }
 
 void tst_board::strip()

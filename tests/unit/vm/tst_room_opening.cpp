@@ -674,6 +674,7 @@ void tst_room_opening::pageClosedDuringALookUp()
         store().set_openMulti(false);
         store().set_usedRoomMod(path.isEmpty() ? 1 : 0); // the question stops the start
         m_room->answer(cardPath, cardFields("101", 1, "102"));
+        m_room->answer(plansPath, QJsonArray{plan("P1", "钟点", 2, 28)});
         auto* rest = new OpenRestVm;
         closeDuring(rest);
         rest->init("R1", "101");

@@ -12,6 +12,22 @@ Item {
     id: page
 
     readonly property int columns: vm.itemColumns === 0 ? 8 : vm.itemColumns
+    property bool isRoomChosen: false // from a tap to the end of what it opened
+
+    // A touch screen may deliver one tap twice; the second must not open a second dialog.
+    function chooseRoom(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg) {
+        if (isRoomChosen)
+            return
+        isRoomChosen = true
+        JsFunc.delay15(() => {
+            try {
+                onSelectRoom(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg)
+            } finally {
+                if (page)
+                    page.isRoomChosen = false
+            }
+        })
+    }
 
     // What a tap on a room does; the first branch that applies.
     function onSelectRoom(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg) {
@@ -72,7 +88,7 @@ Item {
 
     Module1Vm {
         id: vm
-        onSelectRoomSignal: JsFunc.delay15(() => page.onSelectRoom(id, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg))
+        onSelectRoomSignal: page.chooseRoom(id, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg)
     }
 
     Item {
@@ -153,7 +169,7 @@ Item {
             visible: !vm.isGroupMode
             model: vm.pRoomModel
             columns: page.columns
-            onChosen: JsFunc.delay15(() => page.onSelectRoom(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg))
+            onChosen: page.chooseRoom(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg)
         }
 
         RoomGroups {
@@ -162,7 +178,7 @@ Item {
             visible: vm.isGroupMode
             model: vm.pRoomSortModel
             columns: page.columns
-            onChosen: JsFunc.delay15(() => page.onSelectRoom(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg))
+            onChosen: page.chooseRoom(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg)
         }
     }
 
