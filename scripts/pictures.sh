@@ -21,4 +21,3 @@ for test in "${tests[@]}"; do
     xvfb-run -a -s "-screen 0 ${size}x24" bash -c 'openbox >/dev/null 2>&1 & "$1" >"$2/log" 2>&1 || { tail "$2/log"; exit 1; }' \
         _ "build/tests/$test" "$runtime"
 done
-mogrify -colors 255 "$folder"/*.png

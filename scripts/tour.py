@@ -89,7 +89,7 @@ class Terminal:
         time.sleep(0.5)  # messages and pressed looks have come, animations are over
         self.count += 1
         path = self.pictures / f"{self.count:02}-{name}.png"
-        subprocess.run(["import", "-window", "root", "-colors", "255", f"PNG8:{path}"], check=True)
+        subprocess.run(["import", "-window", "root", "+dither", "-colors", "255", f"PNG8:{path}"], check=True)
 
 
 def slips(folder):
