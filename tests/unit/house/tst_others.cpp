@@ -69,6 +69,7 @@ struct Count
     int empty = 0;
     int overrun = 0;
     int freeCards = 0;
+    int atLarge = 0; ///< guests in no room
     int waiting = 0; ///< technicians
     double highestDue = 0;
 };
@@ -86,8 +87,10 @@ Count countOf(House& house, Seconds at)
         count.overrun += isUsed && room["surplus"] < 0;
         count.highestDue = std::max(count.highestDue, room["needPayAmount"].get<double>());
     }
-    for (const Card& card : house.state.cards)
+    for (const Card& card : house.state.cards) {
         count.freeCards += card.status == CardStatus::Free;
+        count.atLarge += card.status == CardStatus::InUse && card.roomId.empty();
+    }
     for (const Clock& clock : house.state.clocks)
         count.waiting += clock.workStatus == WorkWaiting;
     return count;
@@ -105,11 +108,14 @@ private Q_SLOTS:
 
     void eveningsStayBelievable_data();
     void eveningsStayBelievable();
+    void bounds_data();
+    void bounds();
     void everyKindOfChange();
     void sameSeedSameEvening();
     void leaveAloneWhatIsNamed_data();
     void leaveAloneWhatIsNamed();
     void groupOfWhatIsNamed();
+    void cardsAndStaffThatAreNamed();
     void atTheOrderedRate();
     void wrongOrders_data();
     void wrongOrders();
@@ -185,6 +191,7 @@ void tst_others::eveningsStayBelievable()
     QVERIFY(m_house);
     m_house->publisher = std::make_unique<Recorder>(m_topics);
     OtherTerminals others(*m_house, 7, complain());
+    const int atLarge = countOf(*m_house, now).atLarge;
     for (int round = 0; round < rounds; ++round) {
         const double begun = round * changes * secondsBetween;
         m_topics.clear();
@@ -193,15 +200,46 @@ void tst_others::eveningsStayBelievable()
         QVERIFY(m_topics.filter("ROOMSTATUS_").size() >= changes);
         QCOMPARE(disagreement(m_house->state), QString());
         const Count count = countOf(*m_house, now + static_cast<Seconds>(begun));
-        QVERIFY2(count.used * 10 >= count.rooms * 3 && count.used * 10 <= count.rooms * 8,
+        QVERIFY2(count.used * 10 >= count.rooms * 3 && count.used * 4 <= count.rooms * 3,
                  qPrintable(QString::number(count.used)));
         QVERIFY(count.empty >= 1);
         QVERIFY2(count.highestDue < 3000, qPrintable(QString::number(count.highestDue)));
         QVERIFY(count.freeCards >= 10);
+        QCOMPARE(count.atLarge, atLarge); // who leaves a room goes home
         QVERIFY(count.waiting >= 4);
     }
     const Count last = countOf(*m_house, now + static_cast<Seconds>(rounds * changes * secondsBetween));
     QVERIFY(last.overrun * 2 <= last.used + 2); // most guests go in time
+}
+
+void tst_others::bounds_data()
+{
+    QTest::addColumn<int>("used"); // of the 57 rooms that aren't guest rooms
+    QTest::addColumn<bool>("mayOpen");
+    QTest::addColumn<bool>("mayClose");
+    QTest::newRow("none") << 0 << true << false;
+    QTest::newRow("just enough") << 22 << true << false;
+    QTest::newRow("one more") << 23 << true << true;
+    QTest::newRow("nearly full") << 41 << true << true;
+    QTest::newRow("full") << 42 << false << true;
+    QTest::newRow("overfull") << 57 << false << true;
+}
+
+void tst_others::bounds()
+{
+    QFETCH(int, used);
+    int left = used;
+    for (Room& room : m_house->state.rooms) {
+        if (isGuestRoom(room))
+            continue;
+        room.status = left-- > 0 ? RoomStatus::Massage : RoomStatus::Empty;
+        room.isReserved = false;
+    }
+    Dice dice(7);
+    const Scene::Complain keep = complain();
+    const Scene scene(*m_house, dice, now, keep);
+    QTEST(scene.mayOpen(), "mayOpen");
+    QTEST(scene.mayClose(), "mayClose");
 }
 
 void tst_others::everyKindOfChange()
@@ -294,6 +332,33 @@ void tst_others::groupOfWhatIsNamed()
     QVERIFY2(change(others, 600, 1), qPrintable(m_complaints.join('\n')));
     QCOMPARE(boardOf(*m_house, "106", now)["groupRoom"], json("105,106,107"));
     QCOMPARE(boardOf(*m_house, "105", now)["cardnos"], json("8005,8006"));
+}
+
+/// Free cards and waiting technicians as well; guests who wait for a bath helper without being named.
+void tst_others::cardsAndStaffThatAreNamed()
+{
+    State& state = m_house->state;
+    const json body = {{"cards", {"8070", "8071", "8072", "8073", "8074", "8075", "8076", "8077"}},
+                       {"staff", {"806", "807", "810"}}};
+    m_house->holds.note(state, m_house->seed, body, now);
+    const auto touched = [&] {
+        int count = 0;
+        for (const std::string number : body["cards"])
+            count += state.cardByNumber(number)->openedAt != 0;
+        for (const std::string code : body["staff"])
+            count += !state.clocks.find(m_house->seed.staffByCode(code)->id)->orderId.empty();
+        return count;
+    };
+    Card& waiting = *state.cardByNumber("8042");
+    Room& room = *state.roomByCode("105");
+    state.seat(waiting, room, now);
+    OtherTerminals others(*m_house, 7, complain());
+    QVERIFY2(change(others, 600, 1), qPrintable(m_complaints.join('\n')));
+    QCOMPARE(touched(), 0);
+    QVERIFY2(change(others, 600, 1, now + Holds::holdSeconds), qPrintable(m_complaints.join('\n')));
+    QVERIFY(touched() > 3);
+    QCOMPARE(waiting.roomId, room.id);
+    QCOMPARE(room.cardIds.size(), std::size_t(3));
 }
 
 void tst_others::atTheOrderedRate()
