@@ -1,5 +1,6 @@
 #include "mqtt/qmqttclient.h"
 
+#include <QHostAddress>
 #include <QHostInfo>
 #include <QPointer>
 #include <QSocketNotifier>
@@ -36,7 +37,16 @@ void QMqttClient::connectToHost()
         return;
     m_state = Connecting;
     m_attemptLimit.start(attemptLimitMs);
-    m_lookup = QHostInfo::lookupHost(m_hostname, this, &QMqttClient::onLookedUp);
+    if (QHostAddress(m_hostname).isNull()) {
+        m_lookup = QHostInfo::lookupHost(m_hostname, this, &QMqttClient::onLookedUp);
+        return;
+    }
+    // No name, nothing to look up; the signals still come after this has returned.
+    m_addresses = QStringList{m_hostname};
+    QTimer::singleShot(0, this, [this] {
+        if (m_state == Connecting && !m_session)
+            tryNextAddress();
+    });
 }
 
 void QMqttClient::onLookedUp(const QHostInfo& host)

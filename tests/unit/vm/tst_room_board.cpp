@@ -305,14 +305,14 @@ void tst_room_board::goneDuringAFetch()
     auto board = filledBoard();
     m_fixture->house().fault(listPath, "delay", 100, 1);
     publish(config()->MQTT_ROOM_STATUS());
-    QTimer::singleShot(20, qApp, [&] { board.reset(); });
+    QTimer::singleShot(20, QCoreApplication::instance(), [&] { board.reset(); });
     board->timeEvent();
     QVERIFY(!board);
     QCOMPARE(fetched(), QStringList{listPath});
 
     board = filledBoard();
     m_fixture->house().fault("/bba01/chgCleanRoom", "delay", 100, 1);
-    QTimer::singleShot(20, qApp, [&] { board.reset(); });
+    QTimer::singleShot(20, QCoreApplication::instance(), [&] { board.reset(); });
     board->cleanRoom("no such room", true);
     QVERIFY(!board);
 }

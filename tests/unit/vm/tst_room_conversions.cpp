@@ -399,7 +399,7 @@ void tst_room_conversions::closedWhileItLoads()
     m_room->answer(plansPath, plans({"P1"}));
     m_room->answer(cardPath, card("101", 1, slowPath.isEmpty() ? "101" : ""));
     if (!slowPath.isEmpty())
-        m_room->house().fault(slowPath, "delay", 400);
+        m_room->house().fault(slowPath, "delay", 800);
     int closedPages = 0;
     const auto load = [&](auto* made, auto init) {
         QPointer<QObject> page(made);
@@ -409,7 +409,7 @@ void tst_room_conversions::closedWhileItLoads()
             connect(MainClass::getInstance(), &MainClass::msgConfirmSignal, page, close);
         else
             connect(&timer, &QTimer::timeout, page, close);
-        timer.start(200);
+        timer.start(400);
         init(made);
         closedPages += page ? 0 : 1;
         delete page;

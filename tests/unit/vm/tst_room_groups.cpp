@@ -258,6 +258,7 @@ void tst_room_groups::closedDuringItsCall()
 
 void tst_room_groups::listsThatComeTooLate()
 {
+    const QString inUse = RoomFloor::roomNoWhere([](const RoomDto& room) { return room.status() == 2; });
     m_room->house().fault(roomsPath, "delay", 200, 1);
     m_room->house().fault(candidatesPath, "delay", 200, 1);
     QPointer<RoomCardSplitVm> split(new RoomCardSplitVm);
@@ -265,7 +266,7 @@ void tst_room_groups::listsThatComeTooLate()
     split->getRoomInfo({});
     QPointer<MergeRoomVm> merge(new MergeRoomVm);
     QTimer::singleShot(50, merge, [&] { delete merge; });
-    QVERIFY(!merge->init("R1", RoomFloor::roomNoWhere([](const RoomDto& room) { return room.status() == 2; })));
+    QVERIFY(!merge->init("R1", inUse));
     QVERIFY(!split && !merge);
 }
 

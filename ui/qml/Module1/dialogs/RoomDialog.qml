@@ -36,6 +36,10 @@ DialogFrame {
     }
 
     function choose(code) {
+        if (loader.item && loader.item.isWorking) {
+            JsFunc.timerOnce(50, () => dialog && dialog.choose(code))
+            return
+        }
         menu.currentCode = code
         loader.source = ""
         if (pages[code] !== undefined)

@@ -15,15 +15,26 @@ Item {
     property QtObject saver: null
     property bool isEnabled: saver ? saver.isEnabled : true
     property bool isStarted: false
+    // A page that waits for the back end inside one of its handlers mustn't be unloaded under it.
+    property bool isWorking: false
     default property alias content: body.data
 
     signal started() // the page stands, its first work may begin
     signal confirmed()
 
+    function work(action) {
+        isWorking = true
+        try {
+            return action()
+        } finally {
+            isWorking = false
+        }
+    }
+
     Component.onCompleted: JsFunc.timerOnce(GlobalConfig.initDelyTime, () => {
         if (page) {
             page.isStarted = true
-            page.started()
+            page.work(() => page.started())
         }
     })
 
@@ -51,7 +62,7 @@ Item {
             page.confirmed()
             if (page.saver) {
                 JsFunc.delay15(() => {
-                    if (page && page.saver && page.saver.save())
+                    if (page && page.saver && page.work(() => page.saver.save()))
                         dlg.save()
                 })
             }
