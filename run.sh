@@ -73,7 +73,7 @@ port_answers() { (exec 3<>"/dev/tcp/127.0.0.1/$1") 2>/dev/null; }
 free_port() {
     local port
     while :; do
-        port=$((20000 + RANDOM % 20000))
+        port=$((20000 + RANDOM % 12000)) # below what the system hands out itself
         port_answers "$port" || { echo "$port"; return; }
     done
 }

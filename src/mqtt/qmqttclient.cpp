@@ -26,7 +26,12 @@ QMqttClient::QMqttClient(QObject* parent) : QObject(parent)
     static const MosquittoLibrary library;
     connect(&m_upkeep, &QTimer::timeout, this, [this] { goOn(mosquitto_loop_misc(m_session)); });
     m_attemptLimit.setSingleShot(true);
-    connect(&m_attemptLimit, &QTimer::timeout, this, &QMqttClient::fail);
+    connect(&m_attemptLimit, &QTimer::timeout, this, [this] {
+        if (m_addresses.isEmpty())
+            fail();
+        else
+            tryNextAddress();
+    });
 }
 
 QMqttClient::~QMqttClient() { closeSession(); }
@@ -38,7 +43,8 @@ void QMqttClient::connectToHost()
     m_state = Connecting;
     m_attemptLimit.start(attemptLimitMs);
     if (QHostAddress(m_hostname).isNull()) {
-        m_lookup = QHostInfo::lookupHost(m_hostname, this, &QMqttClient::onLookedUp);
+        // By name: what is connected by pointer leaks when the program ends before the answer comes.
+        m_lookup = QHostInfo::lookupHost(m_hostname, this, SLOT(onLookedUp(QHostInfo)));
         return;
     }
     // No name, nothing to look up; the signals still come after this has returned.
@@ -86,6 +92,7 @@ bool QMqttClient::openSession(const QString& address)
         MOSQ_ERR_SUCCESS)
         return false;
     m_upkeep.start(upkeepMs);
+    m_attemptLimit.start(attemptLimitMs); // for each address of its own
     watchSocket();
     return true;
 }

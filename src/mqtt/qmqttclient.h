@@ -2,13 +2,13 @@
 
 #include "mqtt/qmqtttopicname.h"
 
+#include <QHostInfo>
 #include <QObject>
 #include <QTimer>
 
 #include <deque>
 #include <memory>
 
-class QHostInfo;
 class QSocketNotifier;
 struct mosquitto;
 struct mosquitto_message;
@@ -39,8 +39,8 @@ public:
     void setKeepAlive(quint16 seconds) { m_keepAliveSeconds = seconds; }
     ClientState state() const { return m_state; }
 
-    /// Starts an attempt; it ends in connected() or, after 20 s at most, in disconnected(). Only while
-    /// disconnected.
+    /// Starts an attempt; it ends in connected() or, after 20 s for each address of the host at most, in
+    /// disconnected(). Only while disconnected.
     void connectToHost();
     /// Says good-bye to the broker and hangs up.
     void disconnectFromHost();
@@ -61,7 +61,7 @@ private:
         QString topic;
     };
 
-    void onLookedUp(const QHostInfo& host);
+    Q_SLOT void onLookedUp(const QHostInfo& host);
     void tryNextAddress();
     bool openSession(const QString& address);
     void watchSocket();

@@ -78,7 +78,6 @@ Row {
                 id: area
 
                 function choose() {
-                    strip.currentCode = model.statusCode
                     strip.chosen(model.statusCode)
                 }
 

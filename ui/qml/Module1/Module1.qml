@@ -106,7 +106,13 @@ Item {
             width: buttons.x - Theme.spacing
             model: vm.pRoomStatusModel
             enabled: vm.isEnabled
-            onChosen: JsFunc.delay15(() => vm && vm.onSelectStatus(code))
+            onChosen: JsFunc.delay15(() => {
+                // What is refused while another action runs must not be shown as chosen.
+                if (!vm || !vm.isEnabled)
+                    return
+                strip.currentCode = code
+                vm.onSelectStatus(code)
+            })
         }
 
         Row {

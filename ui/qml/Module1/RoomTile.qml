@@ -35,9 +35,12 @@ Item {
 
     // The lines share what is left between the number and the times; those that don't fit are left out whole.
     readonly property int lineCount: [payAmount, remark, groupRoom, cardList, staffList, finishStaff, lastSvrTime].filter(line => line !== "").length
+    // With little room left the state is one line more, the first.
+    readonly property bool isStateALine: lineCount >= 2 && statusVal !== ""
+    readonly property int allLines: lineCount + (isStateALine ? 1 : 0)
     readonly property int bodyHeight: card.y + card.height - times.height - body.y
-    readonly property int lineHeight: Math.max(14, Math.min(unit * 1.4, bodyHeight / Math.max(4, lineCount)))
-    readonly property int rowsEach: Math.max(1, Math.floor(bodyHeight / lineHeight / Math.max(1, lineCount)))
+    readonly property int lineHeight: Math.max(14, Math.min(unit * 1.4, bodyHeight / Math.max(4, allLines)))
+    readonly property int rowsEach: Math.max(1, Math.floor(bodyHeight / lineHeight / Math.max(1, statusVal !== "" && lineCount === 1 ? 2 : allLines)))
 
     signal chosen(string roomId, string roomNo, int status, int openType, bool dirtyFlg, bool roomLock, int cleanFlg)
 
@@ -115,6 +118,12 @@ Item {
             width: parent.width
 
             TileLine {
+                text: tile.isStateALine ? tile.statusVal : ""
+                tile: tile
+                font.bold: true
+            }
+
+            TileLine {
                 text: tile.payAmount
                 tile: tile
                 font.bold: true
@@ -171,7 +180,7 @@ Item {
         anchors.left: body.left
         anchors.right: body.right
         y: body.y + lines.height + (room - height) / 2
-        visible: room > tile.unit
+        visible: !tile.isStateALine
 
         StateText {
             text: tile.statusVal
