@@ -1,228 +1,242 @@
-#!/usr/bin/env python3
-"""Walks the running terminal like a person at the front desk, by real clicks on the screen, and takes pictures.
-
-tour.py PLACES PICTURES SLIPS CARD HOUSE
-  PLACES    socket that tells where the items of the pages are (kv_panel --places)
-  PICTURES  folder for the pictures, numbered in the order of the road
-  SLIPS     folder of the preview printer
-  CARD      command that presents the manager's staff card
-  HOUSE     base URL of the demo back end, whose other terminals are switched on at the end
-
-Ends with 1 and the cause at the first step that can't be done within 15 seconds.
-"""
-import json
-import pathlib
-import socket
+"""The evening of a person at the front desk, walked by clicks on the screen, with a picture of every step."""
 import subprocess
 import sys
 import time
-import urllib.request
 
-LIMIT_S = 15
-SETTLED_S = 0.06
+from stand import MANAGER, MANAGER_CARD
 
-
-class Stuck(Exception):
-    pass
+BOARD_S = 1.2  # the event of a change comes and the board is fetched
 
 
-class Terminal:
-    def __init__(self, places, pictures):
-        self.socket = socket.socket(socket.AF_UNIX)
-        self.socket.connect(places)
-        self.lines = self.socket.makefile("r", encoding="utf-8")
-        self.pictures = pathlib.Path(pictures)
-        self.pictures.mkdir(parents=True, exist_ok=True)
-        self.count = 0
-
-    def place(self, name):
-        """What the terminal says of an item: its rectangle and its text; None while it can't be tapped."""
-        self.socket.sendall(f"{name}\n".encode())
-        words = self.lines.readline().rstrip("\n").split(" ", 4)
-        return (*map(int, words[:4]), words[4] if len(words) > 4 else "") if len(words) >= 4 else None
-
-    def until(self, what, condition):
-        end = time.monotonic() + LIMIT_S
-        while time.monotonic() < end:
-            result = condition()
-            if result:
-                return result
-            time.sleep(0.02)
-        raise Stuck(what)
-
-    def settled(self, name):
-        def same():
-            before = self.place(name)
-            time.sleep(SETTLED_S)
-            return before if before and before == self.place(name) else None
-        return self.until(f"to see {name}", same)
-
-    def see(self, *names):
-        for name in names:
-            self.settled(name)
-
-    def gone(self, name):
-        self.until(f"{name} to go", lambda: self.place(name) is None)
-
-    def tap(self, *names):
-        for name in names:
-            x, y, width, height, _ = self.settled(name)
-            subprocess.run(["xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click", "1"],
-                           check=True)
-
-    def keys(self, text):
-        for key in text:
-            self.tap(f"key_{key}")
-
-    def number(self, button, text):
-        """Taps the button that asks for a number, and types it."""
-        self.tap(button)
-        self.see("numKeyDlg")
-        self.keys(text)
-        self.tap("confirmButton")
-        self.gone("numKeyDlg")
-
-    def write(self, text):
-        subprocess.run(["xdotool", "type", "--delay", "40", text], check=True)
-
-    def picture(self, name):
-        time.sleep(0.5)  # messages and pressed looks have come, animations are over
-        self.count += 1
-        path = self.pictures / f"{self.count:02}-{name}.png"
-        subprocess.run(["import", "-window", "root", "+dither", "-colors", "255", f"PNG8:{path}"], check=True)
-
-
-def slips(folder):
-    return sorted(pathlib.Path(folder).glob("*.png")) if pathlib.Path(folder).is_dir() else []
-
-
-def new_slip(terminal, folder, before, name):
+def new_slip(stand, hands, before, name):
     """Waits for the next slip and puts its picture among the others."""
-    slip = terminal.until("a slip", lambda: next((s for s in slips(folder) if s not in before), None))
+    slip = hands.until("a slip", lambda: next((s for s in stand.slip_pictures() if s not in before), None))
     time.sleep(0.3)
-    terminal.count += 1
-    (terminal.pictures / f"{terminal.count:02}-{name}.png").write_bytes(slip.read_bytes())
+    if hands.pictures:
+        hands.count += 1
+        (hands.pictures / f"{hands.count:02}-{name}.png").write_bytes(slip.read_bytes())
 
 
-def walk(terminal, slip_folder, card, house):
-    t = terminal
-    t.see("mainPage", "tile_ROOMINFO_CTRL")
-    t.picture("main-page")
-    t.tap("tile_ROOMINFO_CTRL")
-    t.see("loginDlg")
-    t.picture("login")
-    subprocess.run(card, shell=True, check=True)
-    t.see("Module1", "room_112", "floor_一楼")
-    t.picture("board")
-    t.tap("modeButton")
-    t.see("roomGroups", "room_112")
-    t.picture("board-by-type")
-    t.tap("modeButton")
+class Desk:
+    """What is done at a room, in the words of the front desk."""
 
-    # A massage room with two cards; its slip comes out of the preview printer.
-    t.tap("room_112")
-    t.see("openRoomDlg", "menu_MASS_ROOM")
-    t.picture("empty-room")
-    t.tap("menu_MASS_ROOM")
-    t.number("cardButton", "8042")
-    t.see("card_8042")
-    t.number("cardButton", "8043")
-    t.see("card_8043")
-    t.picture("open-massage-room")
-    before = slips(slip_folder)
-    t.tap("saveButton")
-    t.gone("openRoomDlg")
-    new_slip(t, slip_folder, before, "slip-open-room")
-    t.picture("room-112-open")
+    def __init__(self, stand, hands):
+        self.stand, self.hands = stand, hands
 
-    def detail(entry=None, room="112"):
-        t.tap(f"room_{room}")
-        t.see("roomDetailDlg", "menu_REMARK_ROOM")
+    def empty_room(self, room, entry):
+        self.hands.tap(f"room_{room}")
+        self.hands.see("openRoomDlg")
+        self.hands.tap(f"menu_{entry}")
+
+    def detail(self, room, entry=None):
+        self.hands.tap(f"room_{room}")
+        self.hands.see("roomDetailDlg", "menu_REMARK_ROOM")
         if entry:
-            t.tap(f"menu_{entry}")
+            self.hands.tap(f"menu_{entry}")
 
-    def done():
-        t.tap("saveButton")
-        t.gone("roomDetailDlg")
-        time.sleep(1.2)  # the event of the change comes and the board is fetched
+    def card(self, number):
+        self.hands.number("cardButton", number)
+        self.hands.see(f"card_{number}")
 
-    detail()
-    t.picture("room-detail")
-    t.tap("menu_ROOM_CALLING", "plusButton_0", "plusButton_0")
-    t.picture("call-service")
-    done()
+    def save(self, dialog="roomDetailDlg"):
+        self.hands.tap("saveButton")
+        self.hands.gone(dialog)
+        time.sleep(BOARD_S)
 
-    # To a rest room, with one card more, and back to a massage room.
-    detail("MASS_CHG_REST")
-    t.tap("plan_0")
-    t.picture("massage-to-rest")
-    done()
-    detail("ADD_CARD")
-    t.number("cardButton", "8044")
-    t.see("card_8044")
-    t.picture("add-card")
-    done()
-    detail()
-    t.picture("rest-room-detail")
-    t.tap("menu_REST_CHG_MASS", "check_8042")
-    t.picture("rest-to-massage")
-    done()
+    def save_with_slip(self, dialog, name):
+        before = self.stand.slip_pictures()
+        self.save(dialog)
+        new_slip(self.stand, self.hands, before, name)
 
-    # One card moves to the room next door, and both rooms become a group.
-    detail("UNPACK_ROOM")
-    t.number("searchButton", "115")
-    t.tap("room_0", "card_8044")
-    t.picture("split")
-    done()
-    detail("UNION_ROOM")
-    t.number("searchButton", "115")
-    t.see("groups")
-    t.tap("room_4*")  # the one that is left, by its id
-    t.picture("merge")
-    done()
-    detail("REMARK_ROOM")
-    t.tap("remarkArea")
-    t.write("VIP 安静")
-    t.picture("remark")
-    done()
-    t.picture("board-with-group")
+    def confirm(self, dialog, picture=None):
+        self.hands.see(dialog)
+        if picture:
+            self.hands.picture(picture)
+        self.hands.tap("confirmButton")
+        self.hands.gone(dialog)
+        time.sleep(BOARD_S)
 
-    # The guests of the first room leave with a slip, and the room is cleaned in its two steps.
-    detail("OUT_ROOM")
-    t.picture("leave")
-    before = slips(slip_folder)
-    done()
-    new_slip(t, slip_folder, before, "slip-leave-room")
-    for step in ("cleaning-begins", "cleaning-done", "room-empty"):
-        t.tap("room_112")
-        t.see("confirmDlg")
-        t.picture(step)
-        t.tap("confirmButton")
-        t.gone("confirmDlg")
-        time.sleep(1.2)
+    def clean(self, room, pictures=(None, None, None)):
+        """The two steps of cleaning, then the room is free."""
+        for picture in pictures:
+            self.hands.tap(f"room_{room}")
+            self.confirm("confirmDlg", picture)
 
-    # What other terminals do arrives by itself.
-    order = urllib.request.Request(f"{house}/_control/others", json.dumps({"perSecond": 4, "seed": 7}).encode(),
-                                   {"Content-Type": "application/json"})
-    urllib.request.urlopen(order, timeout=5).read()
+
+def open_board(stand, hands):
+    hands.see("mainPage", "tile_ROOMINFO_CTRL")
+    hands.picture("main-page")
+    hands.tap("tile_ROOMINFO_CTRL")
+    hands.see("loginDlg")
+    hands.picture("login")
+    stand.present_staff_card(MANAGER_CARD)
+    hands.see("Module1", "room_112", "floor_一楼")
+    hands.picture("board")
+    hands.tap("modeButton")
+    hands.see("roomGroups", "room_112")
+    hands.picture("board-by-type")
+    hands.tap("modeButton")
+    hands.tap("floor_三楼")
+    hands.gone("room_112")
+    hands.picture("board-one-floor")
+    hands.tap("floor_三楼")
+    hands.see("room_112")
+
+
+def massage_room(desk):
+    """Two cards come in, a slip is printed, a service is called."""
+    hands = desk.hands
+    hands.tap("room_112")
+    hands.see("openRoomDlg", "menu_MASS_ROOM")
+    hands.picture("empty-room")
+    hands.tap("menu_MASS_ROOM", "cardButton")
+    hands.see("numKeyDlg")
+    hands.keys("8042")
+    hands.picture("card-number")
+    hands.tap("confirmButton")
+    hands.see("card_8042")
+    desk.card("8043")
+    hands.picture("open-massage-room")
+    desk.save_with_slip("openRoomDlg", "slip-open-room")
+    hands.picture("room-112-open")
+    desk.detail("112")
+    hands.picture("room-detail")
+    hands.tap("menu_ROOM_CALLING", "plusButton_0", "plusButton_0")
+    hands.picture("call-service")
+    desk.save()
+
+
+def to_rest_and_back(desk):
+    hands = desk.hands
+    desk.detail("112", "MASS_CHG_REST")
+    hands.tap("plan_0")
+    hands.picture("massage-to-rest")
+    desk.save()
+    desk.detail("112", "ADD_CARD")
+    desk.card("8044")
+    hands.picture("add-card")
+    desk.save()
+    desk.detail("112")
+    hands.picture("rest-room-detail")
+    hands.tap("menu_REST_CHG_MASS", "check_8042")
+    hands.picture("rest-to-massage")
+    desk.save()
+
+
+def group_of_rooms(desk):
+    """One card moves to the room next door, and both rooms become a group."""
+    hands = desk.hands
+    desk.detail("112", "UNPACK_ROOM")
+    hands.number("searchButton", "115")
+    hands.tap("room_0", "card_8044")
+    hands.picture("split")
+    desk.save()
+    desk.detail("112", "UNION_ROOM")
+    hands.number("searchButton", "115")
+    hands.see("groups")
+    hands.tap("room_4*")  # the one that is left, by its id
+    hands.picture("merge")
+    desk.save()
+    desk.detail("112", "REMARK_ROOM")
+    hands.tap("remarkArea")
+    hands.write("VIP 安静")
+    hands.picture("remark")
+    desk.save()
+    hands.picture("board-with-group")
+    desk.detail("115", "LEAVE_TEAM")
+    desk.confirm("msgConfirmDlg", "leave-group")
+    hands.gone("roomDetailDlg")
+    desk.detail("115", "MASS_CHG_ROOM")
+    hands.number("searchButton", "118")
+    hands.picture("move-massage-room")
+    desk.save()
+
+
+def rest_room(desk):
+    """A guest sleeps: a longer plan, more time, another room, and in the end it wasn't him."""
+    hands = desk.hands
+    desk.empty_room("305", "REST_ROOM")
+    desk.card("8045")
+    hands.tap("plan_0")
+    hands.picture("open-rest-room")
+    desk.save_with_slip("openRoomDlg", "slip-open-rest-room")
+    desk.detail("305", "REST_CHG_PLAN")
+    hands.tap("plan_1")
+    hands.picture("change-plan")
+    desk.save()
+    desk.detail("305", "ADD_TIME")
+    hands.tap("plusButton")
+    hands.picture("add-time")
+    desk.save()
+    desk.detail("305", "REST_CHG_ROOM")
+    hands.number("searchButton", "312")
+    hands.tap("plan_0")
+    hands.picture("move-rest-room")
+    desk.save()
+    desk.detail("312", "CANCEL_ROOM")
+    desk.confirm("msgConfirmDlg", "cancel-room")
+    hands.gone("roomDetailDlg")
+
+
+def occupied_room(desk):
+    hands = desk.hands
+    desk.empty_room("203", "OCCUPY_ROOM")
+    hands.tap("occupy_1")
+    hands.picture("occupy-room")
+    desk.save("openRoomDlg")
+
+
+def guests_leave(desk):
+    """The guests of the first room leave with a slip, and the room is cleaned in its two steps."""
+    hands = desk.hands
+    desk.detail("112", "OUT_ROOM")
+    hands.picture("leave")
+    desk.save_with_slip("roomDetailDlg", "slip-leave-room")
+    desk.clean("112", ("cleaning-begins", "cleaning-done", "room-empty"))
+
+
+def others_at_work(desk):
+    """What other terminals do arrives by itself."""
+    desk.stand.control("others", {"perSecond": 4, "seed": 7})
     time.sleep(8)
-    t.picture("others-at-work")
-    t.tap("returnButton")
-    t.see("tile_ROOMINFO_CTRL")
+    desk.hands.picture("others-at-work")
+    desk.stand.control("others", {"perSecond": 0})
 
 
-def main():
-    if len(sys.argv) != 6:
-        sys.exit(__doc__)
-    places, pictures, slip_folder, card, house = sys.argv[1:]
-    terminal = Terminal(places, pictures)
-    try:
-        walk(terminal, slip_folder, card, house)
-    except Stuck as stuck:
-        terminal.picture("stuck")
-        sys.exit(f"tour: waited {LIMIT_S} s for {stuck}; see {terminal.pictures}")
-    print(f"tour: {terminal.count} pictures in {terminal.pictures}")
+def locked_module(desk):
+    """A locked module is only left by who may open it; this time by number and password."""
+    hands = desk.hands
+    hands.tap("lockButton", "returnButton")
+    hands.see("loginDlg")
+    hands.keys(MANAGER)
+    hands.tap("confirmButton")
+    hands.keys(MANAGER)
+    hands.picture("locked")
+    hands.tap("confirmButton")
+    hands.see("tile_ROOMINFO_CTRL")
 
 
-if __name__ == "__main__":
-    main()
+def walk(stand, hands):
+    desk = Desk(stand, hands)
+    open_board(stand, hands)
+    for part in (massage_room, to_rest_and_back, group_of_rooms, rest_room, occupied_room, guests_leave,
+                 others_at_work, locked_module):
+        part(desk)
+
+
+def every_page(stand, folder):
+    """Then the terminal shows each of its pages and dialogs by itself; the exit code of that."""
+    stand.stop("terminal")
+    stand.environment["KV_PANEL_PASSWORD"] = MANAGER
+    terminal = stand.start_terminal("--selftest", "--staff", MANAGER, "--pictures", folder, stdout=None)
+    code = terminal.wait()
+    for picture in folder.glob("*.png"):
+        subprocess.run(["mogrify", "+dither", "-colors", "255", f"PNG8:{picture}"], check=True)
+    return code
+
+
+def run(stand, hands):
+    walk(stand, hands)
+    code = every_page(stand, hands.pictures / "pages")
+    print(f"tour: {len(list(hands.pictures.rglob('*.png')))} pictures in {hands.pictures}", file=sys.stderr)
+    return code

@@ -13,6 +13,10 @@ QString helpText()
         "\n"
         "  --windowed       a plain window of 1366 x 768, for desks and developers\n"
         "  --places SOCKET  tells where the items of the pages are, for tools that tap them\n"
+        "  --selftest       opens every page and dialog once, prints what failed, ends with 0 or 1\n"
+        "  --staff NUMBER   logs this member of staff in for the self-test; the password is in "
+        "KV_PANEL_PASSWORD\n"
+        "  --pictures DIR   saves what the self-test sees; needs a screen\n"
         "  --version        prints the version\n"
         "  --help           prints this\n");
 }
@@ -28,6 +32,12 @@ Options Options::parse(const QStringList& arguments)
             options.isWindowed = true;
         } else if (argument == QLatin1String("--places") && i + 1 < arguments.size()) {
             options.placesSocket = arguments.at(++i);
+        } else if (argument == QLatin1String("--selftest")) {
+            options.isSelfTest = true;
+        } else if (argument == QLatin1String("--staff") && i + 1 < arguments.size()) {
+            options.staffNo = arguments.at(++i);
+        } else if (argument == QLatin1String("--pictures") && i + 1 < arguments.size()) {
+            options.pictureFolder = arguments.at(++i);
         } else if (argument == QLatin1String("--version")) {
             options.answer = QStringLiteral("kv_panel %1\n").arg(QLatin1String(Deployment::version));
         } else if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {

@@ -40,22 +40,49 @@ QQuickItem* findVisible(QQuickItem* parent, const QString& name)
     return nullptr;
 }
 
-} // namespace
-
-QQuickItem* findPageItem(const QString& name)
+/// Those that are on the screen.
+QList<QQuickWindow*> windowsFromTheTop()
 {
+    QList<QQuickWindow*> found;
     const QWindowList windows = QGuiApplication::topLevelWindows();
     for (auto it = windows.rbegin(); it != windows.rend(); ++it) {
         auto* window = qobject_cast<QQuickWindow*>(*it);
-        if (!window || !window->isVisible())
-            continue;
+        if (window && window->isVisible())
+            found.append(window);
+    }
+    return found;
+}
+
+/// A popup of the window, which isn't an item itself.
+QObject* visiblePopup(QQuickWindow* window, const QString& name)
+{
+    for (QObject* popup : window->findChildren<QObject*>(name)) {
+        if (popup->property("modal").isValid() && popup->property("visible").toBool())
+            return popup;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QObject* findDialog(const QString& name)
+{
+    for (QQuickWindow* window : windowsFromTheTop()) {
+        if (window->objectName() == name)
+            return window;
+        if (QObject* popup = visiblePopup(window, name))
+            return popup;
+    }
+    return nullptr;
+}
+
+QQuickItem* findPageItem(const QString& name)
+{
+    for (QQuickWindow* window : windowsFromTheTop()) {
         if (window->objectName() == name)
             return window->contentItem();
-        // A dialog of the pages isn't an item itself; its content is.
-        for (QObject* dialog : window->findChildren<QObject*>(name)) {
-            if (dialog->property("modal").isValid() && dialog->property("visible").toBool())
-                return dialog->property("contentItem").value<QQuickItem*>();
-        }
+        if (QObject* popup = visiblePopup(window, name))
+            return popup->property("contentItem").value<QQuickItem*>();
         if (QQuickItem* found = findVisible(window->contentItem(), name))
             return found;
     }

@@ -6,6 +6,7 @@
 #include "entry/Options.h"
 #include "entry/Pages.h"
 #include "entry/Places.h"
+#include "entry/SelfTest.h"
 #include "platform/QuitSignals.h"
 #include "platform/SingleInstance.h"
 #include "services/ServicesRegister.h"
@@ -120,5 +121,9 @@ int runTerminal(int& argc, char** argv)
     std::unique_ptr<Places> places;
     if (!options.placesSocket.isEmpty())
         places = std::make_unique<Places>(options.placesSocket);
+    std::unique_ptr<SelfTest> selfTest;
+    if (options.isSelfTest && !engine.rootObjects().isEmpty())
+        selfTest = std::make_unique<SelfTest>(engine, options.staffNo,
+                                              qEnvironmentVariable("KV_PANEL_PASSWORD"), options.pictureFolder);
     return QGuiApplication::exec();
 }

@@ -56,6 +56,8 @@ QString takeNonce(NetMethod method)
 
 namespace NetWorkUtls {
 
+int NetServer::s_underWay = 0;
+
 ApiRes* NetServer::call(BaseRequest request, ApiRes* (*makeReply)(), const QMetaObject* replyMeta)
 {
     m_elapsed.start();
@@ -139,7 +141,9 @@ void NetServer::waitFor(libcurl& worker, const QString& url, const BaseRequest& 
     loop->setIsThread(m_isThread);
     connect(&worker, &QThread::finished, loop, &QEventLoop::quit);
     worker.api(url, request.headers, request.method, body, request.url);
+    ++s_underWay;
     loop->exec();
+    --s_underWay;
     // The loop ends without the worker only when the whole program does.
     if (worker.isRunning())
         worker.requestInterruption();

@@ -39,6 +39,9 @@ public:
     /// Milliseconds until the URL answered with whatever HTTP status, -1 when it didn't within 2 seconds.
     int testApi(const QString& url);
 
+    /// How many calls wait for their answer, those that let the user's input through among them.
+    static int underWay() { return s_underWay; }
+
     /// Puts the ids of the rights that the call needs into its data, as `acode`.
     static void chechAuth(const QString& path, QJsonObject& data);
     /// The value as text: a bool as "0" or "1", a number as its whole part, anything else as an empty string.
@@ -51,6 +54,8 @@ private:
     ApiRes* call(BaseRequest request, ApiRes* (*makeReply)(), const QMetaObject* replyMeta);
     void waitFor(libcurl& worker, const QString& url, const BaseRequest& request, const QString& body);
     void logExchange(const QString& url, const QString& json, const QByteArray& reply) const;
+
+    static int s_underWay;
 
     const bool m_isThread;
     QElapsedTimer m_elapsed;

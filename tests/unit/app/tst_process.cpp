@@ -52,7 +52,8 @@ private:
 class Run
 {
 public:
-    Run(const Installation& place, const QString& endpoint, const QMap<QString, QString>& variables = {})
+    Run(const Installation& place, const QString& endpoint, const QMap<QString, QString>& variables = {},
+        const QStringList& options = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), place.path(QString()));
@@ -66,7 +67,7 @@ public:
         m_process.setProcessEnvironment(environment);
         m_process.setProcessChannelMode(QProcess::MergedChannels);
         m_process.setWorkingDirectory(place.path(QString()));
-        m_process.start(place.program(), QStringList());
+        m_process.start(place.program(), options);
         m_process.waitForStarted();
     }
     ~Run() { end(); }
@@ -85,7 +86,7 @@ public:
 
     bool isRunning() const { return m_process.state() == QProcess::Running; }
     /// Waits for the end; the exit code as the shell shows it.
-    int exitCode() { return m_process.waitForFinished(20000) ? m_process.exitCode() : -1; }
+    int exitCode(int limitMs = 20000) { return m_process.waitForFinished(limitMs) ? m_process.exitCode() : -1; }
     QString output() { return QString::fromUtf8(m_process.readAll()); }
 
 private:
@@ -114,6 +115,8 @@ private Q_SLOTS:
     void settingsThatCannotBeMade();
     void missingHttpLibrary();
     void missingFont();
+    void selfTest();
+    void selfTestWithoutABackEnd();
 
 private:
     bool isUp() { return m_house->executed(QStringLiteral("/baa00/getSysInitByAuthCode")) > 0; }
@@ -193,6 +196,48 @@ void tst_process::missingFont()
     QCOMPARE(run.exitCode(), 0); // an ordinary end, before the start page has asked for anything
     QVERIFY(!isUp());
     QVERIFY2(place.log().contains(QStringLiteral("加载字体文件失败\n")), qPrintable(place.log()));
+}
+
+/// Of the self-test's lines those that tell of a failure.
+static QStringList failures(const QString& output)
+{
+    QStringList found;
+    for (const QString& line : output.split(QLatin1Char('\n'))) {
+        if (line.startsWith(QLatin1String("FAILED")))
+            found.append(line.mid(8));
+    }
+    return found;
+}
+
+void tst_process::selfTest()
+{
+    // What one of the calls refuses is told of the pages that make it, and of no others.
+    m_house->fault(QStringLiteral("/bba01/getOccTypeList"), QStringLiteral("refuse:CLOSED"));
+    Installation place;
+    Run run(place, m_house->url(), {{QStringLiteral("KV_PANEL_PASSWORD"), QStringLiteral("1001")}},
+            {QStringLiteral("--selftest"), QStringLiteral("--staff"), QStringLiteral("1001")});
+    QCOMPARE(run.exitCode(200000), 1);
+    const QString output = run.output();
+    const QStringList failed = failures(output);
+    QVERIFY2(failed.size() == 1 && failed.first().startsWith(QLatin1String("openRoomDlg/empty/OCCUPY_ROOM: ")),
+             qPrintable(output));
+    for (const char* look : {"Module1", "openRoomDlg/empty/REST_ROOM", "roomDetailDlg/massage/UNION_ROOM",
+                             "roomDetailDlg/rest/ADD_TIME", "loginDlg", "cloudDlg"})
+        QVERIFY2(output.contains(QStringLiteral("\nok      %1\n").arg(QLatin1String(look))),
+                 qPrintable(output));
+}
+
+void tst_process::selfTestWithoutABackEnd()
+{
+    Installation place;
+    Run run(place, QStringLiteral("http://127.0.0.1:1"), {}, {QStringLiteral("--selftest")});
+    QCOMPARE(run.exitCode(100000), 1);
+    const QString output = run.output();
+    const QStringList failed = failures(output);
+    QVERIFY2(failed.size() == 2 && failed.first().startsWith(QLatin1String("mainPage: ")) &&
+                 failed.last().startsWith(QLatin1String("cloudDlg: ")),
+             qPrintable(output));
+    QVERIFY2(output.contains(QStringLiteral("\nok      numKeyDlg\n")), qPrintable(output));
 }
 
 QTEST_GUILESS_MAIN(tst_process)

@@ -77,7 +77,8 @@ Window {
             width: 360
             height: parent.height - 4
             verticalAlignment: Text.AlignVCenter
-            text: message.text
+            // A reply that can't be read fails without a text of its own.
+            text: message.text === "" && message.type === "error" ? "请求失败" : message.text
             textFormat: Text.PlainText
             wrapMode: Text.Wrap
             elide: Text.ElideRight

@@ -1,0 +1,80 @@
+#!/usr/bin/env python3
+"""Runs the demonstration that run.sh has built; its options are told there.
+
+demo.py BUILD_FOLDER FOLDER [--rooms N] [--others N] [--size WIDTHxHEIGHT] [--shot FILE | --tour FOLDER]
+"""
+import argparse
+import pathlib
+import subprocess
+import sys
+import time
+
+import tour
+from hands import Hands, Stuck
+from stand import Failed, MANAGER_CARD, Stand, end_on_signals, say, until
+
+SINGLE_INSTANCE_CODE = 255
+
+
+def options_of(arguments):
+    parser = argparse.ArgumentParser()
+    parser.add_argument("build")
+    parser.add_argument("folder")
+    parser.add_argument("--rooms")
+    parser.add_argument("--others", default="0.2")
+    parser.add_argument("--size", default="1920x1080")
+    parser.add_argument("--shot", type=pathlib.Path)
+    parser.add_argument("--tour", type=pathlib.Path)
+    return parser.parse_args(arguments)
+
+
+def take_shot(stand, picture):
+    """A picture once something is painted."""
+    until("the terminal", lambda: stand.calls("/baa00/getSysInitByAuthCode")[1])
+    time.sleep(2)  # the main page turns in
+
+    def is_painted():
+        subprocess.run(["import", "-window", "root", picture], check=True, env=stand.environment)
+        bright = subprocess.run(["identify", "-format", "%[fx:mean > 0.05]", picture], check=True, env=stand.environment,
+                                capture_output=True, text=True)
+        return bright.stdout == "1"
+    until("the picture", is_painted)
+    say(f"Picture saved: {picture}")
+
+
+def run(stand, options):
+    house_options = ["--rooms", options.rooms] if options.rooms else []
+    stand.start_all(options.size, "--others", "0" if options.tour else options.others, *house_options)
+    say("To present a card, from another shell:")
+    card = stand.build / "sim" / "kv_card"
+    print(f"   {card} staff {stand.staff_reader} {MANAGER_CARD}     # staff, by the numbers in README.md")
+    print(f"   {card} hand {stand.hand_reader} SERIAL          # a guest's hand card", flush=True)
+    say("Starting the terminal")
+    terminal = stand.start_terminal(stdout=None)
+    if options.shot:
+        take_shot(stand, options.shot.resolve())
+        return 0
+    if options.tour:
+        for old in options.tour.rglob("*.png"):
+            old.unlink()
+        hands = Hands(stand.places, stand.environment, options.tour)
+        return tour.run(stand, hands.connect())
+    code = terminal.wait()
+    if code == SINGLE_INSTANCE_CODE:
+        raise Failed(f"the terminal ended at once: another one is running, or see {stand.bin / 'log'}")
+    return code
+
+
+def main():
+    options = options_of(sys.argv[1:])
+    end_on_signals()
+    with Stand(options.build, options.folder) as stand:
+        try:
+            return run(stand, options)
+        except (Failed, Stuck) as failure:
+            print(f"error: {failure}", file=sys.stderr)
+            return 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,119 @@
+"""A person at the screen: real clicks on what the terminal shows, found by name, and pictures of it."""
+import pathlib
+import socket
+import subprocess
+import time
+
+LIMIT_S = 15
+SETTLED_S = 0.06
+
+
+class Stuck(Exception):
+    pass
+
+
+class Hands:
+    """`places` is the socket on which the terminal tells where its items are; `environment` holds the display."""
+
+    def __init__(self, places, environment, pictures=None, settled_s=SETTLED_S):
+        self.environment = environment
+        self.settled_s = settled_s
+        self.pictures = pathlib.Path(pictures) if pictures else None
+        self.count = 0
+        self.taps = 0
+        self.places = places
+        self.socket = None
+        if self.pictures:
+            self.pictures.mkdir(parents=True, exist_ok=True)
+
+    def connect(self):
+        """To the terminal that runs now."""
+        def connected():
+            try:
+                self.socket = socket.socket(socket.AF_UNIX)
+                self.socket.connect(str(self.places))
+                return True
+            except OSError:
+                return False
+        self.until("the terminal", connected)
+        self.lines = self.socket.makefile("r", encoding="utf-8")
+        return self
+
+    def place(self, name):
+        """What the terminal says of an item: its rectangle and its text; None while it can't be tapped."""
+        self.socket.sendall(f"{name}\n".encode())
+        words = self.lines.readline().rstrip("\n").split(" ", 4)
+        return (*map(int, words[:4]), words[4] if len(words) > 4 else "") if len(words) >= 4 else None
+
+    def until(self, what, condition, limit_s=LIMIT_S):
+        end = time.monotonic() + limit_s
+        while time.monotonic() < end:
+            result = condition()
+            if result:
+                return result
+            time.sleep(0.02)
+        raise Stuck(f"waited {limit_s} s for {what}")
+
+    def settled(self, name, limit_s=LIMIT_S):
+        """Its place once it stands still."""
+        def same():
+            before = self.place(name)
+            if not before:
+                return None
+            time.sleep(self.settled_s)
+            return before if before == self.place(name) else None
+        return self.until(f"a sight of {name}", same, limit_s)
+
+    def see(self, *names, limit_s=LIMIT_S):
+        for name in names:
+            self.settled(name, limit_s)
+
+    def gone(self, name, limit_s=LIMIT_S):
+        self.until(f"{name} to go", lambda: self.place(name) is None, limit_s)
+
+    def text(self, name):
+        place = self.place(name)
+        return place[4] if place else None
+
+    def tap(self, *names):
+        for name in names:
+            x, y, width, height, _ = self.settled(name)
+            self.click(x + width // 2, y + height // 2)
+
+    def click(self, x, y):
+        self.taps += 1
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "1"], check=True, env=self.environment)
+
+    def keys(self, text):
+        for key in text:
+            self.tap(f"key_{key}")
+
+    def number(self, button, text):
+        """Taps the button that asks for a number, and types it."""
+        self.tap(button)
+        self.see("numKeyDlg")
+        self.keys(text)
+        self.tap("confirmButton")
+        self.gone("numKeyDlg")
+
+    def write(self, text):
+        subprocess.run(["xdotool", "type", "--delay", "40", text], check=True, env=self.environment)
+
+    def message(self):
+        """The message on the screen, if there is one; it is waved away."""
+        place = self.place("messageText")
+        if not place:
+            return ""
+        x, y, width, height, text = place
+        self.click(x + width // 2, y + height // 2)
+        self.gone("messageText")
+        return text
+
+    def picture(self, name):
+        if not self.pictures:
+            return
+        time.sleep(0.5)  # messages and pressed looks have come, animations are over
+        self.count += 1
+        path = self.pictures / f"{self.count:02}-{name}.png"
+        subprocess.run(["import", "-window", "root", "+dither", "-colors", "255", f"PNG8:{path}"], check=True,
+                       env=self.environment)
