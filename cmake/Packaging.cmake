@@ -13,16 +13,20 @@ install(CODE "file(CREATE_LINK /var/log/kv-panel \$ENV{DESTDIR}\${CMAKE_INSTALL_
 install(PROGRAMS ${debian}/kv-panel DESTINATION bin)
 install(FILES ${debian}/kv-panel.desktop DESTINATION share/applications)
 install(FILES ${CMAKE_SOURCE_DIR}/ui/images/logo.png DESTINATION share/icons/hicolor/128x128/apps RENAME kv-panel.png)
-install(FILES ${CMAKE_SOURCE_DIR}/README.md ${CMAKE_SOURCE_DIR}/docs/LICENCES.md ${debian}/copyright DESTINATION share/doc/kv-panel)
+install(FILES ${CMAKE_SOURCE_DIR}/DEPLOY.md ${CMAKE_SOURCE_DIR}/docs/LICENCES.md ${debian}/copyright DESTINATION share/doc/kv-panel)
+install(FILES ${debian}/lintian-overrides DESTINATION share/lintian/overrides RENAME kv-panel)
 install(FILES ${debian}/kv-panel-kiosk.service DESTINATION /lib/systemd/system)
 install(FILES ${debian}/60-kv-panel.rules DESTINATION /lib/udev/rules.d)
 install(FILES ${debian}/kv-panel.default DESTINATION /etc/default RENAME kv-panel)
 find_program(gzip gzip REQUIRED)
-add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/changelog.gz
-                   COMMAND ${gzip} -9n < ${debian}/changelog > ${CMAKE_BINARY_DIR}/changelog.gz
-                   DEPENDS ${debian}/changelog VERBATIM)
-add_custom_target(kv_changelog ALL DEPENDS ${CMAKE_BINARY_DIR}/changelog.gz)
+foreach(text changelog kv-panel.1)
+    add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/${text}.gz
+                       COMMAND ${gzip} -9n < ${debian}/${text} > ${CMAKE_BINARY_DIR}/${text}.gz
+                       DEPENDS ${debian}/${text} VERBATIM)
+endforeach()
+add_custom_target(kv_package_texts ALL DEPENDS ${CMAKE_BINARY_DIR}/changelog.gz ${CMAKE_BINARY_DIR}/kv-panel.1.gz)
 install(FILES ${CMAKE_BINARY_DIR}/changelog.gz DESTINATION share/doc/kv-panel)
+install(FILES ${CMAKE_BINARY_DIR}/kv-panel.1.gz DESTINATION share/man/man1)
 
 set(CPACK_PACKAGE_NAME kv-panel)
 set(CPACK_PACKAGE_CONTACT "the kv_panel maintainers <maintainers@kv-panel.example>")
@@ -39,7 +43,11 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What is loaded at run time, which the libraries' dependencies don't tell.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "adduser, libcurl4, libqt5sql5-sqlite, qml-module-qtquick2, qml-module-qtquick-window2, qml-module-qtquick-controls2, qml-module-qtquick-templates2, qml-module-qtquick-layouts, qml-module-qtquick-shapes, qml-module-qtqml, qml-module-qtqml-models2")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xinit, xserver-xorg, xserver-xorg-video-all, xserver-xorg-input-all")
+# The kiosk's X server, and the login session that lets it run without root.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+    "xinit, xserver-xorg, xserver-xorg-video-all, xserver-xorg-input-all, libpam-systemd")
+# Settings are entered by hand as long as there is no page for them; printers of the system.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "sqlite3, cups-client")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${debian}/postinst ${debian}/prerm ${debian}/postrm ${debian}/conffiles)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 include(CPack)

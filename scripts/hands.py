@@ -21,6 +21,7 @@ class Hands:
         self.pictures = pathlib.Path(pictures) if pictures else None
         self.count = 0
         self.taps = 0
+        self.again = 0  # of these those that had to be repeated
         self.places = places
         self.socket = None
         if self.pictures:
@@ -39,10 +40,16 @@ class Hands:
         self.lines = self.socket.makefile("r", encoding="utf-8")
         return self
 
+    def asked(self, name):
+        self.socket.sendall(f"{name}\n".encode())
+        return self.lines.readline().rstrip("\n")
+
+    def is_gone(self, name):
+        return self.asked(name) == "-"
+
     def place(self, name):
         """What the terminal says of an item: its rectangle and its text; None while it can't be tapped."""
-        self.socket.sendall(f"{name}\n".encode())
-        words = self.lines.readline().rstrip("\n").split(" ", 4)
+        words = self.asked(name).split(" ", 4)
         return (*map(int, words[:4]), words[4] if len(words) > 4 else "") if len(words) >= 4 else None
 
     def until(self, what, condition, limit_s=LIMIT_S):
@@ -69,7 +76,7 @@ class Hands:
             self.settled(name, limit_s)
 
     def gone(self, name, limit_s=LIMIT_S):
-        self.until(f"{name} to go", lambda: self.place(name) is None, limit_s)
+        self.until(f"{name} to go", lambda: self.is_gone(name), limit_s)
 
     def text(self, name):
         place = self.place(name)
@@ -79,6 +86,23 @@ class Hands:
         for name in names:
             x, y, width, height, _ = self.settled(name)
             self.click(x + width // 2, y + height // 2)
+
+    def sure_tap(self, name, condition):
+        """Taps until the condition holds: a tap during a back-end call counts for nothing, and a person taps again."""
+        def tapped():
+            if condition():
+                return True
+            if self.place(name):
+                self.tap(name)
+                self.again += 1
+            end = time.monotonic() + 1
+            while time.monotonic() < end:
+                if condition():
+                    return True
+                time.sleep(0.01)
+            return False
+        self.again -= 1
+        self.until(f"what a tap on {name} brings", tapped)
 
     def click(self, x, y):
         self.taps += 1
@@ -114,6 +138,9 @@ class Hands:
             return
         time.sleep(0.5)  # messages and pressed looks have come, animations are over
         self.count += 1
-        path = self.pictures / f"{self.count:02}-{name}.png"
+        self.save_screen(self.pictures / f"{self.count:02}-{name}.png")
+
+    def save_screen(self, path):
         subprocess.run(["import", "-window", "root", "+dither", "-colors", "255", f"PNG8:{path}"], check=True,
                        env=self.environment)
+        return path

@@ -10,8 +10,10 @@ namespace {
 
 QByteArray placeOf(const QString& name)
 {
+    if (!takesInput())
+        return "...";
     const QQuickItem* item = findPageItem(name);
-    if (!item || !item->isEnabled() || !item->window()->isExposed() || !takesInput())
+    if (!item || !item->isEnabled() || !item->window()->isExposed())
         return "-";
     const QRectF area = item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
     const QPoint corner = item->window()->mapToGlobal(area.topLeft().toPoint());

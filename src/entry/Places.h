@@ -8,8 +8,8 @@ class QLocalSocket;
 /// opened on demand; whoever may open the socket sees no more than names and places.
 ///
 /// A question is one line with an object name; the answer is one line: "x y width height" in pixels of the
-/// screen, then what the item shows as text, if anything. It is "-" while there is no such item, or while the
-/// item wouldn't take a tap: disabled, or hidden by a back-end call.
+/// screen, then what the item shows as text, if anything. It is "-" while there is no such item
+/// or it is disabled, and "..." during a back-end call, when no item takes a tap.
 class Places : public QObject
 {
     Q_OBJECT

@@ -1,7 +1,9 @@
 #include "mqtt/qmqttclient.h"
 
+#include "mqtt/HostLookup.h"
+
+#include <QDebug>
 #include <QHostAddress>
-#include <QHostInfo>
 #include <QPointer>
 #include <QSocketNotifier>
 
@@ -11,7 +13,9 @@ namespace {
 
 constexpr int upkeepMs = 1000;
 constexpr int attemptLimitMs = 20000;
+constexpr int lookupPollMs = 20;
 constexpr int packetsAtOnce = 1;
+constexpr int subscriptionRefused = 0x80;
 
 struct MosquittoLibrary
 {
@@ -19,12 +23,19 @@ struct MosquittoLibrary
     ~MosquittoLibrary() { mosquitto_lib_cleanup(); }
 };
 
+void logRefused(const QString& topic, const char* cause)
+{
+    qCritical().noquote() << QStringLiteral("mqtt topic \"%1\" isn't subscribed: %2").arg(topic, cause);
+}
+
 } // namespace
 
 QMqttClient::QMqttClient(QObject* parent) : QObject(parent)
 {
     static const MosquittoLibrary library;
     connect(&m_upkeep, &QTimer::timeout, this, [this] { goOn(mosquitto_loop_misc(m_session)); });
+    connect(&m_lookupPoll, &QTimer::timeout, this, &QMqttClient::takeAddresses);
+    m_attemptLimit.setObjectName(QStringLiteral("mqttAttempt"));
     m_attemptLimit.setSingleShot(true);
     connect(&m_attemptLimit, &QTimer::timeout, this, [this] {
         if (m_addresses.isEmpty())
@@ -36,6 +47,12 @@ QMqttClient::QMqttClient(QObject* parent) : QObject(parent)
 
 QMqttClient::~QMqttClient() { closeSession(); }
 
+void QMqttClient::setHostname(const QString& hostname)
+{
+    m_hostname = hostname;
+    m_lookup = {};
+}
+
 void QMqttClient::connectToHost()
 {
     if (m_state != Disconnected)
@@ -43,8 +60,10 @@ void QMqttClient::connectToHost()
     m_state = Connecting;
     m_attemptLimit.start(attemptLimitMs);
     if (QHostAddress(m_hostname).isNull()) {
-        // By name: what is connected by pointer leaks when the program ends before the answer comes.
-        m_lookup = QHostInfo::lookupHost(m_hostname, this, SLOT(onLookedUp(QHostInfo)));
+        // One that still runs since an earlier attempt answers this one too, so that they can't pile up.
+        if (!isLookingUp())
+            m_lookup = lookUpHost(m_hostname);
+        m_lookupPoll.start(lookupPollMs);
         return;
     }
     // No name, nothing to look up; the signals still come after this has returned.
@@ -55,14 +74,18 @@ void QMqttClient::connectToHost()
     });
 }
 
-void QMqttClient::onLookedUp(const QHostInfo& host)
+bool QMqttClient::isLookingUp() const
 {
-    if (host.lookupId() != m_lookup)
+    return m_lookup.valid() && m_lookup.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
+void QMqttClient::takeAddresses()
+{
+    if (isLookingUp())
         return;
-    m_lookup = -1;
-    m_addresses.clear();
-    for (const QHostAddress& address : host.addresses())
-        m_addresses.append(address.toString());
+    m_lookupPoll.stop();
+    if (m_lookup.valid())
+        m_addresses = m_lookup.get();
     tryNextAddress();
 }
 
@@ -88,6 +111,7 @@ bool QMqttClient::openSession(const QString& address)
     }
     mosquitto_connect_callback_set(m_session, &QMqttClient::onConnect);
     mosquitto_message_callback_set(m_session, &QMqttClient::onMessage);
+    mosquitto_subscribe_callback_set(m_session, &QMqttClient::onSubscribed);
     if (mosquitto_connect_async(m_session, address.toLatin1().constData(), m_port, m_keepAliveSeconds) !=
         MOSQ_ERR_SUCCESS)
         return false;
@@ -162,8 +186,7 @@ void QMqttClient::fail()
     closeSession();
     m_attemptLimit.stop();
     m_addresses.clear();
-    if (m_lookup >= 0)
-        QHostInfo::abortHostLookup(std::exchange(m_lookup, -1));
+    m_lookupPoll.stop();
     if (std::exchange(m_state, Disconnected) != Disconnected)
         Q_EMIT disconnected();
 }
@@ -182,6 +205,7 @@ void QMqttClient::closeSession()
     m_socket = -1;
     m_connectCode = -1;
     m_messages.clear();
+    m_asked.clear();
     if (m_session)
         mosquitto_destroy(std::exchange(m_session, nullptr));
 }
@@ -197,7 +221,12 @@ void QMqttClient::subscribe(const QString& topic, quint8 qos)
 {
     if (m_state != Connected)
         return;
-    mosquitto_subscribe(m_session, nullptr, topic.toUtf8().constData(), qos);
+    int packet = 0;
+    const int result = mosquitto_subscribe(m_session, &packet, topic.toUtf8().constData(), qos);
+    if (result == MOSQ_ERR_SUCCESS)
+        m_asked.insert(packet, topic);
+    else
+        logRefused(topic, mosquitto_strerror(result));
     watchSocket();
 }
 
@@ -219,4 +248,11 @@ void QMqttClient::onMessage(mosquitto*, void* client, const mosquitto_message* m
     static_cast<QMqttClient*>(client)->m_messages.push_back(
         {QByteArray(static_cast<const char*>(message->payload), message->payloadlen),
          QString::fromUtf8(message->topic)});
+}
+
+void QMqttClient::onSubscribed(mosquitto*, void* client, int packet, int count, const int* answers)
+{
+    const QString topic = static_cast<QMqttClient*>(client)->m_asked.take(packet);
+    if (count > 0 && answers[0] >= subscriptionRefused)
+        logRefused(topic, "the broker refuses it");
 }

@@ -2,11 +2,13 @@
 
 #include "mqtt/qmqtttopicname.h"
 
-#include <QHostInfo>
+#include <QHash>
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 
 #include <deque>
+#include <future>
 #include <memory>
 
 class QSocketNotifier;
@@ -14,8 +16,8 @@ struct mosquitto;
 struct mosquitto_message;
 
 /// The part of Qt's MQTT client that the terminal uses, over libmosquitto, where Qt's module isn't installed.
-/// Main thread, driven by its event loop: names are looked up in the background, sockets never block, and every
-/// signal is emitted outside the library, so that a slot may delete the client.
+/// Main thread, driven by its event loop: names are looked up on threads of their own, sockets never block, and
+/// every signal is emitted outside the library, so that a slot may delete the client.
 class QMqttClient : public QObject
 {
     Q_OBJECT
@@ -29,7 +31,7 @@ public:
     explicit QMqttClient(QObject* parent = nullptr);
     ~QMqttClient() override;
 
-    void setHostname(const QString& hostname) { m_hostname = hostname; }
+    void setHostname(const QString& hostname);
     void setPort(quint16 port) { m_port = port; }
     void setClientId(const QString& clientId) { m_clientId = clientId; }
     void setUsername(const QString& username) { m_username = username; }
@@ -44,7 +46,7 @@ public:
     void connectToHost();
     /// Says good-bye to the broker and hangs up.
     void disconnectFromHost();
-    /// Only while connected, else nothing happens.
+    /// Only while connected, else nothing happens. A topic that the broker refuses is written to the log.
     void subscribe(const QString& topic, quint8 qos = 0);
     void unsubscribe(const QString& topic);
 
@@ -61,7 +63,8 @@ private:
         QString topic;
     };
 
-    Q_SLOT void onLookedUp(const QHostInfo& host);
+    bool isLookingUp() const;
+    void takeAddresses();
     void tryNextAddress();
     bool openSession(const QString& address);
     void watchSocket();
@@ -72,6 +75,7 @@ private:
 
     static void onConnect(mosquitto*, void* client, int code);
     static void onMessage(mosquitto*, void* client, const mosquitto_message* message);
+    static void onSubscribed(mosquitto*, void* client, int packet, int count, const int* answers);
 
     QString m_hostname;
     quint16 m_port = 1883;
@@ -83,14 +87,16 @@ private:
     quint16 m_keepAliveSeconds = 60;
 
     ClientState m_state = Disconnected;
-    int m_lookup = -1;       ///< of the running name look-up
+    std::future<QStringList> m_lookup; ///< of the host's name; may go on after the attempt that began it
+    QTimer m_lookupPoll;
     QStringList m_addresses; ///< not tried yet
     mosquitto* m_session = nullptr;
     int m_socket = -1; ///< the one that is watched
     std::unique_ptr<QSocketNotifier> m_readable;
     std::unique_ptr<QSocketNotifier> m_writable;
     QTimer m_upkeep;
-    QTimer m_attemptLimit;
+    QTimer m_attemptLimit{this};
+    QHash<int, QString> m_asked; ///< topics that the broker has yet to answer for, by their packet
 
     // What the library has reported and nobody has been told yet.
     int m_connectCode = -1; ///< the broker's answer, -1 for none

@@ -5,12 +5,28 @@
 
 #include <QDebug>
 
+#include <limits>
+
 namespace {
 
 constexpr int firstDelayMs = 1000;
 constexpr int delayStepMs = 15000;
 constexpr int maxDelayMs = 900000;
 constexpr quint16 mqttKeepAliveSeconds = 20;
+
+/// On port 0 nobody listens: a number that is no port fails like every address without a broker.
+quint16 portOf(int number)
+{
+    const bool isPort = number > 0 && number <= std::numeric_limits<quint16>::max();
+    return static_cast<quint16>(isPort ? number : 0);
+}
+
+/// Whether it can stand in a packet; a broker hangs up at one that can't.
+bool isTopic(const QString& text)
+{
+    const int bytes = text.toUtf8().size();
+    return bytes > 0 && bytes <= std::numeric_limits<quint16>::max() && !text.contains(QChar::Null);
+}
 
 } // namespace
 
@@ -20,7 +36,7 @@ MqttClient::MqttClient(const QString& host, int port, const QString& user, const
       m_delayMs(firstDelayMs)
 {
     m_client->setHostname(host);
-    m_client->setPort(static_cast<quint16>(port));
+    m_client->setPort(portOf(port));
     m_client->setUsername(user);
     m_client->setPassword(password);
     m_client->setClientId(clientId);
@@ -79,9 +95,15 @@ void MqttClient::subscribe()
     m_delayMs = firstDelayMs;
     for (const QString& topic : m_subscribedTopics)
         m_client->unsubscribe(topic);
-    for (const QString& topic : m_wantedTopics)
-        m_client->subscribe(topic, 0);
-    m_subscribedTopics = m_wantedTopics;
+    m_subscribedTopics.clear();
+    for (const QString& topic : m_wantedTopics) {
+        if (isTopic(topic)) {
+            m_client->subscribe(topic, 0);
+            m_subscribedTopics.append(topic);
+        } else {
+            qCritical().noquote() << QStringLiteral("\"%1\" is no mqtt topic").arg(topic);
+        }
+    }
     if (isWaiting && m_client->state() == QMqttClient::Disconnected)
         m_reconnectTimer->start(m_delayMs);
 }

@@ -14,12 +14,14 @@ class MqttClient : public QObject
     Q_OBJECT
 
 public:
+    /// A port outside of 1 to 65535 is like an address where no broker is: there is no connection, and it is
+    /// tried again.
     MqttClient(const QString& host, int port, const QString& user, const QString& password,
                const QString& clientId, QObject* parent = nullptr);
     ~MqttClient() override;
 
     /// The topics to be subscribed, in place of those before. Without a connection they take effect with the
-    /// next one.
+    /// next one. What no packet can carry as a topic, such as an empty text, is logged and left out.
     void setTopic(const QList<QString>& topics);
 
     /// Milliseconds before the next attempt.

@@ -1,6 +1,8 @@
 #include "support/BrokerProcess.h"
 
+#include <QElapsedTimer>
 #include <QFile>
+#include <QLibraryInfo>
 #include <QStandardPaths>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -8,6 +10,7 @@
 
 #include <csignal>
 #include <mosquitto.h>
+#include <utility>
 
 namespace {
 
@@ -26,7 +29,7 @@ int freePort()
 
 } // namespace
 
-BrokerProcess::BrokerProcess() : m_port(freePort())
+BrokerProcess::BrokerProcess(Kind kind) : m_port(freePort())
 {
     const QString passwords = m_folder.filePath(QStringLiteral("passwords"));
     QProcess::execute(program(QStringLiteral("mosquitto_passwd")),
@@ -41,6 +44,18 @@ BrokerProcess::BrokerProcess() : m_port(freePort())
             .arg(m_port)
             .arg(passwords, logFile(), qEnvironmentVariable("USER", QStringLiteral("root")))
             .toUtf8());
+    if (kind == RefuseTopics) {
+        // It knows no client, and what it doesn't know it refuses.
+        const QString rights = m_folder.filePath(QStringLiteral("rights.json"));
+        QFile empty(rights);
+        if (!empty.open(QIODevice::WriteOnly))
+            return;
+        empty.write("{}");
+        configuration.write(
+            QStringLiteral("plugin %1/mosquitto_dynamic_security.so\nplugin_opt_config_file %2\n")
+                .arg(QLibraryInfo::location(QLibraryInfo::LibrariesPath), rights)
+                .toUtf8());
+    }
     configuration.close();
     m_process.setProgram(program(QStringLiteral("mosquitto")));
     m_process.setArguments({QStringLiteral("-c"), configuration.fileName()});
@@ -103,8 +118,14 @@ bool BrokerProcess::publish(const QString& topic, const QByteArrayList& payloads
             isFine && mosquitto_publish(session, nullptr, topic.toUtf8().constData(), payload.size(),
                                         payload.constData(), acknowledgedByBroker, false) == MOSQ_ERR_SUCCESS;
     }
-    while (isFine && acknowledged < payloads.size())
-        isFine = mosquitto_loop(session, 1000, 1) == MOSQ_ERR_SUCCESS;
+    constexpr int limitMs = 5000;
+    QElapsedTimer sinceAnswer;
+    sinceAnswer.start();
+    for (int before = 0; isFine && acknowledged < payloads.size();) {
+        isFine = mosquitto_loop(session, 100, 1) == MOSQ_ERR_SUCCESS && !sinceAnswer.hasExpired(limitMs);
+        if (std::exchange(before, acknowledged) < acknowledged)
+            sinceAnswer.start();
+    }
     mosquitto_disconnect(session);
     mosquitto_destroy(session);
     return isFine;

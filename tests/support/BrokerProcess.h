@@ -9,8 +9,10 @@
 class BrokerProcess
 {
 public:
-    /// Runs when this returns; isRunning() tells.
-    BrokerProcess();
+    enum Kind { Plain, RefuseTopics };
+
+    /// Runs when this returns; isRunning() tells. One that refuses topics lets nobody subscribe any.
+    explicit BrokerProcess(Kind kind = Plain);
     ~BrokerProcess();
 
     bool isRunning() const { return m_process.state() == QProcess::Running; }
@@ -27,7 +29,8 @@ public:
     void freeze();
     void thaw();
 
-    /// Publishes the payloads on the topic and returns when the broker has them all; false when it hasn't.
+    /// Publishes the payloads on the topic and returns when the broker has them all; false when it hasn't after
+    /// 5 s without an answer.
     bool publish(const QString& topic, const QByteArrayList& payloads);
     /// What it wrote about connections and packets since its first start.
     QString log() const;

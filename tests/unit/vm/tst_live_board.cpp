@@ -6,8 +6,10 @@
 #include "app/MainClass.h"
 #include "common/GlobalConfig.h"
 #include "net/MqttClient.h"
+#include "vm/dialogs/CloudVm.h"
 #include "vm/module1/Module1Vm.h"
 
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QtTest>
@@ -19,6 +21,7 @@ const QString initPath = QStringLiteral("/baa00/getSysInitByAuthCode");
 
 GlobalConfig* config() { return GlobalConfig::getInstance(); }
 MainClass* program() { return MainClass::getInstance(); }
+MqttClient* channel() { return program()->findChild<MqttClient*>(); }
 
 } // namespace
 
@@ -34,6 +37,9 @@ private Q_SLOTS:
     void newParameters_data();
     void newParameters();
     void newChannel();
+    void newLine();
+    void storeIdCut_data();
+    void storeIdCut();
     void events();
     void eventDuringACall();
     void brokerComesBack();
@@ -42,8 +48,15 @@ private Q_SLOTS:
 private:
     QString topic() const { return config()->MQTT_ROOM_STATUS() + config()->storeId(); }
     int refreshes() { return m_fixture->house().seen(boardEnd); }
-    /// A board whose topics the broker knows and whose first refresh is done.
+    /// A board whose topics the broker knows and whose first refresh is done, null when that fails.
     std::unique_ptr<Module1Vm> listeningBoard();
+    int subscriptions() const { return m_broker->log().count("\t" + topic() + " (QoS 0)"); }
+    /// The id that the channel's last connection told the broker.
+    QString clientId() const;
+    bool hasSaidGoodBye(const QString& id) const
+    {
+        return m_broker->log().contains("Received DISCONNECT from " + id);
+    }
 
     std::unique_ptr<RoomFixture> m_fixture;
     std::unique_ptr<BrokerProcess> m_broker;
@@ -65,17 +78,26 @@ void tst_live_board::initTestCase()
 
 void tst_live_board::cleanupTestCase()
 {
-    delete program()->findChild<MqttClient*>();
+    delete channel();
     m_broker.reset();
     m_fixture.reset();
 }
 
 std::unique_ptr<Module1Vm> tst_live_board::listeningBoard()
 {
+    const int before = subscriptions();
     auto board = std::make_unique<Module1Vm>();
-    [&] { QTRY_VERIFY(refreshes() > 0 && m_broker->log().contains(topic())); }();
+    if (!QTest::qWaitFor([&] { return refreshes() > 0 && subscriptions() > before; }))
+        return nullptr;
     m_fixture->reset();
     return board;
+}
+
+QString tst_live_board::clientId() const
+{
+    const QString log = m_broker->log();
+    const QString sign = " as client_" + config()->storeId() + "_";
+    return log.mid(log.lastIndexOf(sign) + 4).section(' ', 0, 0);
 }
 
 void tst_live_board::newParameters_data()
@@ -91,11 +113,11 @@ void tst_live_board::newParameters_data()
 void tst_live_board::newParameters()
 {
     QFETCH(QJsonObject, reply);
-    const auto* client = program()->findChild<MqttClient*>();
+    const auto* client = channel();
     m_fixture->house().answer(initPath, reply);
     program()->initMqtt(false);
     QTEST(m_fixture->takeShown(), "shown");
-    QCOMPARE(program()->findChild<MqttClient*>(), client);
+    QCOMPARE(channel(), client);
     QCOMPARE(program()->findChildren<MqttClient*>().size(), 1);
     QCOMPARE(config()->mqttPort(), m_broker->port());
 }
@@ -103,25 +125,93 @@ void tst_live_board::newParameters()
 void tst_live_board::newChannel()
 {
     const auto address = QStringLiteral("tcp://localhost:%1").arg(m_broker->port());
-    const QPointer<MqttClient> before = program()->findChild<MqttClient*>();
+    const QString before = clientId();
     m_fixture->answer(initPath,
                       QJsonObject{{"mqttInfo", QJsonObject{{"hostUrl", address},
                                                            {"username", BrokerProcess::user()},
                                                            {"password", BrokerProcess::password()}}}});
     QSignalSpy connected(program(), &MainClass::mqttConnected);
+    const QString key = config()->secretKey();
+    config()->setSecretKey("another-key");
     program()->initMqtt(false);
-    QVERIFY(connected.wait());
-    QTRY_VERIFY(!before);
+    config()->setSecretKey(key);
+    const QString target = m_fixture->house().lastRequest(initPath).value("target").toString();
+    QVERIFY2(target.contains("secretKey=another-key&") || target.endsWith("secretKey=another-key"),
+             qPrintable(target));
+    QTRY_COMPARE(connected.size(), 1);
+    QTRY_VERIFY(hasSaidGoodBye(before));
+    QCOMPARE(program()->findChildren<MqttClient*>().size(), 1);
     QCOMPARE(config()->mqttUrl(), QStringLiteral("localhost"));
     QCOMPARE(config()->MQTT_ROOM_STATUS(), QStringLiteral("ROOMSTATUS_"));
-    const QRegularExpression id("as client_" + config()->storeId() + "_[0-9a-f]{32} ");
-    QCOMPARE(m_broker->log().count(id), 2);
-    QTRY_VERIFY(m_broker->log().contains(" disconnected."));
+    const QRegularExpression id("^client_" + config()->storeId() + "_[0-9a-f]{32}$");
+    QVERIFY2(id.match(clientId()).hasMatch(), qPrintable(clientId()));
+    QVERIFY(clientId() != before);
+    QVERIFY(!hasSaidGoodBye(clientId()));
+}
+
+/// The parameters come through the line that was chosen, and the channel goes where they say.
+void tst_live_board::newLine()
+{
+    const QString line = m_fixture->house().url().replace("127.0.0.1", "localhost");
+    const QString before = clientId();
+    const QString user = BrokerProcess::user();
+    m_fixture->answer(
+        "/kvsystem/common/getSysApiReqUrls",
+        QJsonObject{
+            {"apiUrl", m_fixture->house().url()},
+            {"lineCheckHttpPath", "/check"},
+            {"reqLines", QJsonArray{QJsonObject{
+                             {"title", "平台"},
+                             {"subLines", QJsonArray{QJsonObject{{"title", "线路"}, {"domain", line}}}}}}}});
+    m_fixture->answer(
+        initPath,
+        QJsonObject{{"mqttInfo", QJsonObject{{"username", user}, {"password", BrokerProcess::password()}}}});
+    m_fixture->house().fault("/check", "delay", 20);
+    config()->setMqttUser("nobody");
+    CloudVm lines;
+    lines.init();
+    lines.onChecked(0, 0);
+    QSignalSpy connected(program(), &MainClass::mqttConnected);
+    QVERIFY2(lines.save(), qPrintable(m_fixture->takeShown().join('\n')));
+    QCOMPARE(config()->apiUrl(), line);
+    QCOMPARE(m_fixture->house().seen(initPath), 1);
+    const QJsonValue headers = m_fixture->house().lastRequest(initPath).value("headers");
+    QVERIFY(headers.toArray().contains(QJsonObject{{"name", "Host"}, {"value", line.section('/', -1)}}));
+    QTRY_COMPARE(connected.size(), 1);
+    QCOMPARE(config()->mqttUser(), user);
+    QTRY_VERIFY(hasSaidGoodBye(before));
+    QCOMPARE(m_fixture->takeShown(), QStringList());
+}
+
+void tst_live_board::storeIdCut_data()
+{
+    const QString id = config()->storeId();
+    QTest::addColumn<QString>("topic");
+    QTest::addColumn<QString>("shortTopic");
+    QTest::newRow("at the end") << "ROOM_" + id << "ROOM_";
+    QTest::newRow("elsewhere, and again") << id + "ROOM_" + id + "_X"
+                                          << "ROOM__X";
+    QTest::newRow("nowhere") << "ROOM_of_another_store"
+                             << "ROOM_of_another_store";
+}
+
+void tst_live_board::storeIdCut()
+{
+    QFETCH(QString, topic);
+    QSignalSpy messages(program(), &MainClass::mqttSignal);
+    program()->setMqttTopics({topic});
+    QTRY_VERIFY(m_broker->log().contains("\t" + topic + " (QoS 0)"));
+    QVERIFY(m_broker->publish(topic, {"text"}));
+    QTRY_COMPARE(messages.size(), 1);
+    QFETCH(QString, shortTopic);
+    QCOMPARE(messages.at(0), (QList<QVariant>{shortTopic, "text"}));
+    program()->setMqttTopics({});
 }
 
 void tst_live_board::events()
 {
     const auto board = listeningBoard();
+    QVERIFY(board);
     QSignalSpy messages(program(), &MainClass::mqttSignal);
     QVERIFY(m_broker->publish(topic(), {"{\"type\":\"room\"}"}));
     QTRY_COMPARE(refreshes(), 1);
@@ -129,6 +219,8 @@ void tst_live_board::events()
     // A staff event arrives and fetches nothing.
     QVERIFY(m_broker->publish(config()->MQTT_STAFF_STATUS() + config()->storeId(), {"x"}));
     QTRY_COMPARE(messages.size(), 2);
+    board->timeEvent();
+    QCOMPARE(refreshes(), 1);
     // A burst costs one refresh for each tick that it lasts.
     m_fixture->reset();
     QVERIFY(m_broker->publish(topic(), QByteArrayList{} << "1"
@@ -145,22 +237,30 @@ void tst_live_board::events()
 void tst_live_board::eventDuringACall()
 {
     const auto board = listeningBoard();
-    m_fixture->house().fault("/bba01/getFloorSum", "delay", 300, 1);
-    QVERIFY(m_broker->publish(topic(), {"1"}));
-    QTRY_COMPARE(m_fixture->house().seen("/bba01/getFloorSum"), 1);
+    QVERIFY(board);
+    auto* tick = board->findChild<QTimer*>("boardTick");
+    tick->stop(); // from here on it comes by hand
     QSignalSpy messages(program(), &MainClass::mqttSignal);
-    QVERIFY(m_broker->publish(topic(), {"2"}));
+    QVERIFY(m_broker->publish(topic(), {"1"}));
     QTRY_COMPARE(messages.size(), 1);
-    QTRY_COMPARE(refreshes(), 2);
+    m_fixture->house().fault("/bba01/getFloorSum", "delay", 1500, 1);
+    QTimer::singleShot(700, board.get(), [&] { m_broker->publish(topic(), {"2"}); });
+    for (const int expected : {1, 2, 2}) {
+        board->timeEvent();
+        tick->stop();
+        QCOMPARE(messages.size(), 2); // the second one during the first fetch
+        QCOMPARE(refreshes(), expected);
+    }
 }
 
 void tst_live_board::brokerComesBack()
 {
     const auto board = listeningBoard();
+    QVERIFY(board);
     m_broker->kill();
-    auto* wait = program()->findChild<MqttClient*>()->findChild<QTimer*>("mqttReconnect");
+    auto* wait = channel()->findChild<QTimer*>("mqttReconnect");
     QTRY_VERIFY(wait->isActive());
-    QTest::qWait(600); // a tick passes
+    board->timeEvent();
     QCOMPARE(refreshes(), 0);
     QVERIFY(m_broker->start());
     wait->start(0);
@@ -172,12 +272,18 @@ void tst_live_board::brokerComesBack()
 void tst_live_board::leaving()
 {
     auto board = listeningBoard();
-    const int before = m_broker->log().count("Received UNSUBSCRIBE");
-    board.reset();
-    QTRY_COMPARE(m_broker->log().count("Received UNSUBSCRIBE"), before + 3);
+    QVERIFY(board);
+    const QString left = "Received UNSUBSCRIBE from " + clientId();
+    const int before = m_broker->log().count(left);
+    const QString delivered = "Sending PUBLISH to " + clientId();
     QVERIFY(m_broker->publish(topic(), {"1"}));
-    QTest::qWait(600);
-    QCOMPARE(refreshes(), 0);
+    QTRY_VERIFY(m_broker->log().contains(delivered));
+    board.reset();
+    QTRY_COMPARE(m_broker->log().count(left), before + 3);
+    const int deliveries = m_broker->log().count(delivered);
+    QVERIFY(m_broker->publish(topic(), {"2"}));
+    QVERIFY(m_broker->publish(topic(), {"3"})); // when the broker has this one, it is done with that before
+    QCOMPARE(m_broker->log().count(delivered), deliveries);
 }
 
 QTEST_GUILESS_MAIN(tst_live_board)
