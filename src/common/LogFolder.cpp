@@ -6,15 +6,22 @@
 #include <QCoreApplication>
 #include <QDir>
 
+#include <cstdio>
+
 namespace {
 
+constexpr int drainLimitMs = 1000;
 constexpr qint64 logAgeLimitSeconds = 604800;
 
 void logerOutput(QtMsgType type, const QMessageLogContext& context, const QString& msg)
 {
-    Q_UNUSED(type)
     Q_UNUSED(context)
     LoggerThread::getInstance()->log(msg);
+    if (type != QtFatalMsg)
+        return;
+    // The program is gone when this returns; its cause mustn't be.
+    std::fputs(qPrintable(msg + QLatin1Char('\n')), stderr);
+    LoggerThread::getInstance()->drain(drainLimitMs);
 }
 
 } // namespace
@@ -41,7 +48,6 @@ void prepareLog()
 
 void finishLog()
 {
-    constexpr int limitMs = 1000;
     qInstallMessageHandler(nullptr);
-    LoggerThread::getInstance()->drain(limitMs);
+    LoggerThread::getInstance()->drain(drainLimitMs);
 }

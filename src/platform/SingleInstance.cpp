@@ -2,6 +2,10 @@
 
 #include <QSharedMemory>
 
+#ifndef Q_OS_WIN
+#include <unistd.h>
+#endif
+
 namespace {
 
 /// Where a segment outlives a process that was killed: the last one to detach removes it, so that attaching and
@@ -17,11 +21,8 @@ void clearStaleSegment(const QString& key)
 #endif
 }
 
-} // namespace
-
-bool claimSingleInstance()
+bool claim(QSharedMemory& segment)
 {
-    static QSharedMemory segment(QStringLiteral("Kv_Panel_V2"));
     clearStaleSegment(segment.key());
     if (segment.create(1, QSharedMemory::ReadWrite))
         return true;
@@ -29,4 +30,23 @@ bool claimSingleInstance()
     // has been made anew, which the failed try has done.
     clearStaleSegment(segment.key());
     return segment.create(1, QSharedMemory::ReadWrite);
+}
+
+} // namespace
+
+bool claimSingleInstance()
+{
+    const QString name = QStringLiteral("Kv_Panel_V2");
+    static QSharedMemory segment(name);
+    if (claim(segment))
+        return true;
+#ifndef Q_OS_WIN
+    // What a killed terminal of another user left behind can be neither taken nor removed, and would keep
+    // everyone else out for good; then a terminal is guarded against others of its own user.
+    if (segment.error() == QSharedMemory::PermissionDenied) {
+        segment.setKey(QStringLiteral("%1_%2").arg(name).arg(getuid()));
+        return claim(segment);
+    }
+#endif
+    return false;
 }

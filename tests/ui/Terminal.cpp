@@ -113,6 +113,21 @@ Terminal& Terminal::tap(const QString& name)
     return add("tap " + name, [this, name] { return tapNow(name); });
 }
 
+Terminal& Terminal::tapTogether(const QStringList& names)
+{
+    see(names.last());
+    return add("tap together " + names.join(' '), [this, names] {
+        if (!tapNow(names.first()))
+            return false;
+        for (const QString& name : names.mid(1)) {
+            const QQuickItem* target = item(name);
+            const QPointF middle(target->width() / 2, target->height() / 2);
+            QTest::mouseClick(target->window(), Qt::LeftButton, {}, target->mapToScene(middle).toPoint());
+        }
+        return true;
+    });
+}
+
 Terminal& Terminal::keys(const QString& text)
 {
     for (const QChar key : text)

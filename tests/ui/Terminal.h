@@ -33,6 +33,9 @@ public:
 
     /// Taps the visible item with this object name once the terminal takes input.
     Terminal& tap(const QString& name);
+    /// Taps all of them before any of the taps has had an effect, as a bouncing finger or two hands do. The
+    /// same name may stand there twice.
+    Terminal& tapTogether(const QStringList& names);
     /// Taps the keys of the dialog on top one after the other.
     Terminal& keys(const QString& text);
     /// Taps a module's tile and logs in by number and password.

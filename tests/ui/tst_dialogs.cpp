@@ -477,6 +477,15 @@ void tst_dialogs::messageWindow()
     QCOMPARE(window->property("text").toString(), QStringLiteral("二"));
     QTRY_VERIFY(!window->isVisible());
     QVERIFY(shown.elapsed() >= 3000 && shown.elapsed() < 8000);
+
+    // What was tapped away takes its time with it; what fails without a text has one all the same.
+    MyMessage::getInstance()->showError(QString());
+    QTRY_COMPARE(m_terminal->property("messageText", "text").toString(), QStringLiteral("请求失败"));
+    QTest::mouseClick(window, Qt::LeftButton, {}, {20, 20});
+    QTRY_VERIFY(!window->isVisible());
+    MyMessage::getInstance()->showOk(QStringLiteral("三"));
+    QTRY_VERIFY(window->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(!window->isVisible(), 8000);
 }
 
 QTEST_MAIN(tst_dialogs)

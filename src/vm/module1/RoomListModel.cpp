@@ -68,7 +68,7 @@ void RoomSortListModel::update(const Array<RoomSortDto*>& types)
         return;
     }
     for (int i = 0; i < present.size(); ++i) {
-        present.at(i)->typeName = types.at(i)->name();
+        present.at(i)->setProperty("typeName", types.at(i)->name());
         present.at(i)->pRoomModel->update(types.at(i)->roomList());
     }
     Q_EMIT dataChanged(index(0), index(present.size() - 1), {roleNames().key("typeName")});

@@ -21,7 +21,7 @@ public:
 class RoomSortVm : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QString typeName MEMBER typeName CONSTANT)
+    Q_PROPERTY(QString typeName MEMBER typeName NOTIFY typeNameChanged)
     Q_PROPERTY(RoomListModel* pRoomModel MEMBER pRoomModel CONSTANT)
 
 public:
@@ -29,6 +29,9 @@ public:
 
     QString typeName;
     RoomListModel* const pRoomModel;
+
+Q_SIGNALS:
+    void typeNameChanged();
 };
 
 /// The rooms by type; owns its groups.

@@ -35,7 +35,6 @@ Rectangle {
         text: tile.text
         textFormat: Text.PlainText
         elide: Text.ElideRight
-        maximumLineCount: 2
         wrapMode: Text.Wrap
         fontSizeMode: Text.Fit
         minimumPixelSize: 14

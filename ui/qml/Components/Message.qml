@@ -25,7 +25,14 @@ Window {
         y = 80
     }
 
-    onClosing: show = false
+    // The user has done with it; the next message gets its whole time.
+    function dismiss() {
+        lifeTimer.stop()
+        hideTimer.stop()
+        show = false
+    }
+
+    onClosing: dismiss()
     objectName: "messageWindow"
     flags: Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.Tool | Qt.WindowDoesNotAcceptFocus
     visible: show
@@ -92,6 +99,6 @@ Window {
 
     MouseArea {
         anchors.fill: parent
-        onClicked: message.show = false
+        onClicked: message.dismiss()
     }
 }

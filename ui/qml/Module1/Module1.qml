@@ -12,21 +12,9 @@ Item {
     id: page
 
     readonly property int columns: vm.itemColumns === 0 ? 8 : vm.itemColumns
-    property bool isRoomChosen: false // from a tap to the end of what it opened
 
-    // A touch screen may deliver one tap twice; the second must not open a second dialog.
     function chooseRoom(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg) {
-        if (isRoomChosen)
-            return
-        isRoomChosen = true
-        JsFunc.delay15(() => {
-            try {
-                onSelectRoom(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg)
-            } finally {
-                if (page)
-                    page.isRoomChosen = false
-            }
-        })
+        JsFunc.singly(15, () => onSelectRoom(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg))
     }
 
     // What a tap on a room does; the first branch that applies.

@@ -58,7 +58,7 @@ ListView {
                 model: roomList
 
                 RoomTile {
-                                width: groups.roomWidth
+                    width: groups.roomWidth
                     height: groups.roomHeight
                     onChosen: groups.chosen(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg)
                 }

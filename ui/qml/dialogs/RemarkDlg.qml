@@ -1,5 +1,4 @@
 import QtQuick 2.15
-import QtQuick.Controls 2.15
 import "../Components"
 import "../../js/Func.js" as JsFunc
 
@@ -29,30 +28,14 @@ DialogFrame {
             onBack: dialog.finish(false)
         }
 
-        ScrollView {
+        RemarkArea {
+            id: area
             anchors.left: parent.left
             anchors.right: parent.right
             anchors.top: head.bottom
             anchors.bottom: confirmButton.top
             anchors.margins: Theme.spacing
-            clip: true
-
-            TextArea {
-                id: area
-                objectName: "remarkArea"
-                text: dialog.remark
-                placeholderText: "请输入备注信息"
-                placeholderTextColor: Theme.textFaint
-                wrapMode: TextEdit.Wrap
-                font.family: Pinfang
-                font.pixelSize: Theme.textSize
-                color: Theme.text
-                background: Rectangle {
-                    radius: Theme.radius
-                    color: Theme.surface
-                    border.color: area.activeFocus ? Theme.accent : Theme.line
-                }
-            }
+            text: dialog.remark
         }
 
         PushButton {
@@ -64,6 +47,7 @@ DialogFrame {
             width: 220
             text: "确  定"
             onClicked: JsFunc.delay15(() => {
+                Qt.inputMethod.commit() // what is still being composed counts
                 dialog.remark = area.text
                 dialog.finish(true)
             })

@@ -17,6 +17,7 @@ DialogFrame {
     property var pages: ({}) // the page of each menu entry; an entry without one is an action
     property alias info: infoArea.data
     property alias infoHeight: infoArea.height
+    property int workings: 0 // of the page, that wait for the back end or the user
 
     signal started() // the dialog stands, its first work may begin
     signal acted(string code)
@@ -31,12 +32,23 @@ DialogFrame {
         finish(false)
     }
 
+    // What the page waits in is done through this: it mustn't be unloaded meanwhile.
+    function work(action) {
+        ++workings
+        try {
+            return action()
+        } finally {
+            if (dialog)
+                --workings
+        }
+    }
+
     function load(page) {
         loader.setSource("qrc:/qml/Module1/pages/" + page + ".qml", {roomId: pageRoomId, roomNo: pageRoomNo})
     }
 
     function choose(code) {
-        if (loader.item && loader.item.isWorking) {
+        if (workings > 0) {
             JsFunc.timerOnce(50, () => dialog && dialog.choose(code))
             return
         }
@@ -92,7 +104,7 @@ DialogFrame {
             anchors.margins: Theme.spacing
             anchors.top: infoArea.bottom
             enabled: dialog.isEnabled
-            onChosen: JsFunc.timerOnce(GlobalConfig.dlgDeplyTime, () => dialog && dialog.choose(code))
+            onChosen: JsFunc.singly(GlobalConfig.dlgDeplyTime, () => dialog && dialog.choose(code))
         }
 
         Rectangle {

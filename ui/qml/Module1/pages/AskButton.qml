@@ -5,7 +5,7 @@ import "../../DlgManager.js" as Dlg
 import "../../../js/Func.js" as JsFunc
 import "../../../js/Glyphs.js" as Glyphs
 
-// Asks for a number by keys, its text being the prompt, and hands on what was typed. The page may be gone by then.
+// Asks for a number by keys, its text being the prompt, and hands on what was typed.
 PushButton {
     id: button
 
@@ -15,9 +15,9 @@ PushButton {
     iconText: Glyphs.search
     role: "plain"
     pixelSize: 22
-    onClicked: JsFunc.timerOnce(GlobalConfig.dlgDeplyTime, () => {
-        const answer = button ? Dlg.showDialog("numKeyDlg", {strText: button.text}) : undefined
+    onClicked: JsFunc.singly(GlobalConfig.dlgDeplyTime, () => button && dlg.work(() => {
+        const answer = Dlg.showDialog("numKeyDlg", {strText: button.text})
         if (button && answer !== undefined && answer.dlgResult)
             button.entered(answer.inputText)
-    })
+    }))
 }

@@ -15,26 +15,15 @@ Item {
     property QtObject saver: null
     property bool isEnabled: saver ? saver.isEnabled : true
     property bool isStarted: false
-    // A page that waits for the back end inside one of its handlers mustn't be unloaded under it.
-    property bool isWorking: false
     default property alias content: body.data
 
     signal started() // the page stands, its first work may begin
     signal confirmed()
 
-    function work(action) {
-        isWorking = true
-        try {
-            return action()
-        } finally {
-            isWorking = false
-        }
-    }
-
     Component.onCompleted: JsFunc.timerOnce(GlobalConfig.initDelyTime, () => {
         if (page) {
             page.isStarted = true
-            page.work(() => page.started())
+            dlg.work(() => page.started())
         }
     })
 
@@ -59,10 +48,11 @@ Item {
         text: page.confirmText
         enabled: page.isEnabled && page.isStarted
         onClicked: {
+            Qt.inputMethod.commit() // what is still being composed counts
             page.confirmed()
             if (page.saver) {
                 JsFunc.delay15(() => {
-                    if (page && page.saver && page.work(() => page.saver.save()))
+                    if (page && page.saver && dlg.work(() => page.saver.save()))
                         dlg.save()
                 })
             }

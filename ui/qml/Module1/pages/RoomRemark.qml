@@ -8,15 +8,18 @@ RoomPage {
 
     confirmText: "确  定"
     saver: pageVm
-    onStarted: pageVm.init(vm.pRoomDetail)
+    onStarted: {
+        pageVm.init(vm.pRoomDetail)
+        remarkArea.text = pageVm.remark
+    }
+    onConfirmed: pageVm.remark = remarkArea.text
 
     RoomRemarkVm {
         id: pageVm
     }
 
     RemarkArea {
+        id: remarkArea
         anchors.fill: parent
-        text: pageVm.remark
-        onTextChanged: pageVm.remark = text
     }
 }
