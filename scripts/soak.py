@@ -47,9 +47,10 @@ class Evening:
             self.hands.sure_tap(f"room_{room}", lambda: any(map(self.hands.place, dialogs)))
             if self.hands.place(dialog):
                 return True
-            wrong = next(name for name in dialogs if self.hands.place(name))
-            self.hands.sure_tap("cancelButton" if wrong == "confirmDlg" else "closeButton",
-                                lambda: self.hands.is_gone(wrong))
+            wrong = next((name for name in dialogs if self.hands.place(name)), None)
+            if wrong:
+                self.hands.sure_tap("cancelButton" if wrong == "confirmDlg" else "closeButton",
+                                    lambda: self.hands.is_gone(wrong))
             time.sleep(0.3)
             return False
         self.hands.until(f"room {room} to open {dialog}", opened, 30)

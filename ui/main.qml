@@ -23,6 +23,11 @@ ApplicationWindow {
             message.openTimer()
     }
 
+    // A dialog that is made here outlives the page that asked for it.
+    function componentOf(page) {
+        return Qt.createComponent(page)
+    }
+
     function openBusyDlg() {
         if (isBusyDlgOpened)
             return

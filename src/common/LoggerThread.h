@@ -24,7 +24,7 @@ public:
     {
         qint64 fileBytes = 10485760;   ///< at this size or above a file is closed
         int queuedLines = 20000;       ///< lines that wait in memory at most
-        qint64 queuedChars = 32000000; ///< their characters at most, for whole replies are logged
+        qint64 queuedChars = 4000000;  ///< their characters at most, for whole replies are logged
         int pauseMs = 500;             ///< after each round
         int failedOpenPauseMs = 1000;  ///< after a file that couldn't be opened
     };

@@ -117,12 +117,20 @@ Terminal& Terminal::tapTogether(const QStringList& names)
 {
     see(names.last());
     return add("tap together " + names.join(' '), [this, names] {
-        if (!tapNow(names.first()))
+        QQuickItem* first = item(names.first());
+        if (!first || !first->isEnabled() || !takesInput() || !isSettled(first))
             return false;
-        for (const QString& name : names.mid(1)) {
+        m_target = nullptr;
+        // Straight to the windows, so that no timer comes in between.
+        for (const QString& name : names) {
             const QQuickItem* target = item(name);
-            const QPointF middle(target->width() / 2, target->height() / 2);
-            QTest::mouseClick(target->window(), Qt::LeftButton, {}, target->mapToScene(middle).toPoint());
+            const QPointF place = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
+            for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+                QMouseEvent event(type, place, Qt::LeftButton,
+                                  type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                                  Qt::NoModifier);
+                QCoreApplication::sendEvent(target->window(), &event);
+            }
         }
         return true;
     });

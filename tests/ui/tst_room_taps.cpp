@@ -4,6 +4,7 @@
 
 #include "support/RoomFloor.h"
 
+#include <QQuickItem>
 #include <QtTest>
 
 #include <memory>
@@ -19,8 +20,10 @@ private Q_SLOTS:
 
     void oneQuestionOneChange();
     void oneNumberDialog();
+    void oneCardTakenOff();
     void anotherPageWhileANumberIsAsked();
     void anotherPageWhileASaveRuns();
+    void moduleLeftUnderADialog();
 
 private:
     HouseProcess& house() { return m_terminal->house(); }
@@ -60,6 +63,20 @@ void tst_room_taps::oneNumberDialog()
              QString());
 }
 
+void tst_room_taps::oneCardTakenOff()
+{
+    const QString room = RoomFloor::openRoom(3, 2);
+    const QStringList cards = RoomFloor::cardsInside(room);
+    dialog("roomDetailDlg", room).tap("menu_REST_CHG_MASS").see("card_" + cards.at(0));
+    QCOMPARE(m_terminal->tapTogether({"remove_" + cards.at(0), "remove_" + cards.at(0)})
+                 .seeNot("card_" + cards.at(0))
+                 .see("card_" + cards.at(1))
+                 .tap("closeButton")
+                 .returned()
+                 .run(),
+             QString());
+}
+
 void tst_room_taps::anotherPageWhileANumberIsAsked()
 {
     // The dialog of a page that went away under it could never be closed.
@@ -87,6 +104,21 @@ void tst_room_taps::anotherPageWhileASaveRuns()
              QString());
     QCOMPARE(m_terminal->takeMessages(), QStringList{QStringLiteral("success|操作成功")});
     QCOMPARE(house().seen("/caa04/callStaff"), 1);
+}
+
+void tst_room_taps::moduleLeftUnderADialog()
+{
+    // As when the tile and the return mark are tapped at once.
+    QCOMPARE(m_terminal->tap("roomSearchButton")
+                 .see("numKeyDlg")
+                 .act([&] { QMetaObject::invokeMethod(m_terminal->item("mainPage"), "leaveModule"); })
+                 .see("tile_ROOMINFO_CTRL")
+                 .tap("key_1")
+                 .tap("cancelButton")
+                 .seeNot("numKeyDlg")
+                 .run(),
+             QString());
+    QCOMPARE(m_terminal->login("tile_ROOMINFO_CTRL", "1001", "1001").see("Module1").run(), QString());
 }
 
 QTEST_MAIN(tst_room_taps)

@@ -33,7 +33,7 @@ function showDialog(dlgName, obj) {
     const page = dlgMap[dlgName]
     if (page === undefined)
         return undefined
-    const comp = Qt.createComponent(page)
+    const comp = root.componentOf(Qt.resolvedUrl(page))
     const dlg = comp.status === 1 ? comp.createObject(root, obj) : null // 1: Component.Ready
     if (!dlg) {
         console.log(comp.errorString())

@@ -73,7 +73,8 @@ public:
     explicit TempDataModel(QObject* parent = nullptr);
 
     QVector<temp_struct> getAll() const { return rows(); }
-    void upate(const QList<temp_struct>& entries) { refresh(QVector<temp_struct>::fromList(entries)); }
+    /// Entries of another question; the view shows them from the first one on.
+    void upate(const QList<temp_struct>& entries) { replace(QVector<temp_struct>::fromList(entries)); }
     /// Marks this entry alone.
     Q_INVOKABLE void onChecked(int index) { checkOnly(index); }
     /// Toggles this entry.

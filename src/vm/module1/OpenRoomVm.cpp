@@ -8,10 +8,6 @@
 
 #include <QPointer>
 
-namespace {
-
-} // namespace
-
 OpenRoomVm::OpenRoomVm(QObject* parent) : QObject(parent), m_menu(new MenuModel(this)) {}
 
 bool OpenRoomVm::init(const QString& roomId)

@@ -2,6 +2,12 @@
 
 #include "common/GlobalConfig.h"
 
+namespace {
+
+constexpr int leastHours = 1;
+
+} // namespace
+
 RoomSettings RoomSettings::ofStore()
 {
     RoomSettings settings;
@@ -9,7 +15,7 @@ RoomSettings RoomSettings::ofStore()
         settings.usedRoomMod = sysConfig->usedRoomMod() == 1;
         settings.openMulti = sysConfig->openMulti();
         settings.isNeedCard = sysConfig->isNeedCard();
-        settings.defaultTime = sysConfig->defaultTime();
+        settings.defaultTime = qMax(leastHours, sysConfig->defaultTime());
     }
     return settings;
 }

@@ -6,7 +6,7 @@ struct RoomSettings
     bool usedRoomMod = false; ///< the house works without guests' hand cards
     bool openMulti = false;   ///< cards of other rooms may be opened together
     bool isNeedCard = false;  ///< a massage room needs a card
-    int defaultTime = 0;      ///< what a massage room is opened for, hours
+    int defaultTime = 1;      ///< what a massage room is opened for, hours, at least 1
 
     static RoomSettings ofStore();
 };

@@ -29,7 +29,10 @@ Item {
                 verticalAlignment: Text.AlignVCenter
                 text: row.line ? row.line[modelData.role] : modelData.title
                 textFormat: Text.PlainText
+                wrapMode: Text.Wrap
                 elide: Text.ElideRight
+                fontSizeMode: Text.Fit
+                minimumPixelSize: 15
                 font.family: Pinfang
                 font.pixelSize: Theme.textSize
                 color: row.line ? Theme.text : Theme.textMuted

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import "../../Components"
+import "../../../js/Func.js" as JsFunc
 
 // Hand cards of a room page. Where wanted a card has a cross that takes it off, or a check box for the one that stands
 // out; the page tells what a tap on the card means.
@@ -31,7 +32,7 @@ ChoiceGrid {
             objectName: "card_" + model.cardNo
             anchors.left: parent.left
             anchors.right: checkKey.visible ? checkKey.left : parent.right
-            anchors.rightMargin: checkKey.visible ? 2 : 8
+            anchors.rightMargin: checkKey.visible ? 12 : 8
             height: parent.height - 8
             enabled: !cards.isReadOnly
             text: model.cardNo
@@ -42,7 +43,8 @@ ChoiceGrid {
             removeName: "remove_" + model.cardNo
             Accessible.checked: cell.isSelected
             onClicked: cards.tapped(index)
-            onRemoved: cards.removed(index, model.cardNo)
+            // The next card comes under the finger; a bouncing tap mustn't take that one off too.
+            onRemoved: JsFunc.singly(15, () => cell && cards.removed(index, model.cardNo))
         }
 
         CheckMark {

@@ -47,6 +47,6 @@ RoomPage {
         anchors.bottom: parent.bottom
         isRemovable: true
         model: pageVm.pCardListModel
-        onRemoved: JsFunc.delay15(() => pageVm && pageVm.deleteCard(index))
+        onRemoved: pageVm.deleteCard(index)
     }
 }

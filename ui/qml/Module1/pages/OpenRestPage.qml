@@ -40,7 +40,7 @@ RoomPage {
             isRemovable: true
             emptyText: "请先添加手牌"
             model: pageVm.pCardListModel
-            onRemoved: JsFunc.delay15(() => pageVm && pageVm.deleteCard(index, cardNo))
+            onRemoved: pageVm.deleteCard(index, cardNo)
         }
     }
 

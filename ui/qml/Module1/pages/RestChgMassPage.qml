@@ -50,7 +50,7 @@ RoomPage {
         checkText: "消费记入"
         emptyText: "请先添加手牌"
         model: pageVm.pCardListModel
-        onRemoved: JsFunc.delay15(() => pageVm && pageVm.deleteCard(index))
+        onRemoved: pageVm.deleteCard(index)
         onChecked: JsFunc.delay15(() => pageVm && pageVm.checkCard(index))
     }
 }

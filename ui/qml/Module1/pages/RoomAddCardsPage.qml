@@ -53,7 +53,7 @@ RoomPage {
             isRemovable: true
             emptyText: "请先添加手牌"
             model: pageVm.pNewCardModel
-            onRemoved: JsFunc.delay15(() => pageVm && pageVm.deleteCard(index))
+            onRemoved: pageVm.deleteCard(index)
         }
     }
 }

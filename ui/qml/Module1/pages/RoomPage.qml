@@ -49,13 +49,13 @@ Item {
         enabled: page.isEnabled && page.isStarted
         onClicked: {
             Qt.inputMethod.commit() // what is still being composed counts
-            page.confirmed()
-            if (page.saver) {
-                JsFunc.delay15(() => {
-                    if (page && page.saver && dlg.work(() => page.saver.save()))
-                        dlg.save()
-                })
-            }
+            JsFunc.delay15(() => {
+                if (!page)
+                    return
+                page.confirmed()
+                if (page.saver && dlg.work(() => page.saver.save()))
+                    dlg.save()
+            })
         }
     }
 }
