@@ -1,12 +1,11 @@
 #!/usr/bin/env bash
-# Makes the pictures of docs/pictures anew: the tests of the pages walk their roads on a virtual screen and take them.
-# ./scripts/pictures.sh [WIDTHxHEIGHT]
+# Pictures for the eye of every page, empty and crowded: the tests of the pages walk their roads on a virtual screen and
+# take them. ./scripts/pictures.sh FOLDER [WIDTHxHEIGHT]
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/common.sh
 
-size=${1:-1920x1080}
-folder=$PWD/docs/pictures/$size
+folder=$(realpath -m "${1:?a folder for the pictures}") size=${2:-1920x1080}
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}"
 tests=(tst_shell tst_dialogs tst_board tst_rooms_opening tst_rooms_conversions tst_rooms_groups)
 build release "${tests[@]}" kv_house

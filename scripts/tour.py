@@ -237,6 +237,6 @@ def every_page(stand, folder):
 
 def run(stand, hands):
     walk(stand, hands)
-    code = every_page(stand, hands.pictures / "pages")
+    code = every_page(stand, hands.pictures.resolve() / "pages")
     print(f"tour: {len(list(hands.pictures.rglob('*.png')))} pictures in {hands.pictures}", file=sys.stderr)
     return code

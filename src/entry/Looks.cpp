@@ -110,7 +110,7 @@ void Looks::end(QObject* seen)
     m_looks.pop_front();
     m_hasBegun = false;
     ++m_looked;
-    if (seen && !m_pictureFolder.isEmpty() && !isPictureSaved(look.name))
+    if (seen && look.isPictured && !m_pictureFolder.isEmpty() && !isPictureSaved(look.name))
         m_complaints.append(QStringLiteral("its picture can't be saved"));
     m_failed += m_complaints.isEmpty() ? 0 : 1;
     QStringList said = m_complaints + m_remarks;

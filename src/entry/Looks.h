@@ -17,7 +17,8 @@ struct Look
     std::function<QObject*()>
         find; ///< the item, dialog or window that is to be seen; null while it isn't there
     std::function<void(QObject*)> close; ///< after the picture; not called for what never came
-    int stillMs = 400;                   ///< how long it is there with nothing asked before it counts as still
+    bool isPictured = true;
+    int stillMs = 400; ///< how long it is there with nothing asked before it counts as still
 };
 
 /// Looks at one thing after the other while the pages live on. Each is looked at until it stands still; what

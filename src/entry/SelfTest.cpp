@@ -104,7 +104,7 @@ void SelfTest::planLogin()
     const auto mainPageOnceIn = [this]() -> QObject* {
         return m_isLoggedIn ? findPageItem(mainPage) : nullptr;
     };
-    m_looks.insert({{QStringLiteral("login"), logIn, mainPageOnceIn, {}}});
+    m_looks.insert({{QStringLiteral("login"), logIn, mainPageOnceIn, {}, false}});
 }
 
 void SelfTest::planModules()
@@ -124,7 +124,7 @@ void SelfTest::planModules()
                              QMetaObject::invokeMethod(findPageItem(mainPage), "openModule",
                                                        Q_ARG(QVariant, module), Q_ARG(QVariant, QVariantMap()));
                          },
-                         itemNamed(module), leave, boardTurnMs});
+                         itemNamed(module), leave, true, boardTurnMs});
     }
     m_looks.insert(looks);
 }
@@ -145,7 +145,7 @@ void SelfTest::planRooms()
     looks.push_back({QStringLiteral("Module1/left"),
                      [] { QMetaObject::invokeMethod(findPageItem(mainPage), "leaveModule"); },
                      itemNamed(QStringLiteral("tile_ROOMINFO_CTRL")),
-                     [this](QObject*) { m_looks.setCountsMessages(true); }});
+                     [this](QObject*) { m_looks.setCountsMessages(true); }, false});
     m_looks.insert(looks);
 }
 
@@ -185,7 +185,8 @@ void SelfTest::planRoomPages(QObject* dialog, const QString& label)
     looks.push_back({label + QStringLiteral("/left"),
                      [opened] { closeDialog(opened); },
                      itemNamed(QStringLiteral("roomGrid")),
-                     {}});
+                     {},
+                     false});
     m_looks.insert(looks);
 }
 
