@@ -35,7 +35,7 @@ def take_shot(stand, picture):
 
     def is_painted():
         subprocess.run(["import", "-window", "root", picture], check=True, env=stand.environment)
-        bright = subprocess.run(["identify", "-format", "%[fx:mean > 0.05]", picture], check=True, env=stand.environment,
+        bright = subprocess.run(["identify", "-format", "%[fx:mean > 0.05]", picture], check=True,
                                 capture_output=True, text=True)
         return bright.stdout == "1"
     until("the picture", is_painted)

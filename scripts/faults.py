@@ -22,10 +22,10 @@ from stand import Failed, end_on_signals, say
 def report(rows):
     bad = sum(bool(row.faults) for row in rows)
     head = ["# Faults", "",
-            "What the terminal does while what surrounds it misbehaves. Made by `scripts/faults.py`, which walks the real",
-            "program by clicks against the demo house, a mosquitto broker and a printer that it breaks; run it again to",
-            "renew the table. \"s\" is how long no tap was taken; \"asked / done\" counts the calls of the change in question",
-            "at the back end.", "",
+            "What the terminal does while what surrounds it misbehaves. Made by `scripts/faults.py`, which walks the",
+            "real program by clicks against the demo house, a mosquitto broker and a printer that it breaks; run it",
+            "again to renew the table. \"s\" is how long no tap was taken; \"asked / done\" counts the calls of the",
+            "change in question at the back end.", "",
             f"{len(rows)} rows, {bad} bad ones.", "",
             "| fault | road | what the user saw | s | asked / done | lost | |", "|---|---|---|---|---|---|---|"]
     return "\n".join(head + [row.line() for row in rows]) + "\n"

@@ -144,7 +144,7 @@ def login(shop):
         row.waited_s = shop.waited(POST_LIMIT_S)
         is_in = not hands.is_gone("modeButton")
         is_open = not hands.is_gone("loginDlg")
-        row.saw = shop.message() + (", the board" if is_in else ", the dialog stays" if is_open else ", back at the tiles")
+        row.saw = f"{shop.message()}, " + ("the board" if is_in else "the dialog stays" if is_open else "back at the tiles")
         row.calls = " / ".join(str(now - before) for now, before in zip(shop.stand.calls(LOGIN), seen))
         row.lost = "nothing" if is_in else "number and password, typed again"
         if not row.calls.startswith("1 "):
@@ -210,7 +210,7 @@ def broker(shop):
         mends()
         begin = time.monotonic()
         shop.hands.until("the board to be fetched", lambda: shop.stand.calls(ROOMS)[0] > seen, 60)
-        row.saw = (f"{shop.message()}, the board as it was, {taken}; "
+        row.saw = (f"{shop.message()}, {taken}; "
                    f"{time.monotonic() - begin:.0f} s after it is back the board is fetched")
         shop.add(row)
 

@@ -130,12 +130,13 @@ def faults(samples, log):
 def report(samples, found, others, events, again):
     first, last = samples[0], samples[-1]
     lines = ["# Soak", "", "One simulated evening at the front desk, as fast as it goes; made by `scripts/soak.py`.", "",
-             f"{last[1]} taps ({again} of them repeated, because a call was under way), {last[2]} changes saved, {last[3]} calls, other terminals at {others} changes a second, "
-             f"{events} events of the broker logged, {last[0] / 60:.0f} minutes. "
-             f"Memory {first[4]} kB at the start and {last[4]} kB at the end, handles {first[5]} and {last[5]}, "
-             f"threads {first[6]} and {last[6]}. " + ("; ".join(found) or "No leak, no complaint of the pages."), "",
-             "The log reaches its 10 MiB of the day on the way; from there on events aren't logged any more, and the lines that",
-             "wait in memory for the next day are the step in the memory, which is bounded.", "",
+             f"{last[0] / 60:.0f} minutes, {last[1]} taps ({again} of them repeated, because a call was under way),",
+             f"{last[2]} changes saved, {last[3]} calls, other terminals at {others:.0f} changes a second,",
+             f"{events} events of the broker logged. Memory {first[4]} kB at the start and {last[4]} kB at the end,",
+             f"handles {first[5]} and {last[5]}, threads {first[6]} and {last[6]}.",
+             "; ".join(found) or "No leak, no complaint of the pages.", "",
+             "The log reaches its 10 MiB of the day on the way; from there on events aren't logged any more, and the",
+             "lines that wait in memory for the next day are the step in the memory, which is bounded.", "",
              "| s | taps | changes | calls | memory (kB) | handles | threads |", "|---|---|---|---|---|---|---|"]
     step = max(1, len(samples) // 16)
     shown = samples[::step] + ([samples[-1]] if (len(samples) - 1) % step else [])

@@ -1,4 +1,4 @@
-"""What a shop has, on this machine: a broker, the demo back end, a screen, two card readers, a printer and the terminal.
+"""A shop on this machine: a broker, the demo back end, a screen, two card readers, a printer and the terminal.
 
 Everything is started on ports and in folders of its own and ended by end(), which touches nothing else. Each part can
 be ended, killed, frozen and started again by itself, at the same address.
@@ -70,12 +70,12 @@ class Stand:
         self.folder.mkdir(parents=True, exist_ok=True)
         self.run = pathlib.Path(tempfile.mkdtemp(prefix="kv-stand-"))
         self.parts = {}  # by name, in the order of their start
-        self.bin = self._copy_program() if has_own_program else self.build / "bin"
         self.slips = self.folder / "slips"
         self.broker_port = free_port()
         self.house_port = free_port()
         self.house_url = f"http://127.0.0.1:{self.house_port}"
         self.environment = dict(os.environ)
+        self.bin = self._copy_program() if has_own_program else self.build / "bin"
         self.places = self.run / "places"
         self.staff_reader = self.run / "staff-reader"
         self.hand_reader = self.run / "hand-reader"
@@ -87,7 +87,10 @@ class Stand:
         self.end()
 
     def _copy_program(self):
-        """A copy has a log and a single-instance guard of its own."""
+        """A copy has a log of its own; with its own temporary folder the single-instance guard is its own too."""
+        temporary = self.run / "tmp"
+        temporary.mkdir()
+        self.environment["TMPDIR"] = str(temporary)
         target = self.folder / "program"
         (target / "res").mkdir(parents=True, exist_ok=True)
         for name in ("kv_panel", "kv_house", "libPOSDLL.so"):
