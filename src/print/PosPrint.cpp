@@ -8,6 +8,7 @@
 #include "print/Slips.h"
 
 #include <QDebug>
+#include <QTimer>
 
 namespace {
 
@@ -72,7 +73,10 @@ bool PosPrint::openDevice(const QString& address, const QString& port)
     printerHandle =
         m_library.POS_Open(name.constData(), 0, 0, 0, 0, isNetwork ? PosNetworkAddress : PosPrinterName);
     if (printerHandle == posOpenFailed()) {
-        m_message->showError(QStringLiteral("打印失败,未正确连接打印机"));
+        // Behind what the caller has to say: his "操作成功" would take this one's place at once.
+        QTimer::singleShot(0, m_message, [message = m_message] {
+            message->showError(QStringLiteral("打印失败,未正确连接打印机"));
+        });
         return false;
     }
     if (isNetwork)

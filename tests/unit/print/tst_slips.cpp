@@ -358,7 +358,9 @@ void tst_slips::withoutPrinter()
         printer.print(PrintBuffet, QVariant::fromValue(Samples::buffet()), {}, {});
     QCOMPARE(library.calls(),
              QStringList({QStringLiteral("open \"\" 0x14"), QStringLiteral("open \"\" 0x14")}));
-    QCOMPARE(messages.count(), 2);
+    // Behind whatever the caller says in the meantime.
+    QCOMPARE(messages.count(), 0);
+    QTRY_COMPARE(messages.count(), 2);
     QCOMPARE(messages.first(),
              QVariantList({QStringLiteral("打印失败,未正确连接打印机"), QStringLiteral("error")}));
 }
