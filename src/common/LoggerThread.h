@@ -22,11 +22,11 @@ public:
     /// What bounds the writer; the defaults are the program's.
     struct Limits
     {
-        qint64 fileBytes = 10485760;   ///< at this size or above a file is closed
-        int queuedLines = 20000;       ///< lines that wait in memory at most
-        qint64 queuedChars = 4000000;  ///< their characters at most, for whole replies are logged
-        int pauseMs = 500;             ///< after each round
-        int failedOpenPauseMs = 1000;  ///< after a file that couldn't be opened
+        qint64 fileBytes = 10485760;  ///< at this size or above a file is closed
+        int queuedLines = 20000;      ///< lines that wait in memory at most
+        qint64 queuedChars = 4000000; ///< their characters at most, for whole replies are logged
+        int pauseMs = 500;            ///< after each round
+        int failedOpenPauseMs = 1000; ///< after a file that couldn't be opened
     };
 
     /// The process's writer, into the folder "log" beside the program; made on first use.

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// A board begins to fetch with its first turn, a second after it stands.
+/// A board begins to fetch with its first tick, half a second after it stands.
 constexpr int boardTurnMs = 1500;
 
 const QString mainPage = QStringLiteral("mainPage");
