@@ -1,7 +1,8 @@
 #pragma once
 
+#include "support/ChildProcess.h"
+
 #include <QByteArrayList>
-#include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -39,6 +40,6 @@ private:
     QString logFile() const;
 
     QTemporaryDir m_folder;
-    QProcess m_process;
+    ChildProcess m_process;
     int m_port = 0;
 };

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "support/ChildProcess.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QProcess>
 #include <QStringList>
 
 /// The demo back end, run for one test on a port of its own and ended with it.
@@ -35,6 +36,6 @@ public:
 private:
     QByteArray control(const QString& command, const QJsonObject& body = {});
 
-    QProcess m_process;
+    ChildProcess m_process;
     QString m_url;
 };
