@@ -1,8 +1,7 @@
 // An empty room: opening it for guests, occupying it, sending it to cleaning.
 
-#include "RoomFixture.h"
+#include "OpeningRoom.h"
 
-#include "app/MainClass.h"
 #include "common/Clock.h"
 #include "common/GlobalConfig.h"
 #include "vm/module1/OpenMassVm.h"
@@ -11,25 +10,11 @@
 #include "vm/module1/OpenRoomVm.h"
 
 #include <QAbstractItemModelTester>
-#include <QTimer>
 #include <QtTest>
 
 namespace {
 
-const QString detailPath = QStringLiteral("/bba01/getRoomDetailNew");
-const QString cardPath = QStringLiteral("/baa01/getHardCardDetail");
-const QString plansPath = QStringLiteral("/bba01/getPlanListNew");
-const QString kindsPath = QStringLiteral("/bba01/getOccTypeList");
-const QString massPath = QStringLiteral("/bba01/openMassRoom");
-const QString restPath = QStringLiteral("/bba01/openRestRoom");
-const QString occupyPath = QStringLiteral("/bba01/chgOccupyRoom");
-const QString cleanPath = QStringLiteral("/bba01/chgCleanRoom");
 const QString done = QStringLiteral("success|操作成功");
-
-QJsonObject cardFields(const QString& number, int status = 0, const QString& roomNo = {})
-{
-    return {{"id", "id-" + number}, {"cardno", number}, {"status", status}, {"roomNo", roomNo}};
-}
 
 QString elsewhere(const QString& number, const QString& roomNo)
 {
@@ -45,13 +30,6 @@ QStringList numbersOf(const CardListModel* cards)
     return numbers;
 }
 
-QJsonObject plan(const QString& id, const QString& name, int hours, double fee)
-{
-    return {{"id", id}, {"name", name}, {"min_time", hours}, {"min_fee", fee}};
-}
-
-SysConfigDto& store() { return *GlobalConfig::getInstance()->sysConfig(); }
-
 } // namespace
 
 class tst_room_opening : public QObject
@@ -60,7 +38,7 @@ class tst_room_opening : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void init();
+    void init() { prepareStore(*m_room); }
     void cleanup() { Clock::setSource(nullptr); }
 
     void menu_data();
@@ -84,31 +62,8 @@ private Q_SLOTS:
     void occupation_data();
     void occupation();
     void kindsRefused();
-    void oneAtATime_data() { saveRows(); }
-    void oneAtATime();
-    void pageClosedDuringItsCall_data() { saveRows(); }
-    void pageClosedDuringItsCall();
-    void pageClosedDuringALookUp_data();
-    void pageClosedDuringALookUp();
 
 private:
-    /// Has the page take a card that the house tells so of.
-    template <typename Page>
-    void enter(Page& page, const QJsonObject& card)
-    {
-        m_room->answer(cardPath, card, 1);
-        page.getCardInfo(card.value("cardno").toString(), {});
-    }
-    void saveRows();
-    QObject* prepared(const QString& page);
-    bool save(QObject* page)
-    {
-        bool isSaved = false;
-        return QMetaObject::invokeMethod(page, page->inherits("OpenRoomVm") ? "cleanRoom" : "save",
-                                         Qt::DirectConnection, Q_RETURN_ARG(bool, isSaved)) &&
-               isSaved;
-    }
-
     std::unique_ptr<RoomFixture> m_room;
 };
 
@@ -116,16 +71,6 @@ void tst_room_opening::initTestCase()
 {
     m_room.reset(new RoomFixture);
     QVERIFY(m_room->isUp());
-}
-
-void tst_room_opening::init()
-{
-    m_room->reset();
-    GlobalConfig::getInstance()->setRights({"0101", "0102", "0113", "0114"});
-    store().set_openMulti(true);
-    store().set_isNeedCard(true);
-    store().set_usedRoomMod(0);
-    store().set_defaultTime(2);
 }
 
 void tst_room_opening::menu_data()
@@ -239,8 +184,8 @@ void tst_room_opening::newCard()
     const auto check = [&](auto& page) {
         const QAbstractItemModelTester tester(page.pCardListModel());
         QCOMPARE(page.openMulti(), openMulti);
-        enter(page, cardFields("8001"));
-        enter(page, card);
+        enter(*m_room, page, cardFields("8001"));
+        enter(*m_room, page, card);
         QCOMPARE(m_room->sent(cardPath), (QJsonObject{{"cardno", card.value("cardno")}}));
         QTEST(m_room->takeShown(), "shown");
         QJsonArray ids{"id-8001"};
@@ -327,7 +272,7 @@ void tst_room_opening::massageRoom()
     page.init("R1", "101");
     page.setHours(5);
     for (const QJsonObject& card : cards)
-        enter(page, card);
+        enter(*m_room, page, card);
     if (removed >= 0)
         page.deleteCard(removed);
     m_room->takeShown();
@@ -352,9 +297,9 @@ void tst_room_opening::oneQuestionForAllCards()
 {
     OpenMassVm page;
     page.init("R1", "101");
-    enter(page, cardFields("8005", 1, "103"));
-    enter(page, cardFields("8004"));
-    enter(page, cardFields("8002", 1, "102"));
+    enter(*m_room, page, cardFields("8005", 1, "103"));
+    enter(*m_room, page, cardFields("8004"));
+    enter(*m_room, page, cardFields("8002", 1, "102"));
     QCOMPARE(m_room->takeShown(), QStringList{}); // none on the way in
     m_room->answerQuestions(0);
     QVERIFY(!page.save());
@@ -385,7 +330,7 @@ void tst_room_opening::massageSlip()
     OpenMassVm page;
     page.init("R1", "101");
     for (const QString& number : cards)
-        enter(page, cardFields(number));
+        enter(*m_room, page, cardFields(number));
     if (isRefused)
         m_room->refuse(massPath, QStringLiteral("房间已开"));
     else
@@ -442,7 +387,7 @@ void tst_room_opening::restRoom()
     // Cards of other rooms come in without a question, now and at the end.
     const QStringList numbers{"8003", "8001", "8002"};
     for (int i = 0; i <= cards; ++i)
-        enter(page, cardFields(numbers.at(i), 1, "102"));
+        enter(*m_room, page, cardFields(numbers.at(i), 1, "102"));
     page.deleteCard(0, "8003");
     for (const int index : plans)
         page.checkPlan(index);
@@ -477,8 +422,8 @@ void tst_room_opening::restSlip()
     m_room->answer(plansPath, QJsonArray{plan("P1", "钟点", 3, fee)});
     OpenRestVm page;
     page.init("R1", "101");
-    enter(page, cardFields("8001"));
-    enter(page, cardFields("8002"));
+    enter(*m_room, page, cardFields("8001"));
+    enter(*m_room, page, cardFields("8002"));
     page.checkPlan(0);
     m_room->refuse(restPath, QStringLiteral("房间已开"), 1);
     QVERIFY(!page.save());
@@ -574,133 +519,6 @@ void tst_room_opening::kindsRefused()
     page.init("R1");
     QCOMPARE(m_room->takeShown(), QStringList{"error|查询失败"});
     QCOMPARE(page.pOccupyListModel()->rowCount(), 0);
-}
-
-void tst_room_opening::saveRows()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("path");
-    QTest::newRow("massage") << "massage" << massPath;
-    QTest::newRow("rest") << "rest" << restPath;
-    QTest::newRow("occupation") << "occupation" << occupyPath;
-    QTest::newRow("cleaning") << "cleaning" << cleanPath;
-}
-
-/// A page that can save at once.
-QObject* tst_room_opening::prepared(const QString& kind)
-{
-    if (kind == "massage") {
-        auto* page = new OpenMassVm;
-        page->init("R1", "101");
-        enter(*page, cardFields("8001", 1, "102"));
-        return page;
-    }
-    if (kind == "rest") {
-        auto* page = new OpenRestVm;
-        m_room->answer(plansPath, QJsonArray{plan("P1", "钟点", 2, 28)});
-        page->init("R1", "101");
-        enter(*page, cardFields("8001"));
-        page->checkPlan(0);
-        return page;
-    }
-    if (kind == "occupation") {
-        auto* page = new OpenOccupyVm;
-        page->init("R1"); // the house's kinds
-        page->checkOccupy(0);
-        return page;
-    }
-    auto* page = new OpenRoomVm;
-    m_room->answer(detailPath, QJsonObject{{"id", "R1"}, {"status", 1}}, 1);
-    page->init("R1");
-    return page;
-}
-
-void tst_room_opening::oneAtATime()
-{
-    QFETCH(QString, kind);
-    QFETCH(QString, path);
-    const std::unique_ptr<QObject> page(prepared(kind));
-    m_room->answer(path, {});
-    m_room->house().fault(path, "delay", 300, 1);
-    bool wasEnabled = true;
-    bool second = true;
-    QTimer::singleShot(50, page.get(), [&] {
-        wasEnabled = page->property("isEnabled").toBool();
-        second = save(page.get());
-    });
-    QVERIFY(save(page.get()));
-    QVERIFY(!wasEnabled && !second);
-    QCOMPARE(m_room->house().seen(path), 1);
-    QVERIFY(page->property("isEnabled").toBool());
-}
-
-void tst_room_opening::pageClosedDuringItsCall()
-{
-    QFETCH(QString, kind);
-    QFETCH(QString, path);
-    const QPointer<QObject> page(prepared(kind));
-    m_room->answer(path, {});
-    m_room->house().fault(path, "delay", 200, 1);
-    QTimer::singleShot(50, page, [&] { delete page; });
-    QVERIFY(save(page)); // what was asked for is done all the same
-    QVERIFY(!page);
-    QCOMPARE(m_room->takePrinted().contains(QStringLiteral("主结手牌:8001")),
-             kind == "massage" || kind == "rest");
-}
-
-void tst_room_opening::pageClosedDuringALookUp_data()
-{
-    QTest::addColumn<QString>("path");
-    for (const QString& path : {cardPath, plansPath, kindsPath, detailPath})
-        QTest::newRow(qPrintable(path)) << path;
-    QTest::newRow("a question") << QString();
-    QTest::newRow("the question at save") << "save";
-}
-
-void tst_room_opening::pageClosedDuringALookUp()
-{
-    QFETCH(QString, path);
-    QPointer<QObject> page;
-    const auto closeDuring = [&](QObject* opened) {
-        page = opened;
-        if (path.startsWith('/')) {
-            m_room->house().fault(path, "delay", 200, 1);
-            QTimer::singleShot(50, opened, [&] { delete page; });
-        } else {
-            connect(MainClass::getInstance(), &MainClass::msgConfirmSignal, opened, [&] { delete page; });
-        }
-    };
-    if (path == plansPath || path.isEmpty()) {
-        store().set_openMulti(false);
-        store().set_usedRoomMod(path.isEmpty() ? 1 : 0); // the question stops the start
-        m_room->answer(cardPath, cardFields("101", 1, "102"));
-        m_room->answer(plansPath, QJsonArray{plan("P1", "钟点", 2, 28)});
-        auto* rest = new OpenRestVm;
-        closeDuring(rest);
-        rest->init("R1", "101");
-        QCOMPARE(m_room->house().seen(plansPath), path.isEmpty() ? 0 : 1);
-    } else if (path == cardPath) {
-        m_room->answer(cardPath, cardFields("8001", 1, "102"));
-        auto* massage = new OpenMassVm;
-        closeDuring(massage);
-        massage->getCardInfo("8001", {});
-    } else if (path == kindsPath) {
-        auto* occupy = new OpenOccupyVm;
-        closeDuring(occupy);
-        occupy->init("R1");
-    } else if (path == detailPath) {
-        m_room->answer(detailPath, QJsonObject{{"id", "R1"}, {"status", 1}});
-        auto* dialog = new OpenRoomVm;
-        closeDuring(dialog);
-        QVERIFY(!dialog->init("R1"));
-    } else {
-        m_room->answer(massPath, {});
-        QObject* massage = prepared("massage");
-        closeDuring(massage);
-        QVERIFY(save(massage)); // he said yes
-        QCOMPARE(m_room->sent(massPath).value("isConn").toInt(), 1);
-    }
-    QVERIFY(!page);
 }
 
 QTEST_GUILESS_MAIN(tst_room_opening)
