@@ -35,9 +35,12 @@ public:
     LogUse& operator=(const LogUse&) = delete;
     ~LogUse()
     {
-        QFuture<void>(m_preparation).waitForFinished();
+        waitUntilReady();
         finishLog();
     }
+
+    /// What is logged behind this reaches the file; what comes before may not.
+    void waitUntilReady() const { QFuture<void>(m_preparation).waitForFinished(); }
 
 private:
     const QFuture<void> m_preparation;
@@ -99,11 +102,13 @@ int runTerminal(int& argc, char** argv)
 
     registerSingletons();
     if (!prepareSettings()) {
+        log.waitUntilReady();
         qDebug() << "STEP 2";
         QCoreApplication::quit();
         return -1;
     }
     if (!GlobalConfig::getInstance()->initLibcurl()) {
+        log.waitUntilReady();
         markMissingLibcurl(marker);
         QCoreApplication::quit();
         return -1;

@@ -116,6 +116,7 @@ private Q_SLOTS:
     void missingHttpLibrary();
     void missingFont();
     void selfTest();
+    void selfTestWithoutStaff();
     void selfTestWithoutABackEnd();
 
 private:
@@ -225,6 +226,20 @@ void tst_process::selfTest()
                              "roomDetailDlg/rest/ADD_TIME", "loginDlg", "cloudDlg"})
         QVERIFY2(output.contains(QStringLiteral("\nok      %1\n").arg(QLatin1String(look))),
                  qPrintable(output));
+}
+
+void tst_process::selfTestWithoutStaff()
+{
+    // What the modules are refused then is no failure; what the dialogs are told is.
+    Installation place;
+    Run run(place, m_house->url(), {}, {QStringLiteral("--selftest")});
+    QTRY_VERIFY_WITH_TIMEOUT(isUp(), 20000);
+    m_house->fault(QStringLiteral("/kvsystem/common/getSysApiReqUrls"), QStringLiteral("refuse:CLOSED"));
+    QCOMPARE(run.exitCode(200000), 1);
+    const QString output = run.output();
+    const QStringList failed = failures(output);
+    QVERIFY2(failed.size() == 1 && failed.first().startsWith(QLatin1String("cloudDlg: ")), qPrintable(output));
+    QVERIFY2(output.contains(QStringLiteral("\nok      Module1: ")), qPrintable(output));
 }
 
 void tst_process::selfTestWithoutABackEnd()
