@@ -1,34 +1,26 @@
 #include "vm/dialogs/AuthVm.h"
 
-#include "app/MainClass.h"
-#include "common/BusyGuard.h"
-#include "common/GlobalConfig.h"
 #include "services/Baa00Service.h"
-#include "services/Reply.h"
-
-AuthVm::AuthVm(QObject* parent) : BaseObject(parent) { MainClass::getInstance()->startReadStaff(this); }
-
-AuthVm::~AuthVm() { MainClass::getInstance()->stopReadStaff(this); }
 
 void AuthVm::readingExec(QString cardId) { login({}, {}, cardId); }
 
 bool AuthVm::login(const QString& userNo, const QString& pwd, const QString& rfid)
 {
-    const BusyGuard<AuthVm> guard(this);
-    if (!guard)
-        return false;
+    return act([&] { return tryLogin(userNo, pwd, rfid); });
+}
+
+bool AuthVm::tryLogin(const QString& userNo, const QString& pwd, const QString& rfid)
+{
     GlobalConfig* config = GlobalConfig::getInstance();
-    QJsonObject data{{QStringLiteral("type"), 1}, {QStringLiteral("modCode"), config->currentMod()}};
+    QJsonObject data{{"type", 1}, {"modCode", config->currentMod()}};
     if (rfid.isEmpty()) {
-        data.insert(QStringLiteral("workNo"), userNo);
-        data.insert(QStringLiteral("pwd"), pwd);
+        data.insert("workNo", userNo);
+        data.insert("pwd", pwd);
     } else {
-        data.insert(QStringLiteral("cardUid"), rfid);
+        data.insert("cardUid", rfid);
     }
     const auto reply = held(Baa00Service::getInstance()->loginMod(data, config->secretKey()));
-    if (!isOkOrShown(*reply))
-        return false;
-    if (!reply->data())
+    if (!isOkOrShown(*reply) || !reply->data())
         return false;
     const UserDto* supervisor = reply->data()->userInfo();
     if (!supervisor) {

@@ -1,19 +1,17 @@
 #pragma once
 
-#include "common/BaseObject.h"
-#include "common/Property.h"
+#include "vm/shared/ActionVm.h"
+#include "vm/shared/ReaderListener.h"
 
 /// Identifies a supervisor who vouches for one refused call. Nothing of his login is kept: the operator stays.
-class AuthVm : public BaseObject
+class AuthVm : public ActionVm
 {
     Q_OBJECT
-    PROPERTY(bool, isEnabled, setIsEnabled, true) // false while a login runs
-    PROPERTY(QString, modCode, setModCode, {})    // not used by the login
+    PROPERTY(QString, modCode, setModCode, {}) // not used by the login
 
 public:
     /// Listens to the staff card reader until it is destroyed.
-    explicit AuthVm(QObject* parent = nullptr);
-    ~AuthVm() override;
+    explicit AuthVm(QObject* parent = nullptr) : ActionVm(parent) { m_reader.listenToStaff(); }
 
     /// By card when rfid isn't empty, else by number and password.
     Q_INVOKABLE bool login(const QString& userNo, const QString& pwd, const QString& rfid);
@@ -22,4 +20,9 @@ public:
 
 Q_SIGNALS:
     void success(const QString& staffId, const QString& staffNo, const QString& staffName);
+
+private:
+    bool tryLogin(const QString& userNo, const QString& pwd, const QString& rfid);
+
+    ReaderListener m_reader{this};
 };

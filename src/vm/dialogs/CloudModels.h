@@ -15,7 +15,7 @@ struct cloud_sub_line
 };
 
 /// The lines of one platform. An index out of range gives false and changes nothing.
-class CloudLineModel : public CheckOneModel<cloud_sub_line>
+class CloudLineModel : public RowModel<cloud_sub_line>
 {
     Q_OBJECT
 
@@ -24,10 +24,9 @@ public:
 
     Q_INVOKABLE void update(const Array<SubLineDto*>& lines);
     Q_INVOKABLE void update(const QVector<cloud_sub_line>& lines) { refresh(lines); }
-    Q_INVOKABLE bool onChecked(int index);
-    Q_INVOKABLE bool isOk(int index) const;
-    Q_INVOKABLE bool isChecked(int index) const;
-    Q_INVOKABLE void clearChecked();
+    Q_INVOKABLE bool isOk(int index) const { return row(index).isOk; }
+    Q_INVOKABLE bool isChecked(int index) const { return row(index).isChecked; }
+    Q_INVOKABLE void clearChecked() { uncheckAll(); }
     QVector<cloud_sub_line> get_data() const { return rows(); }
 };
 
@@ -40,15 +39,15 @@ class CloudLineData : public QObject
     Q_PROPERTY(CloudLineModel* pLineMode MEMBER pLineMode CONSTANT)
 
 public:
-    CloudLineData(const ReqLineDto* platform, QObject* parent);
+    explicit CloudLineData(const ReqLineDto* platform);
 
     QString name;
     QString icon; ///< URL of its image
     CloudLineModel* pLineMode;
 };
 
-/// All platforms; owns them.
-class CloudPlatModel : public RowModel<CloudLineData*>
+/// All platforms.
+class CloudPlatModel : public ObjectModel<CloudLineData>
 {
     Q_OBJECT
 

@@ -6,15 +6,14 @@
 #include "vm/dialogs/LoginVm.h"
 #include "vm/dialogs/MsgConfirmVm.h"
 #include "vm/dialogs/NumKeyVm.h"
-
-#include <QtQml>
+#include "vm/shared/Register.h"
 
 void DialogsRegister::init()
 {
-    qmlRegisterType<LoginVm>("LoginVm", 1, 0, "LoginVm");
-    qmlRegisterType<MsgConfirmVm>("MsgConfirmVm", 1, 0, "MsgConfirmVm");
-    qmlRegisterType<InputOrReadVm>("InputOrReadVm", 1, 0, "InputOrReadVm");
-    qmlRegisterType<NumKeyVm>("NumKeyVm", 1, 0, "NumKeyVm");
-    qmlRegisterType<AuthVm>("AuthVm", 1, 0, "AuthVm");
-    qmlRegisterType<CloudVm>("CloudVm", 1, 0, "CloudVm");
+    registerViewModel<LoginVm>("LoginVm");
+    registerViewModel<MsgConfirmVm>("MsgConfirmVm");
+    registerViewModel<InputOrReadVm>("InputOrReadVm");
+    registerViewModel<NumKeyVm>("NumKeyVm");
+    registerViewModel<AuthVm>("AuthVm");
+    registerViewModel<CloudVm>("CloudVm");
 }

@@ -1,50 +1,43 @@
 #include "vm/dialogs/LoginVm.h"
 
-#include "app/MainClass.h"
-#include "common/BusyGuard.h"
-#include "common/GlobalConfig.h"
 #include "common/RightsTables.h"
 #include "services/Baa00Service.h"
-#include "services/Reply.h"
 
 namespace {
 
 QJsonObject credentials(const QString& userNo, const QString& pwd, const QString& rfid, const QString& modCode)
 {
-    QJsonObject data{{QStringLiteral("modCode"), modCode}};
+    QJsonObject data{{"modCode", modCode}};
     if (!rfid.isEmpty()) {
-        data.insert(QStringLiteral("cardUid"), rfid);
+        data.insert("cardUid", rfid);
     } else {
-        data.insert(QStringLiteral("workNo"), userNo);
-        data.insert(QStringLiteral("pwd"), pwd);
+        data.insert("workNo", userNo);
+        data.insert("pwd", pwd);
     }
     return data;
 }
 
 } // namespace
 
-LoginVm::~LoginVm() { MainClass::getInstance()->stopReadStaff(this); }
-
 void LoginVm::init(bool isRead)
 {
     if (isRead)
-        MainClass::getInstance()->startReadStaff(this);
+        m_reader.listenToStaff();
 }
 
 void LoginVm::readingExec(QString cardId) { login({}, {}, cardId); }
 
 bool LoginVm::login(const QString& userNo, const QString& pwd, const QString& rfid)
 {
-    const BusyGuard<LoginVm> guard(this);
-    if (!guard)
-        return false;
-    if (!tryLogin(userNo, pwd, rfid)) {
-        Q_EMIT loginErrorSignal();
-        return false;
-    }
-    const UserDto& user = *GlobalConfig::getInstance()->userInfo();
-    Q_EMIT loginSuccessSignal(user.staffId(), user.code(), user.name(), rfid);
-    return true;
+    return act([&] {
+        if (!tryLogin(userNo, pwd, rfid)) {
+            Q_EMIT loginErrorSignal();
+            return false;
+        }
+        const UserDto& user = *GlobalConfig::getInstance()->userInfo();
+        Q_EMIT loginSuccessSignal(user.staffId(), user.code(), user.name(), rfid);
+        return true;
+    });
 }
 
 bool LoginVm::tryLogin(const QString& userNo, const QString& pwd, const QString& rfid)
@@ -52,10 +45,8 @@ bool LoginVm::tryLogin(const QString& userNo, const QString& pwd, const QString&
     GlobalConfig* config = GlobalConfig::getInstance();
     const auto reply = held(
         Baa00Service::getInstance()->loginMod(credentials(userNo, pwd, rfid, modCode()), config->secretKey()));
-    if (!isOk(*reply)) {
-        MyMessage::getInstance()->ShowError(reply->msg());
+    if (!isOkOrShown(*reply, Refusal::Shown))
         return false;
-    }
     const LoginDto* session = reply->data();
     if (!session)
         return false;
@@ -67,10 +58,8 @@ bool LoginVm::tryLogin(const QString& userNo, const QString& pwd, const QString&
     config->setTokenTimeStamp(session->timestamp());
     config->setToken(session->token());
     config->setSecret(session->secret());
-    if (!session->userInfo()) {
-        MyMessage::getInstance()->ShowError(QStringLiteral("查询用户信息出错"));
+    if (!require(session->userInfo(), "查询用户信息出错"))
         return false;
-    }
     config->userInfo()->update(session->userInfo());
     Q_EMIT config->userInfoChanged();
     takeWorkAreas(session);
@@ -97,41 +86,22 @@ void LoginVm::takeWorkAreas(const LoginDto* session)
 
 bool LoginVm::checkLoginAuth()
 {
-    MyMessage* message = MyMessage::getInstance();
-    if (modCode().isEmpty()) {
-        message->ShowError(QStringLiteral("权限码不能为空"));
-        return false;
-    }
     const QString right = Rights::idOfModuleWord(modCode());
-    if (right.isEmpty()) {
-        message->ShowError(QStringLiteral("为获取到登录代码"));
+    if (!require(!modCode().isEmpty(), "权限码不能为空") || !require(!right.isEmpty(), "为获取到登录代码"))
         return false;
-    }
-    const auto reply = held(
-        Baa00Service::getInstance()->getAuthInfoByCodes({{QStringLiteral("authCodes"), QJsonArray{right}}}));
-    if (!isOk(*reply)) {
-        message->ShowError(reply->msg());
+    const auto reply = call(&Baa00Service::getAuthInfoByCodes, {{"authCodes", QJsonArray{right}}});
+    if (!isOkOrShown(*reply, Refusal::Shown))
         return false;
-    }
     const AuthInfoDto* answer = reply->data().hash().value(right);
-    if (!answer)
-        return false;
-    if (!answer->isHave()) {
-        message->ShowError(QStringLiteral("无当前模块权限"));
-        return false;
-    }
-    return true;
+    return answer && require(answer->isHave(), "无当前模块权限");
 }
 
 bool LoginVm::getAllAuth()
 {
     GlobalConfig* config = GlobalConfig::getInstance();
-    const auto reply = held(
-        Baa00Service::getInstance()->getAuthInfoByCodes({{QStringLiteral("authCodes"), config->getACodes()}}));
-    if (!isOk(*reply)) {
-        MyMessage::getInstance()->ShowError(reply->msg());
+    const auto reply = call(&Baa00Service::getAuthInfoByCodes, {{"authCodes", config->getACodes()}});
+    if (!isOkOrShown(*reply, Refusal::Shown))
         return false;
-    }
     QSet<QString> codes;
     const Dictionary<AuthInfoDto*> answers = reply->data();
     for (auto it = answers.hash().constBegin(); it != answers.hash().constEnd(); ++it) {

@@ -1,21 +1,19 @@
 #pragma once
 
-#include "common/BaseObject.h"
-#include "common/Property.h"
+#include "vm/shared/ActionVm.h"
+#include "vm/shared/ReaderListener.h"
 
 class LoginDto;
 
 /// Logs a member of staff in for a module. A login replaces the session of the whole terminal: token, operator,
 /// work areas and, once the module's right is granted, the rights.
-class LoginVm : public BaseObject
+class LoginVm : public ActionVm
 {
     Q_OBJECT
-    PROPERTY(bool, isEnabled, setIsEnabled, true) // false while a login runs
-    PROPERTY(QString, modCode, setModCode, {})    // module word
+    PROPERTY(QString, modCode, setModCode, {}) // module word
 
 public:
-    explicit LoginVm(QObject* parent = nullptr) : BaseObject(parent) {}
-    ~LoginVm() override;
+    explicit LoginVm(QObject* parent = nullptr) : ActionVm(parent) {}
 
     /// With true it listens to the staff card reader until it is destroyed.
     Q_INVOKABLE void init(bool isRead);
@@ -37,4 +35,6 @@ Q_SIGNALS:
 private:
     bool tryLogin(const QString& userNo, const QString& pwd, const QString& rfid);
     void takeWorkAreas(const LoginDto* session);
+
+    ReaderListener m_reader{this};
 };

@@ -1,27 +1,14 @@
 #include "vm/dialogs/NumKeyVm.h"
 
-#include "app/MainClass.h"
-#include "common/GlobalConfig.h"
-
-NumKeyVm::~NumKeyVm()
-{
-    if (m_reader == Reader::Hand)
-        MainClass::getInstance()->stopReadHand(this);
-    else if (m_reader == Reader::Staff)
-        MainClass::getInstance()->stopReadStaff(this);
-}
-
 void NumKeyVm::init(bool isReading, int readType)
 {
+    constexpr int handCards = 1;
     if (!isReading)
         return;
-    if (readType == 1 && GlobalConfig::getInstance()->hand_card_device == 1) {
-        m_reader = Reader::Hand;
-        MainClass::getInstance()->startReadHand(this);
-    } else {
-        m_reader = Reader::Staff;
-        MainClass::getInstance()->startReadStaff(this);
-    }
+    if (readType == handCards)
+        m_reader.listenToCards();
+    else
+        m_reader.listenToStaff();
 }
 
 void NumKeyVm::readingExec(QString cardId)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/BaseObject.h"
+#include "vm/shared/ReaderListener.h"
 
 /// Takes the card that ends a number dialog.
 class NumKeyVm : public BaseObject
@@ -9,7 +10,6 @@ class NumKeyVm : public BaseObject
 
 public:
     explicit NumKeyVm(QObject* parent = nullptr) : BaseObject(parent) {}
-    ~NumKeyVm() override;
 
     /// Listens until it is destroyed: with readType 1, and a hand card reader in use, to that reader; else to
     /// the staff reader. Not at all when isReading is false.
@@ -22,6 +22,5 @@ Q_SIGNALS:
     void successSignal(const QString& rfid);
 
 private:
-    enum class Reader { None, Staff, Hand };
-    Reader m_reader = Reader::None;
+    ReaderListener m_reader{this};
 };

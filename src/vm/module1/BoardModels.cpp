@@ -1,20 +1,5 @@
 #include "vm/module1/BoardModels.h"
 
-namespace {
-
-template <typename Record>
-QVector<room_filter_struct> filterEntriesOf(const Array<Record*>& records)
-{
-    QVector<room_filter_struct> entries;
-    for (const Record* record : records) {
-        const QString num = QStringLiteral("%1/%2").arg(record->roomUseSum()).arg(record->roomAllSum());
-        entries.append({record->id(), record->name(), num, false});
-    }
-    return entries;
-}
-
-} // namespace
-
 RoomStatusModel::RoomStatusModel(QObject* parent)
     : RowModel({field("statusCode", &room_status_struct::statusCode),
                 field("statusName", &room_status_struct::statusName),
@@ -32,12 +17,8 @@ RoomFilterModel::RoomFilterModel(const char* idRole, const char* nameRole, QObje
 
 void RoomFilterModel::toggle(const QString& id)
 {
-    QVector<room_filter_struct> entries = rows();
-    for (room_filter_struct& entry : entries) {
-        if (entry.id == id)
-            entry.isChecked = !entry.isChecked;
-    }
-    refresh(entries);
+    changeAt(find([&](const room_filter_struct& entry) { return entry.id == id; }),
+             [](room_filter_struct& entry) { entry.isChecked = !entry.isChecked; });
 }
 
 QStringList RoomFilterModel::checkedIds() const
@@ -49,18 +30,6 @@ QStringList RoomFilterModel::checkedIds() const
     }
     return ids;
 }
-
-void RoomFilterModel::updateKeepingMarks(QVector<room_filter_struct> entries)
-{
-    const QStringList checked = checkedIds();
-    for (room_filter_struct& entry : entries)
-        entry.isChecked = checked.contains(entry.id);
-    refresh(entries);
-}
-
-void RoomFloorModel::update(const Array<RoomFloorDto*>& floors) { updateKeepingMarks(filterEntriesOf(floors)); }
-
-void RoomTypeModel::upate(const Array<RoomTypeDto*>& types) { updateKeepingMarks(filterEntriesOf(types)); }
 
 RoomOverTimeModel::RoomOverTimeModel(QObject* parent)
     : RowModel(

@@ -21,8 +21,6 @@ class RoomStatusModel : public RowModel<room_status_struct>
 
 public:
     explicit RoomStatusModel(QObject* parent = nullptr);
-
-    void update(const QVector<room_status_struct>& strip) { replace(strip); }
 };
 
 /// A floor or room type to filter the board by.
@@ -47,7 +45,17 @@ protected:
     RoomFilterModel(const char* idRole, const char* nameRole, QObject* parent);
 
     /// Shows these entries with the marks of the present ones, which are found by id.
-    void updateKeepingMarks(QVector<room_filter_struct> entries);
+    template <typename Record>
+    void updateKeepingMarks(const Array<Record*>& records)
+    {
+        const QStringList checked = checkedIds();
+        QVector<room_filter_struct> entries;
+        for (const Record* record : records) {
+            const QString num = QStringLiteral("%1/%2").arg(record->roomUseSum()).arg(record->roomAllSum());
+            entries.append({record->id(), record->name(), num, checked.contains(record->id())});
+        }
+        refresh(entries);
+    }
 };
 
 class RoomFloorModel : public RoomFilterModel
@@ -57,7 +65,7 @@ class RoomFloorModel : public RoomFilterModel
 public:
     explicit RoomFloorModel(QObject* parent = nullptr) : RoomFilterModel("floorId", "floorName", parent) {}
 
-    void update(const Array<RoomFloorDto*>& floors);
+    void update(const Array<RoomFloorDto*>& floors) { updateKeepingMarks(floors); }
 };
 
 class RoomTypeModel : public RoomFilterModel
@@ -67,7 +75,7 @@ class RoomTypeModel : public RoomFilterModel
 public:
     explicit RoomTypeModel(QObject* parent = nullptr) : RoomFilterModel("typeId", "typeName", parent) {}
 
-    void upate(const Array<RoomTypeDto*>& types);
+    void upate(const Array<RoomTypeDto*>& types) { updateKeepingMarks(types); }
 };
 
 /// A room that is used longer than it was opened for.

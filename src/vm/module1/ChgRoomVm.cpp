@@ -1,11 +1,7 @@
 #include "vm/module1/ChgRoomVm.h"
 
+#include "dto/room/RoomStatus.h"
 #include "services/Bba01Service.h"
-#include "services/Reply.h"
-
-#include <QPointer>
-
-ChgRoomVm::ChgRoomVm(QObject* parent) : QObject(parent), m_rooms(new TempDataModel(this)) {}
 
 void ChgRoomVm::init(const QString& roomId)
 {
@@ -15,19 +11,12 @@ void ChgRoomVm::init(const QString& roomId)
 
 void ChgRoomVm::getRoomInfo(const QString& roomNo)
 {
-    const QPointer<ChgRoomVm> self(this);
-    const auto reply =
-        held(Bba01Service::getInstance()->getEmptyRoomList({{QStringLiteral("roomNo"), roomNo}}));
-    if (!isOkOrShown(*reply) || !self)
-        return;
-    QList<temp_struct> rooms;
-    for (const EmptyRoomDto* room : reply->data()) {
-        temp_struct entry;
-        entry.tempId = room->id();
-        entry.tempName = room->vals();
-        rooms.append(entry);
-    }
-    takeRooms(rooms);
+    fetch(&Bba01Service::getEmptyRoomList, {{"roomNo", roomNo}}, [this](const GetEmptyRoomList& reply) {
+        QList<temp_struct> rooms;
+        for (const EmptyRoomDto* room : reply.data())
+            rooms.append({room->id(), room->vals()});
+        takeRooms(rooms);
+    });
 }
 
 void ChgRoomVm::takeRooms(const QList<temp_struct>& rooms)
@@ -36,22 +25,51 @@ void ChgRoomVm::takeRooms(const QList<temp_struct>& rooms)
     selectRoom(0);
 }
 
-void ChgRoomVm::selectRoom(int index) { m_rooms->onChecked(index); }
-
-bool ChgRoomVm::isRoomChosen() const
+bool ChgRoomVm::changeRoom(int status, QJsonObject data) const
 {
-    if (m_rooms->checkedIndex() >= 0)
-        return true;
-    MyMessage::getInstance()->ShowError(QStringLiteral("请选择需要换入的房间"));
-    return false;
+    data.insert("oldRoomId", roomId());
+    data.insert("status", status);
+    data.insert("newRoomId", m_rooms->checkedId());
+    data.insert("isClean", isNeedClean() ? 1 : 0);
+    return changeSilently(&Bba01Service::changeRoom, data);
 }
 
-bool ChgRoomVm::changeRoom(int status, const QJsonObject& further) const
+bool MassChgRoomVm::save()
 {
-    QJsonObject data(further);
-    data.insert(QStringLiteral("oldRoomId"), roomId());
-    data.insert(QStringLiteral("status"), status);
-    data.insert(QStringLiteral("newRoomId"), m_rooms->checkedId());
-    data.insert(QStringLiteral("isClean"), isNeedClean() ? 1 : 0);
-    return isOkOrShown(*held(Bba01Service::getInstance()->changeRoom(data)));
+    return act([this] { return isRoomChosen() && changeRoom(RoomMassage, {}); });
+}
+
+void RestChgRoomVm::takeRooms(const QList<temp_struct>& rooms)
+{
+    m_plans->clear();
+    ChgRoomVm::takeRooms(rooms);
+}
+
+void RestChgRoomVm::selectRoom(int index)
+{
+    pEmptyRoomModel()->onChecked(index);
+    const QString newRoomId = pEmptyRoomModel()->getIndexId(index);
+    if (newRoomId.isEmpty())
+        return;
+    const QPointer<RestChgRoomVm> self(this);
+    PlanListModel fetched;
+    fetched.fetch(newRoomId);
+    // The answer may come after that of a room that was chosen later.
+    if (!self || pEmptyRoomModel()->checkedId() != newRoomId)
+        return;
+    fetched.onChecked(0);
+    m_plans->refresh(fetched.rows());
+    m_plansRoomId = newRoomId;
+}
+
+bool RestChgRoomVm::save()
+{
+    return act([this] {
+        if (!isRoomChosen())
+            return false;
+        const bool areItsPlans = m_plansRoomId == pEmptyRoomModel()->checkedId();
+        const int plan = areItsPlans ? m_plans->checkedIndex() : -1;
+        return require(plan >= 0, "请选择新房间的计费方案") &&
+               changeRoom(RoomRest, {{"planId", m_plans->row(plan).id}, {"newPlanFlg", 1}});
+    });
 }

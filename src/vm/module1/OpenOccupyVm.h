@@ -1,21 +1,43 @@
 #pragma once
 
-#include "common/Property.h"
-#include "vm/module1/ChoiceModels.h"
+#include "dto/room/RoomOpeningRecords.h"
+#include "vm/shared/ActionVm.h"
+#include "vm/shared/ChoiceModels.h"
 
-/// Marks an empty room as specially occupied, with the reason.
-class OpenOccupyVm : public QObject
+/// A kind of special occupation.
+struct occupy_struct
+{
+    QString id;
+    QString type_name;
+    bool isChecked = false;
+};
+
+class OccupyListModel : public ChoiceModel<occupy_struct>
 {
     Q_OBJECT
-    PROPERTY(bool, isEnabled, setIsEnabled, true)                  // false while it saves
+
+public:
+    explicit OccupyListModel(QObject* parent = nullptr)
+        : ChoiceModel({field("occupyId", &occupy_struct::id), field("occupyName", &occupy_struct::type_name)},
+                      parent)
+    {
+    }
+
+    void upate(const Array<RoomOccupyDto*>& kinds);
+};
+
+/// Marks an empty room as specially occupied, with the reason.
+class OpenOccupyVm : public ActionVm
+{
+    Q_OBJECT
     PROPERTY(QString, remark, setRemark, {})                       // may stay empty
     CONSTANT_PROPERTY(OccupyListModel*, pOccupyListModel, m_kinds) // none checked at first
 
 public:
-    explicit OpenOccupyVm(QObject* parent = nullptr);
+    explicit OpenOccupyVm(QObject* parent = nullptr) : ActionVm(parent), m_kinds(new OccupyListModel(this)) {}
 
     Q_INVOKABLE void init(const QString& roomId);
-    Q_INVOKABLE void checkOccupy(int index);
+    Q_INVOKABLE void checkOccupy(int index) { m_kinds->onChecked(index); }
     /// True when the room is occupied.
     Q_INVOKABLE bool save();
 

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "common/Property.h"
-#include "vm/module1/MenuModel.h"
+#include "vm/module1/RoomMenu.h"
+#include "vm/shared/ActionVm.h"
 
 /// An empty room, and what may be done with it.
-class OpenRoomVm : public QObject
+class OpenRoomVm : public ActionVm
 {
     Q_OBJECT
-    PROPERTY(bool, isEnabled, setIsEnabled, true)     // false during an action
     CONSTANT_PROPERTY(MenuModel*, pMenuModel, m_menu) // what state and rights allow
     PROPERTY(QString, roomId, setRoomId, {})
     PROPERTY(QString, roomNo, setRoomNo, {})
@@ -15,7 +14,7 @@ class OpenRoomVm : public QObject
     PROPERTY(QString, typeName, setTypeName, {})
 
 public:
-    explicit OpenRoomVm(QObject* parent = nullptr);
+    explicit OpenRoomVm(QObject* parent = nullptr) : ActionVm(parent), m_menu(new MenuModel(this)) {}
 
     /// False when the room can't be read; a refusal has been shown.
     Q_INVOKABLE bool init(const QString& roomId);
@@ -23,7 +22,5 @@ public:
     Q_INVOKABLE bool cleanRoom();
 
 private:
-    void initMenu(int status);
-
     MenuModel* m_menu;
 };

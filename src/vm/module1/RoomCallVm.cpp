@@ -1,14 +1,28 @@
 #include "vm/module1/RoomCallVm.h"
 
-#include "common/BusyGuard.h"
 #include "services/Caa04Service.h"
-#include "services/Reply.h"
 
-#include <QJsonObject>
+RoomCallModel::RoomCallModel(QObject* parent)
+    : RowModel({field("callId", &call_struct::id), field("callName", &call_struct::name),
+                field("num", &call_struct::num)},
+               parent)
+{
+}
 
-#include <algorithm>
+void RoomCallModel::add(int index)
+{
+    changeAt(index, [](call_struct& service) { ++service.num; });
+}
 
-RoomCallVm::RoomCallVm(QObject* parent) : QObject(parent), m_services(new RoomCallModel(this)) {}
+void RoomCallModel::sub(int index)
+{
+    changeAt(index, [](call_struct& service) { service.num = qMax(0, service.num - 1); });
+}
+
+void RoomCallModel::setNum(int index, int num)
+{
+    changeAt(index, [num](call_struct& service) { service.num = num; });
+}
 
 void RoomCallVm::init(RoomDetailDto* room)
 {
@@ -23,15 +37,16 @@ void RoomCallVm::init(RoomDetailDto* room)
 
 bool RoomCallVm::save()
 {
+    return act([this] {
+        const bool isAnyWanted =
+            m_services->find([](const call_struct& service) { return service.num > 0; }) >= 0;
+        return require(isAnyWanted, "请输入需要呼叫的数量") && callAll();
+    });
+}
+
+bool RoomCallVm::callAll()
+{
     const QVector<call_struct> services = m_services->getAll();
-    if (std::none_of(services.begin(), services.end(),
-                     [](const call_struct& service) { return service.num > 0; })) {
-        MyMessage::getInstance()->ShowError(QStringLiteral("请输入需要呼叫的数量"));
-        return false;
-    }
-    const BusyGuard<RoomCallVm> guard(this);
-    if (!guard)
-        return false;
     const QPointer<RoomCallModel> model(m_services); // goes with the page, which may close during a call
     const QString roomId = m_roomId;
     bool isAllCalled = true;
@@ -39,10 +54,8 @@ bool RoomCallVm::save()
         const call_struct& service = services.at(i);
         if (service.num <= 0)
             continue;
-        const auto reply = held(Caa04Service::getInstance()->callStaff({{QStringLiteral("roomId"), roomId},
-                                                                        {QStringLiteral("contId"), service.id},
-                                                                        {QStringLiteral("num"), service.num}}));
-        if (!isOkOrShown(*reply))
+        if (!changeSilently(&Caa04Service::callStaff,
+                            {{"roomId", roomId}, {"contId", service.id}, {"num", service.num}}))
             isAllCalled = false;
         else if (model)
             model->setNum(i, 0);

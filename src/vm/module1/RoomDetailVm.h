@@ -1,15 +1,14 @@
 #pragma once
 
-#include "common/Property.h"
 #include "dto/room/RoomDetailRecords.h"
-#include "vm/module1/MenuModel.h"
+#include "vm/module1/RoomMenu.h"
+#include "vm/shared/ActionVm.h"
 
 /// A room in use: its record, and what may be done with it. The record is read once; what happens to the room
 /// later doesn't show.
-class RoomDetailVm : public QObject
+class RoomDetailVm : public ActionVm
 {
     Q_OBJECT
-    PROPERTY(bool, isEnabled, setIsEnabled, true)              // false during an action
     OWNED_PROPERTY(RoomDetailDto, pRoomDetail, setPRoomDetail) // null until the room has been read
     CONSTANT_PROPERTY(MenuModel*, pMenuModel, m_menu)          // what state and rights allow
     PROPERTY(QString, roomId, setRoomId, {})
@@ -40,8 +39,6 @@ public:
 
 private:
     void fill(const RoomDetailDto& room);
-    void initMenu(const RoomDetailDto& room);
 
     MenuModel* m_menu;
-    const bool m_isRoomMode; ///< the house works without guests' hand cards
 };

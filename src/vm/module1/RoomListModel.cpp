@@ -2,8 +2,6 @@
 
 #include "common/GlobalConfig.h"
 
-#include <algorithm>
-
 RoomListModel::RoomListModel(QObject* parent)
     : RowModel({field("roomId", &RoomTile::roomId),           field("roomNo", &RoomTile::roomNo),
                 field("roomName", &RoomTile::roomName),       field("roomFloor", &RoomTile::roomFloor),
@@ -31,27 +29,15 @@ void RoomListModel::update(const Array<RoomDto*>& rooms)
     refresh(tiles);
 }
 
-bool RoomListModel::find(const QString& roomNo, RoomTile* found) const
-{
-    const QVector<RoomTile> tiles = rows();
-    const auto tile = std::find_if(tiles.begin(), tiles.end(),
-                                   [&](const RoomTile& candidate) { return candidate.roomNo == roomNo; });
-    if (tile == tiles.end())
-        return false;
-    *found = *tile;
-    return true;
-}
-
-RoomSortVm::RoomSortVm(const RoomSortDto& type, QObject* parent)
-    : QObject(parent), typeName(type.name()), pRoomModel(new RoomListModel(this))
+RoomSortVm::RoomSortVm(const RoomSortDto& type) : typeName(type.name()), pRoomModel(new RoomListModel(this))
 {
     pRoomModel->update(type.roomList());
 }
 
 RoomSortListModel::RoomSortListModel(QObject* parent)
-    : RowModel({{"typeName", [](RoomSortVm* group) { return group->typeName; }, {}},
-                {"roomList", [](RoomSortVm* group) { return QVariant::fromValue(group->pRoomModel); }, {}}},
-               parent)
+    : ObjectModel({{"typeName", [](RoomSortVm* group) { return group->typeName; }},
+                   {"roomList", [](RoomSortVm* group) { return QVariant::fromValue(group->pRoomModel); }}},
+                  parent)
 {
 }
 
@@ -61,10 +47,8 @@ void RoomSortListModel::update(const Array<RoomSortDto*>& types)
     if (types.isEmpty() || types.size() != present.size()) {
         QVector<RoomSortVm*> fresh;
         for (const RoomSortDto* type : types)
-            fresh.append(new RoomSortVm(*type, this));
-        replace(fresh);
-        for (RoomSortVm* group : present)
-            group->deleteLater();
+            fresh.append(new RoomSortVm(*type));
+        replaceAll(fresh);
         return;
     }
     for (int i = 0; i < present.size(); ++i) {
@@ -72,11 +56,4 @@ void RoomSortListModel::update(const Array<RoomSortDto*>& types)
         present.at(i)->pRoomModel->update(types.at(i)->roomList());
     }
     Q_EMIT dataChanged(index(0), index(present.size() - 1), {roleNames().key("typeName")});
-}
-
-bool RoomSortListModel::find(const QString& roomNo, RoomTile* found) const
-{
-    const QVector<RoomSortVm*> groups = rows();
-    return std::any_of(groups.begin(), groups.end(),
-                       [&](const RoomSortVm* group) { return group->pRoomModel->find(roomNo, found); });
 }

@@ -13,8 +13,6 @@ public:
 
     /// Shows these rooms. As many as before take their places one by one and the view stays where it is.
     void update(const Array<RoomDto*>& rooms);
-    /// The first room with exactly this number; false when none of those loaded has it.
-    bool find(const QString& roomNo, RoomTile* found) const;
 };
 
 /// The rooms of one type.
@@ -25,7 +23,7 @@ class RoomSortVm : public QObject
     Q_PROPERTY(RoomListModel* pRoomModel MEMBER pRoomModel CONSTANT)
 
 public:
-    RoomSortVm(const RoomSortDto& type, QObject* parent);
+    explicit RoomSortVm(const RoomSortDto& type);
 
     QString typeName;
     RoomListModel* const pRoomModel;
@@ -34,8 +32,8 @@ Q_SIGNALS:
     void typeNameChanged();
 };
 
-/// The rooms by type; owns its groups.
-class RoomSortListModel : public RowModel<RoomSortVm*>
+/// The rooms by type.
+class RoomSortListModel : public ObjectModel<RoomSortVm>
 {
     Q_OBJECT
 
@@ -44,6 +42,4 @@ public:
 
     /// As many types as before keep their groups, and with them their views.
     void update(const Array<RoomSortDto*>& types);
-    /// The same over all groups, in their order.
-    bool find(const QString& roomNo, RoomTile* found) const;
 };

@@ -1,31 +1,37 @@
 #pragma once
 
-#include "dto/card/CardRecords.h"
-#include "services/Reply.h"
+#include "dto/room/RoomDetailRecords.h"
+#include "dto/room/RoomOpeningRecords.h"
+#include "vm/shared/CardListModel.h"
 
-class PlanListModel;
+// What several room pages list and fetch.
 
-// What several room pages ask the back end and the user. The pages combine them in orders of their own.
+/// A charging plan of a rest room. Money in yuan.
+struct plan_struct
+{
+    QString id;
+    QString name;
+    int min_time = 0;   ///< hours
+    double min_fee = 0; ///< expected fee
+    bool isChecked = false;
+};
 
-/// The card with this number, or with this serial; null after a refusal, which has been shown.
-Reply<GetHardCardDetail> lookUpCard(const QString& cardNo, const QString& rfid);
+class PlanListModel : public ChoiceModel<plan_struct>
+{
+    Q_OBJECT
 
-/// Whether a guest may use the card; if not, it has been said.
-bool isUsableOrSaid(const CardDetailDto& card);
+public:
+    explicit PlanListModel(QObject* parent = nullptr)
+        : ChoiceModel({field("planId", &plan_struct::id), field("planName", &plan_struct::name)}, parent)
+    {
+    }
 
-/// Asks whether a card that stands in another room is to be taken all the same.
-bool isTakenFromOtherRoom(const CardDetailDto& card);
+    void upate(const Array<RoomPlanDto*>& plans);
+    /// Fills it with the room's plans, none of them checked; a refusal is shown and leaves it as it is. The
+    /// list may be gone before the answer comes.
+    void fetch(const QString& roomId);
+};
 
-/// The card, when a guest may use it and the user takes it out of the room it stands in, if any; else null, and
-/// whatever there was to say has been said.
-Reply<GetHardCardDetail> lookUpCardToTake(const QString& cardNo, const QString& rfid);
-
-/// Tells that the card is in the list already.
-void sayCardIsThere();
-
-/// Fills the model with the room's charging plans, none of them checked; a refusal is shown and leaves it as it
-/// is. The model may be gone before the answer comes.
-bool fetchPlans(const QString& roomId, PlanListModel* model);
-
-/// Whether a change was made; the user is told so, or why not.
-bool isDoneOrShown(const ApiRes& reply);
+/// The cards of a room's detail, each number once in the order of first appearance: the list has a card as
+/// often as it has consumption lines.
+QList<card_struct> cardsOf(const RoomDetailDto& room);

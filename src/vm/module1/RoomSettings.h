@@ -1,5 +1,7 @@
 #pragma once
 
+#include "vm/shared/ActionVm.h"
+
 /// What the store has set for opening and changing rooms; the defaults hold until its settings have arrived.
 struct RoomSettings
 {
@@ -9,4 +11,16 @@ struct RoomSettings
     int defaultTime = 1;      ///< what a massage room is opened for, hours, at least 1
 
     static RoomSettings ofStore();
+};
+
+/// Base of the room pages that go by hand cards, or in a house without them by the room's own.
+class RoomPageVm : public ActionVm
+{
+    Q_OBJECT
+    PROPERTY(bool, usedRoomMod, setUsedRoomMod, RoomSettings::ofStore().usedRoomMod)
+    PROPERTY(bool, openMulti, setOpenMulti, RoomSettings::ofStore().openMulti)
+    PROPERTY(QString, roomId, setRoomId, {})
+
+protected:
+    using ActionVm::ActionVm;
 };

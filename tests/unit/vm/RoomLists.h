@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vm/module1/CardListModel.h"
+#include "vm/module1/RoomLookups.h"
 
 #include <QJsonArray>
 #include <QJsonObject>

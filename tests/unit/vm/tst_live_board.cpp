@@ -238,7 +238,7 @@ void tst_live_board::eventDuringACall()
 {
     const auto board = listeningBoard();
     QVERIFY(board);
-    auto* tick = board->findChild<QTimer*>("boardTick");
+    auto* tick = board->findChild<QTimer*>("eventTick");
     tick->stop(); // from here on it comes by hand
     QSignalSpy messages(program(), &MainClass::mqttSignal);
     QVERIFY(m_broker->publish(topic(), {"1"}));

@@ -95,7 +95,7 @@ std::unique_ptr<Module1Vm> tst_room_board::filledBoard()
 {
     auto board = std::make_unique<Module1Vm>();
     board->timeEvent();
-    board->findChild<QTimer*>("boardTick")->stop();
+    board->findChild<QTimer*>("eventTick")->stop();
     m_fixture->house().reset();
     m_fixture->takeShown();
     return board;
@@ -153,7 +153,7 @@ void tst_room_board::firstTickByItself()
 void tst_room_board::tickFetchesOnAMark()
 {
     const auto board = filledBoard();
-    auto* tick = board->findChild<QTimer*>("boardTick");
+    auto* tick = board->findChild<QTimer*>("eventTick");
     board->timeEvent();
     QCOMPARE(fetched(), QStringList());
     QVERIFY(tick->isActive());

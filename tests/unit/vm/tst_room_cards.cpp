@@ -3,8 +3,7 @@
 #include "RoomFixture.h"
 
 #include "app/MainClass.h"
-#include "vm/module1/RoomAddCardsVm.h"
-#include "vm/module1/RoomCardSplitVm.h"
+#include "vm/module1/RoomCardVms.h"
 
 #include <QAbstractItemModelTester>
 #include <QtTest>

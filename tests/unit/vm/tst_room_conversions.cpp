@@ -7,12 +7,8 @@
 #include "common/GlobalConfig.h"
 #include "dto/room/RoomRecords.h"
 #include "services/Bba01Service.h"
-#include "vm/module1/MassChgRestVm.h"
-#include "vm/module1/MassChgRoomVm.h"
-#include "vm/module1/RestAddTimeVm.h"
-#include "vm/module1/RestChgMassVm.h"
-#include "vm/module1/RestChgPlanVm.h"
-#include "vm/module1/RestChgRoomVm.h"
+#include "vm/module1/RoomChangeVms.h"
+#include "vm/module1/ChgRoomVm.h"
 
 #include <QAbstractItemModelTester>
 #include <QTimer>

@@ -4,11 +4,8 @@
 
 #include "common/GlobalConfig.h"
 #include "dto/room/RoomRecords.h"
-#include "vm/module1/CanMergeRoomVm.h"
-#include "vm/module1/LeaveRoomVm.h"
 #include "vm/module1/MergeRoomVm.h"
-#include "vm/module1/RoomAddCardsVm.h"
-#include "vm/module1/RoomCardSplitVm.h"
+#include "vm/module1/RoomCardVms.h"
 
 #include <QAbstractItemModelTester>
 #include <QTimer>

@@ -4,7 +4,7 @@
 
 #include "common/Clock.h"
 #include "common/GlobalConfig.h"
-#include "vm/module1/LeaveRoomVm.h"
+#include "vm/module1/RoomCardVms.h"
 
 #include <QAbstractItemModelTester>
 #include <QtTest>

@@ -4,8 +4,7 @@
 #include "RoomLists.h"
 
 #include "dto/room/RoomRecords.h"
-#include "vm/module1/MassChgRoomVm.h"
-#include "vm/module1/RestChgRoomVm.h"
+#include "vm/module1/ChgRoomVm.h"
 
 #include <QAbstractItemModelTester>
 #include <QTimer>

@@ -4,9 +4,8 @@
 #include "OpeningRoom.h"
 
 #include "app/MainClass.h"
-#include "vm/module1/OpenMassVm.h"
+#include "vm/module1/OpeningVm.h"
 #include "vm/module1/OpenOccupyVm.h"
-#include "vm/module1/OpenRestVm.h"
 #include "vm/module1/OpenRoomVm.h"
 
 #include <QTimer>

@@ -4,7 +4,7 @@
 
 #include "vm/module1/RoomCallVm.h"
 #include "vm/module1/RoomConsumeVm.h"
-#include "vm/module1/RoomRemarkVm.h"
+#include "vm/module1/RoomChangeVms.h"
 
 #include <QAbstractItemModelTester>
 #include <QTimer>

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "dto/room/RoomDetailRecords.h"
-#include "vm/module1/ChoiceModels.h"
+#include "vm/shared/ChoiceModels.h"
 
 #include <QJsonArray>
 
 class CardDetailDto;
 
-/// A hand card on a room page.
+/// A hand card on a page.
 struct card_struct
 {
     QString id;
@@ -19,22 +18,17 @@ struct card_struct
     QString foreColor = uncheckedForeColor();
 };
 
-/// The hand cards of a room page. An index out of range changes nothing.
-class CardListModel : public CheckOneModel<card_struct>
+/// The hand cards of a page. An index out of range changes nothing.
+class CardListModel : public RowModel<card_struct>
 {
     Q_OBJECT
 
 public:
     explicit CardListModel(QObject* parent = nullptr);
 
-    QVector<card_struct> getAll() const { return rows(); }
     void upate(const QList<card_struct>& cards) { refresh(QVector<card_struct>::fromList(cards)); }
-    void addOne(const card_struct& card) { append(card); }
+    void addOne(const CardDetailDto& card);
     void deleteOne(int index) { removeAt(index); }
-    /// Marks this card alone.
-    Q_INVOKABLE void onChecked(int index) { checkOnly(index); }
-    /// Toggles this card.
-    Q_INVOKABLE void onSelected(int index);
 
     bool hasId(const QString& id) const;
     bool hasCardNo(const QString& cardNo) const;
@@ -42,11 +36,6 @@ public:
     QJsonArray ids() const;
     /// The ids of the selected cards, in their order.
     QJsonArray selectedIds() const;
+    /// The checked card's id, empty without one.
+    QString checkedId() const { return row(checkedIndex()).id; }
 };
-
-/// A card that was looked up.
-card_struct cardOf(const CardDetailDto& card);
-
-/// The cards of a room's detail, each number once in the order of first appearance: the list has a card as
-/// often as it has consumption lines.
-QList<card_struct> cardsOf(const RoomDetailDto& room);

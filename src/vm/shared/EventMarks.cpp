@@ -1,0 +1,68 @@
+#include "vm/shared/EventMarks.h"
+
+#include "app/MainClass.h"
+#include "common/GlobalConfig.h"
+
+#include <QPointer>
+
+namespace {
+
+constexpr int tickMs = 500;
+
+} // namespace
+
+EventMarks::EventMarks(QObject* page, const QVector<Topic>& topics, std::function<void()> onTick)
+    : QObject(page), m_topics(topics), m_onTick(std::move(onTick)), m_timer(this)
+{
+    MainClass* main = MainClass::getInstance();
+    QList<QString> wanted;
+    for (const Topic& topic : m_topics)
+        wanted.append(topic.prefix + GlobalConfig::getInstance()->storeId());
+    main->setMqttTopics(wanted);
+    connect(main, &MainClass::mqttConnected, this, &EventMarks::markAll);
+    m_timer.setObjectName(QStringLiteral("eventTick"));
+    connect(&m_timer, &QTimer::timeout, this, &EventMarks::tick);
+    m_timer.start(tickMs);
+    markAll();
+}
+
+EventMarks::~EventMarks() { MainClass::getInstance()->setMqttTopics({}); }
+
+void EventMarks::hear(const QString& topic)
+{
+    if (topic.isEmpty())
+        return;
+    for (const Topic& known : m_topics) {
+        if (known.prefix == topic && !known.mark.isEmpty())
+            mark(known.mark);
+    }
+}
+
+void EventMarks::mark(const QString& what)
+{
+    QMutexLocker lock(&m_mutex);
+    m_marks.insert(what);
+}
+
+void EventMarks::markAll()
+{
+    for (const Topic& topic : m_topics) {
+        if (!topic.mark.isEmpty())
+            mark(topic.mark);
+    }
+}
+
+bool EventMarks::take(const QString& what)
+{
+    QMutexLocker lock(&m_mutex);
+    return m_marks.remove(what);
+}
+
+void EventMarks::tick()
+{
+    const QPointer<EventMarks> self(this);
+    m_timer.stop();
+    m_onTick();
+    if (self)
+        m_timer.start(tickMs);
+}
