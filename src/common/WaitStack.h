@@ -18,6 +18,7 @@ public:
         ~Entry() { waits().removeLast(); }
     };
 
+    static bool isEmpty() { return waits().isEmpty(); }
     static bool isInnermost(const void* wait) { return !waits().isEmpty() && waits().last() == wait; }
 
 private:

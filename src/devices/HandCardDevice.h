@@ -17,7 +17,7 @@ public:
 
     /// Begins polling; the argument has no effect.
     virtual void startDevice(int) {}
-    /// Returns once the polling has ended, a read in progress included.
+    /// Returns once the polling has ended, a read in progress included, and at the latest after 3 s.
     virtual void stopDevice() {}
     /// False when the reader's library can't be used: nothing will ever be read.
     virtual bool getInitStatus() { return true; }

@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::chrono::milliseconds pauseWithoutCard(100);
 constexpr std::chrono::milliseconds pauseAfterCard(500);
+constexpr std::chrono::seconds endLimit(3);
 
 } // namespace
 
@@ -73,7 +74,10 @@ bool VendorReader::endPolling()
         std::unique_lock<std::mutex> lock(m_mutex);
         m_isStopped = true;
         m_wake.notify_all();
-        m_wake.wait(lock, [this] { return !m_isPolling; });
+        if (!m_wake.wait_for(lock, endLimit, [this] { return !m_isPolling; })) {
+            qDebug().noquote() << m_libraryName << "doesn't return";
+            return false;
+        }
     }
     wait();
     return true;

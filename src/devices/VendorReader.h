@@ -38,7 +38,8 @@ protected:
     void finishLoading(bool isUsable);
     /// The same, with the outcome in the log.
     void finishLoading(bool isUsable, const QString& successLine);
-    /// Ends the thread. True when the library was usable and may be closed.
+    /// Ends the thread, unless the vendor's code keeps it for over 3 s: it is left behind then. True when the
+    /// library was usable and may be closed.
     bool endPolling();
 
     /// On the thread, before the first card is asked for. False ends the thread.

@@ -6,10 +6,24 @@
 #include <QEvent>
 #include <QThread>
 
+namespace {
+
+std::function<void()>& onWaitHook()
+{
+    static std::function<void()> hook;
+    return hook;
+}
+
+} // namespace
+
+void EventLoopFilter::setOnWait(std::function<void()> onWait) { onWaitHook() = std::move(onWait); }
+
 int EventLoopFilter::exec()
 {
     QCoreApplication* application = QCoreApplication::instance();
     if (application && QThread::currentThread() == application->thread()) {
+        if (!m_isThread && onWaitHook())
+            onWaitHook()();
         application->installEventFilter(this);
         m_installed = true;
         const WaitStack::Entry entry(this);

@@ -2,6 +2,8 @@
 
 #include <QEventLoop>
 
+#include <functional>
+
 /// The wait of a back-end call: timers, repaints and events go on, taps and keys are dropped, not queued. A
 /// dialog that opens during the wait gets its input.
 class EventLoopFilter : public QEventLoop
@@ -15,6 +17,10 @@ public:
     /// True lets the user's input through.
     bool isThread() const { return m_isThread; }
     void setIsThread(bool isThread) { m_isThread = isThread; }
+
+    /// What runs on the main thread each time before input begins to be dropped: a finger that is down then
+    /// would never be seen to go up.
+    static void setOnWait(std::function<void()> onWait);
 
     /// Drops input while it runs when called on the main thread.
     int exec();

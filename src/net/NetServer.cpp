@@ -84,9 +84,8 @@ ApiRes* NetServer::call(BaseRequest request, ApiRes* (*makeReply)(), const QMeta
         fillReply(reply, body, replyMeta);
 
         if (reply->code() == QLatin1String("AUTH_ERR_0002")) {
-            const Authoriser answered = DlgManager::getInstance()->showAuthDlg();
-            if (!answered.id.isEmpty()) {
-                authoriser = answered;
+            authoriser = DlgManager::getInstance()->showAuthDlg();
+            if (!authoriser.id.isEmpty()) {
                 request.data.insert(QStringLiteral("authOperater"), authoriser.id);
                 reply->deleteLater();
                 continue;
@@ -141,9 +140,12 @@ void NetServer::waitFor(libcurl& worker, const QString& url, const BaseRequest& 
     loop->setIsThread(m_isThread);
     connect(&worker, &QThread::finished, loop, &QEventLoop::quit);
     worker.api(url, request.headers, request.method, body, request.url);
-    ++s_underWay;
-    loop->exec();
-    --s_underWay;
+    // A thread that couldn't be made never ends; the worker stands as failed.
+    if (worker.isRunning() || worker.isFinished()) {
+        ++s_underWay;
+        loop->exec();
+        --s_underWay;
+    }
     // The loop ends without the worker only when the whole program does.
     if (worker.isRunning())
         worker.requestInterruption();

@@ -91,6 +91,8 @@ void libcurl::run()
     curl.curl_easy_setopt(handle, CURLOPT_CAPATH, nullptr);
     curl.shareTlsSessions(handle);
     curl.curl_easy_setopt(handle, CURLOPT_NOSIGNAL, 1L);
+    // The time limit holds also while a name server doesn't answer: its look-up is left to itself.
+    curl.curl_easy_setopt(handle, CURLOPT_QUICK_EXIT, 1L);
     curl.curl_easy_setopt(handle, CURLOPT_USERAGENT, userAgent);
     curl.curl_easy_setopt(handle, CURLOPT_HTTPHEADER, headers);
     curl.curl_easy_setopt(handle, CURLOPT_WRITEFUNCTION, &WriteMemoryCallback);

@@ -38,6 +38,12 @@ Reply<T> call(T* (Service::*endpoint)())
     return held((Service::getInstance()->*endpoint)());
 }
 
+/// Whether there was an answer at all. A change that wasn't answered may have been made.
+inline bool isAnswered(const ApiRes& reply)
+{
+    return reply.code() != QLatin1String("CONNECT_ERR") && reply.code() != QLatin1String("-2");
+}
+
 /// Whether the back end did what it was asked.
 inline bool isOk(const ApiRes& reply) { return reply.code() == QLatin1String("200"); }
 

@@ -1,17 +1,16 @@
 #pragma once
 
-#include "vm/shared/ActionVm.h"
-#include "vm/shared/ReaderListener.h"
+#include "vm/shared/ReadingVm.h"
 
 /// Identifies a supervisor who vouches for one refused call. Nothing of his login is kept: the operator stays.
-class AuthVm : public ActionVm
+class AuthVm : public ReadingVm
 {
     Q_OBJECT
     PROPERTY(QString, modCode, setModCode, {}) // not used by the login
 
 public:
     /// Listens to the staff card reader until it is destroyed.
-    explicit AuthVm(QObject* parent = nullptr) : ActionVm(parent) { m_reader.listenToStaff(); }
+    explicit AuthVm(QObject* parent = nullptr) : ReadingVm(parent) { m_reader.listenToStaff(); }
 
     /// By card when rfid isn't empty, else by number and password.
     Q_INVOKABLE bool login(const QString& userNo, const QString& pwd, const QString& rfid);
@@ -23,6 +22,4 @@ Q_SIGNALS:
 
 private:
     bool tryLogin(const QString& userNo, const QString& pwd, const QString& rfid);
-
-    ReaderListener m_reader{this};
 };

@@ -1,22 +1,18 @@
 #pragma once
 
-#include "common/BaseObject.h"
-#include "vm/shared/ReaderListener.h"
+#include "vm/shared/ReadingVm.h"
 
 /// Takes the staff card that ends an identity dialog.
-class InputOrReadVm : public BaseObject
+class InputOrReadVm : public ReadingVm
 {
     Q_OBJECT
 
 public:
     /// Listens to the staff card reader until it is destroyed.
-    explicit InputOrReadVm(QObject* parent = nullptr) : BaseObject(parent) { m_reader.listenToStaff(); }
+    explicit InputOrReadVm(QObject* parent = nullptr) : ReadingVm(parent) { m_reader.listenToStaff(); }
 
     void readingExec(QString cardId) override;
 
 Q_SIGNALS:
     void successSignal(const QString& rfid);
-
-private:
-    ReaderListener m_reader{this};
 };

@@ -1,19 +1,18 @@
 #pragma once
 
-#include "vm/shared/ActionVm.h"
-#include "vm/shared/ReaderListener.h"
+#include "vm/shared/ReadingVm.h"
 
 class LoginDto;
 
 /// Logs a member of staff in for a module. A login replaces the session of the whole terminal: token, operator,
 /// work areas and, once the module's right is granted, the rights.
-class LoginVm : public ActionVm
+class LoginVm : public ReadingVm
 {
     Q_OBJECT
     PROPERTY(QString, modCode, setModCode, {}) // module word
 
 public:
-    explicit LoginVm(QObject* parent = nullptr) : ActionVm(parent) {}
+    explicit LoginVm(QObject* parent = nullptr) : ReadingVm(parent) {}
 
     /// With true it listens to the staff card reader until it is destroyed.
     Q_INVOKABLE void init(bool isRead);
@@ -35,6 +34,4 @@ Q_SIGNALS:
 private:
     bool tryLogin(const QString& userNo, const QString& pwd, const QString& rfid);
     void takeWorkAreas(const LoginDto* session);
-
-    ReaderListener m_reader{this};
 };

@@ -1,15 +1,14 @@
 #pragma once
 
-#include "common/BaseObject.h"
-#include "vm/shared/ReaderListener.h"
+#include "vm/shared/ReadingVm.h"
 
 /// Takes the card that ends a number dialog.
-class NumKeyVm : public BaseObject
+class NumKeyVm : public ReadingVm
 {
     Q_OBJECT
 
 public:
-    explicit NumKeyVm(QObject* parent = nullptr) : BaseObject(parent) {}
+    explicit NumKeyVm(QObject* parent = nullptr) : ReadingVm(parent) {}
 
     /// Listens until it is destroyed: with readType 1, and a hand card reader in use, to that reader; else to
     /// the staff reader. Not at all when isReading is false.
@@ -20,7 +19,4 @@ public:
 
 Q_SIGNALS:
     void successSignal(const QString& rfid);
-
-private:
-    ReaderListener m_reader{this};
 };

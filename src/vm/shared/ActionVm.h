@@ -48,6 +48,9 @@ protected:
         return taken(self, call(endpoint), take, refusal);
     }
 
+    /// Whether the back end was there for the last fetch, be it with a refusal.
+    bool wasAnswered() const { return m_wasAnswered; }
+
     /// Makes a change; the user is told that it was made, or why not.
     template <typename Endpoint>
     static bool change(Endpoint endpoint, const QJsonObject& data)
@@ -83,9 +86,14 @@ private:
     template <typename T, typename Take>
     static bool taken(const QPointer<ActionVm>& page, const Reply<T>& reply, Take take, Refusal refusal)
     {
-        if (!page || !isOkOrShown(*reply, refusal))
+        if (!page)
+            return false;
+        page->m_wasAnswered = isAnswered(*reply);
+        if (!isOkOrShown(*reply, refusal))
             return false;
         take(*reply);
         return true;
     }
+
+    bool m_wasAnswered = true;
 };

@@ -2,12 +2,16 @@
 
 #include "app/MainClass.h"
 #include "common/GlobalConfig.h"
+#include "common/WaitStack.h"
+#include "vm/shared/TapWatch.h"
 
 #include <QPointer>
 
 namespace {
 
 constexpr int tickMs = 500;
+constexpr int retryMs = 50;   ///< until a tick that has to wait looks again
+constexpr int quietMs = 1000; ///< after a tap
 
 } // namespace
 
@@ -62,6 +66,10 @@ void EventMarks::tick()
 {
     const QPointer<EventMarks> self(this);
     m_timer.stop();
+    if (!WaitStack::isEmpty() || TapWatch::isFingerDown() || TapWatch::isTapWithin(quietMs)) {
+        m_timer.start(retryMs);
+        return;
+    }
     m_onTick();
     if (self)
         m_timer.start(tickMs);

@@ -33,7 +33,9 @@ public:
     void mark(const QString& what);
     /// Takes the mark off; whether it was there.
     bool take(const QString& what);
-    /// One tick. Returns also when the page has gone in the meantime.
+    /// One tick. It leaves the marks for a later one while anything is waited for, a dialog or another call,
+    /// and while the user taps: a fetch would take his next tap from him. Returns also when the page has gone
+    /// in the meantime.
     void tick();
 
 private:
