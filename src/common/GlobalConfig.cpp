@@ -2,6 +2,7 @@
 
 #include "DeploymentValues.h"
 #include "common/RightsTables.h"
+#include "common/WebAddress.h"
 #include "platform/CurlLibrary.h"
 #include "platform/UserValues.h"
 
@@ -31,6 +32,12 @@ GlobalConfig::GlobalConfig() : m_curl(new CurlLibrary)
     m_mqttUrl = QString::fromUtf8(Deployment::mqttUrl);
     m_mqttUser = QString::fromUtf8(Deployment::mqttUser);
     m_mqttPwd = QString::fromUtf8(Deployment::mqttPassword);
+}
+
+void GlobalConfig::setApiUrl(const QString& url)
+{
+    if (isWebAddress(url))
+        m_apiUrl = url;
 }
 
 QString GlobalConfig::getRegValue(const QString& key) { return UserValues::read(key); }

@@ -60,7 +60,6 @@ class GlobalConfig : public QObject, public Singleton<GlobalConfig>
     CONSTANT_PROPERTY(int, initDelyTime, 120)             // ms that a module page waits before its first work
     CONSTANT_PROPERTY(QStringList, vendorText, m_vendorText) // lines of the vendor block
 
-    PLAIN_FIELD(QString, apiUrl, setApiUrl, {}) // line in use: base URL with scheme, no trailing slash
     PLAIN_FIELD(QString, mqttUrl, setMqttUrl, {})
     PLAIN_FIELD(QString, storeId, setStoreId, {})
     PLAIN_FIELD(QString, compId, setCompId, {})
@@ -80,6 +79,11 @@ public:
     int leave_room_print_count = 0;  ///< copies of the leave-room receipt
     int hand_card_device = 0;        ///< 1 when a hand card reader is connected
     int call_count = 1;              ///< repetitions of a voice call
+
+    /// The line in use: base URL with scheme, no trailing slash.
+    QString apiUrl() const { return m_apiUrl; }
+    /// What is no web address never becomes the line.
+    void setApiUrl(const QString& url);
 
     /// A value of the user's own store, empty when it is missing.
     static QString getRegValue(const QString& key);
@@ -103,6 +107,7 @@ private:
     friend class Singleton<GlobalConfig>;
     GlobalConfig();
 
+    QString m_apiUrl;
     QVector<work_area_struct> m_workAreas;
     QSet<QString> m_rights;
     QStringList m_vendorText;

@@ -5,6 +5,7 @@
 #include "common/GlobalConfig.h"
 #include "common/RightsTables.h"
 #include "net/EventLoopFilter.h"
+#include "net/LogText.h"
 #include "net/Nonce.h"
 #include "net/RequestText.h"
 #include "net/libcurl.h"
@@ -111,7 +112,7 @@ GetSysApiReqUrls* NetServer::getApiUrls(const BaseRequest& request)
         worker.setTimeout(lineFetchTimeoutSeconds);
         waitFor(worker, text.url, request, text.body);
         if (worker.getStatus() != libcurl::Done) {
-            qDebug().noquote() << text.logUrl;
+            qDebug().noquote() << masked(text.logUrl);
             continue;
         }
         const QByteArray body = worker.readAll();
@@ -160,7 +161,8 @@ void NetServer::logExchange(const QString& url, const QString& json, const QByte
 {
     qDebug().noquote() << QStringLiteral("%1(%2)\r\n%3\r\nparam:%4\r\n%5")
                               .arg(Clock::now().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")),
-                                   QString::number(m_elapsed.elapsed()), url, json, QString::fromUtf8(reply));
+                                   QString::number(m_elapsed.elapsed()), masked(url), masked(json),
+                                   loggedReply(reply));
 }
 
 void NetServer::chechAuth(const QString& path, QJsonObject& data)

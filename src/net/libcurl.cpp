@@ -10,13 +10,18 @@ namespace {
 constexpr int getTries = 5;
 constexpr int retryPauseMs = 1000;
 constexpr int retryPauseStepMs = 50;
+constexpr size_t mostReplyBytes = 32 * 1024 * 1024;
 
 const char userAgent[] = "Mozilla/5.0 (Windows NT 10.0; Win64; x64) AppleWebKit/537.36 (KHTML, like Gecko) "
                          "Chrome/120.0.0.0 Safari/537.36";
 
-size_t WriteMemoryCallback(char* bytes, size_t size, size_t count, void* reply)
+/// A reply that doesn't end mustn't end the program: beyond the limit the transfer fails.
+size_t WriteMemoryCallback(char* bytes, size_t size, size_t count, void* userData)
 {
-    static_cast<QByteArray*>(reply)->append(bytes, static_cast<int>(size * count));
+    auto* reply = static_cast<QByteArray*>(userData);
+    if (static_cast<size_t>(reply->size()) + size * count > mostReplyBytes)
+        return 0;
+    reply->append(bytes, static_cast<int>(size * count));
     return size * count;
 }
 
@@ -115,9 +120,10 @@ void libcurl::run()
 bool libcurl::performWithRetries(const CurlLibrary& curl, void* handle)
 {
     int triesLeft = getTries;
-    while (curl.curl_easy_perform(handle) != CURLE_OK) {
+    for (CURLcode result; (result = curl.curl_easy_perform(handle)) != CURLE_OK;) {
         m_reply.clear(); // a transfer that broke off may have left half a body
-        if (m_method != NetMethod::Get || !m_isReconnect) {
+        // One that was too long would be so again.
+        if (m_method != NetMethod::Get || !m_isReconnect || result == CURLE_WRITE_ERROR) {
             m_status = Failed;
             return false;
         }

@@ -1,5 +1,7 @@
 #include "vm/dialogs/CloudModels.h"
 
+#include "common/WebAddress.h"
+
 namespace {
 
 const char offlineColor[] = "#F3200A";
@@ -24,7 +26,8 @@ void CloudLineModel::update(const Array<SubLineDto*>& lines)
 }
 
 CloudLineData::CloudLineData(const ReqLineDto* platform)
-    : name(platform->title()), icon(platform->icon()), pLineMode(new CloudLineModel(this))
+    : name(platform->title()), icon(isWebAddress(platform->icon()) ? platform->icon() : QString()),
+      pLineMode(new CloudLineModel(this))
 {
     pLineMode->update(platform->subLines());
 }

@@ -49,8 +49,7 @@ void CloudVm::init()
         return;
     m_checkPath = config->sysApiReq()->lineCheckHttpPath();
     const QString stored = GlobalConfig::getRegValue(QStringLiteral("cloudUrl"));
-    if (!config->sysApiReq()->apiUrl().isEmpty())
-        config->setApiUrl(config->sysApiReq()->apiUrl());
+    config->setApiUrl(config->sysApiReq()->apiUrl());
     m_platforms->update(config->sysApiReq()->reqLines());
     if (!stored.isEmpty()) {
         for (CloudLineData* platform : m_platforms->getData()) {

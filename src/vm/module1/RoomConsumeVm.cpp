@@ -1,8 +1,7 @@
 #include "vm/module1/RoomConsumeVm.h"
 
 #include "services/Bba01Service.h"
-
-#include <QLocale>
+#include "vm/shared/Texts.h"
 
 namespace {
 
@@ -22,8 +21,6 @@ QString lineStateOf(const ConsumeLine& line)
 {
     return line.cmtFlg == 0 ? QStringLiteral("[未完成]") : QString();
 }
-
-QString shortMoney(double value) { return QString::number(value, 'g', QLocale::FloatingPointShortest); }
 
 } // namespace
 

@@ -24,8 +24,10 @@ void RoomListModel::update(const Array<RoomDto*>& rooms)
     const bool isShowAmount = terminal && terminal->isShowAmount();
     QVector<RoomTile> tiles;
     tiles.reserve(rooms.size());
-    for (const RoomDto* room : rooms)
-        tiles.append(tileOf(*room, isShowAmount));
+    for (const RoomDto* room : rooms) {
+        if (!room->id().isEmpty()) // else the list held something that is no room
+            tiles.append(tileOf(*room, isShowAmount));
+    }
     refresh(tiles);
 }
 

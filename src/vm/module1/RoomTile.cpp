@@ -1,8 +1,9 @@
 #include "vm/module1/RoomTile.h"
 
 #include "dto/room/RoomStatus.h"
+#include "vm/shared/Texts.h"
 
-#include <QLocale>
+#include <limits>
 
 namespace {
 
@@ -40,7 +41,10 @@ bool isInUse(int status)
     return status == RoomMassage || status == RoomRest || status == 7 || status == 8 || status == 9;
 }
 
-QString cleanerOf(const RoomDto& room) { return room.cleanerName() + QLatin1Char('-') + room.cleanerNo(); }
+QString cleanerOf(const RoomDto& room)
+{
+    return shownText(room.cleanerName() + QLatin1Char('-') + room.cleanerNo());
+}
 
 QString stateText(const RoomDto& room)
 {
@@ -68,11 +72,11 @@ QString stateText(const RoomDto& room)
     return room.dirtyFlg() && hasCleaner ? cleanerOf(room) : text;
 }
 
-/// Hours and minutes, not padded. Put together rather than formatted: a board has thousands of them.
-QString hoursAndMinutes(qint64 minutes)
+/// What the back end says may be any number.
+qint64 usedMinutes(const RoomDto& room)
 {
-    return QString::number(minutes / minutesPerHour) + QLatin1Char(':') +
-           QString::number(minutes % minutesPerHour);
+    constexpr qint64 most = std::numeric_limits<qint64>::max() / 2;
+    return room.hours() * minutesPerHour - qBound(-most, room.surplus(), most);
 }
 
 QString leftText(qint64 surplusMinutes)
@@ -86,7 +90,7 @@ QString leftText(qint64 surplusMinutes)
 
 QString labelled(const QString& label, const QString& text)
 {
-    return text.isEmpty() ? QString() : label + text;
+    return text.isEmpty() ? QString() : label + shownText(text);
 }
 
 } // namespace
@@ -96,32 +100,31 @@ RoomTile tileOf(const RoomDto& room, bool isShowAmount)
     RoomTile tile;
     const int status = room.status();
     tile.roomId = room.id();
-    tile.roomNo = room.code();
+    tile.roomNo = shownText(room.code());
     if (room.name() != room.code())
-        tile.roomName = room.name();
-    tile.roomFloor = room.floorname();
+        tile.roomName = shownText(room.name());
+    tile.roomFloor = shownText(room.floorname());
     tile.roomNum = QString::number(room.num()) + QLatin1Char('/') + QString::number(room.innum());
     tile.backColor = colorOfTile(room);
-    tile.statusVal = stateText(room);
-    tile.remark = room.remark();
+    tile.statusVal = shownText(stateText(room));
+    tile.remark = shownText(room.remark());
     tile.roomLock = room.roomLock();
     tile.openType = room.openType();
     tile.dirtyFlg = room.dirtyFlg();
     tile.status = status;
     tile.cleanFlg = room.cleanFlg();
     if (isShowAmount && (status == RoomMassage || status == RoomRest) && room.needPayAmount() > 0)
-        tile.payAmount =
-            QStringLiteral("¥%1").arg(room.needPayAmount(), 0, 'g', QLocale::FloatingPointShortest);
+        tile.payAmount = labelled(QStringLiteral("¥"), shortMoney(room.needPayAmount()));
     if ((status == RoomCleaning || room.dirtyFlg()) && !room.cleanerNo().isEmpty())
-        tile.roomCleaner = room.cleanerNo() + QLatin1Char('-') + room.cleanerName();
+        tile.roomCleaner = shownText(room.cleanerNo() + QLatin1Char('-') + room.cleanerName());
     if (status == RoomMassage)
-        tile.lastSvrTime = room.lastSvrTime();
+        tile.lastSvrTime = shownText(room.lastSvrTime());
     if (isInUse(status)) {
         tile.cardList = labelled(QStringLiteral("客:"), room.cardnos());
         tile.staffList = labelled(QStringLiteral("技:"), room.staffnos());
         tile.finishStaff = labelled(QStringLiteral("停:"), room.completedStaffnos());
         tile.groupRoom = labelled(QStringLiteral("团:"), room.groupRoom());
-        tile.usedTime = hoursAndMinutes(room.hours() * minutesPerHour - room.surplus());
+        tile.usedTime = hoursAndMinutes(usedMinutes(room));
         tile.leftTime = leftText(room.surplus());
     }
     return tile;

@@ -12,18 +12,24 @@ namespace {
 constexpr int tickMs = 500;
 constexpr int retryMs = 50;   ///< until a tick that has to wait looks again
 constexpr int quietMs = 1000; ///< after a tap
+constexpr int reconnectMarkMs = 10000;
 
 } // namespace
 
 EventMarks::EventMarks(QObject* page, const QVector<Topic>& topics, std::function<void()> onTick)
-    : QObject(page), m_topics(topics), m_onTick(std::move(onTick)), m_timer(this)
+    : QObject(page), m_topics(topics), m_onTick(std::move(onTick)), m_timer(this), m_reconnectMark(this)
 {
     MainClass* main = MainClass::getInstance();
     QList<QString> wanted;
     for (const Topic& topic : m_topics)
         wanted.append(topic.prefix + GlobalConfig::getInstance()->storeId());
     main->setMqttTopics(wanted);
-    connect(main, &MainClass::mqttConnected, this, &EventMarks::markAll);
+    connect(main, &MainClass::mqttConnected, this, &EventMarks::onReconnect);
+    m_reconnectMark.setSingleShot(true);
+    connect(&m_reconnectMark, &QTimer::timeout, this, [this] {
+        if (m_isReconnectDue)
+            onReconnect();
+    });
     m_timer.setObjectName(QStringLiteral("eventTick"));
     connect(&m_timer, &QTimer::timeout, this, &EventMarks::tick);
     m_timer.start(tickMs);
@@ -46,6 +52,15 @@ void EventMarks::mark(const QString& what)
 {
     QMutexLocker lock(&m_mutex);
     m_marks.insert(what);
+}
+
+void EventMarks::onReconnect()
+{
+    m_isReconnectDue = m_reconnectMark.isActive();
+    if (m_isReconnectDue)
+        return;
+    markAll();
+    m_reconnectMark.start(reconnectMarkMs);
 }
 
 void EventMarks::markAll()

@@ -10,7 +10,8 @@
 
 /// Keeps a page live: while it exists, the broker's events on its topics set marks, and a tick every 500 ms
 /// lets the page fetch what is marked. An event means only that something changed, and so does a connection
-/// that comes back: what was published meanwhile is lost. A member of the page's view-model, which may be
+/// that comes back: what was published meanwhile is lost. A broker that hangs up each time marks
+/// only every 10 s. A member of the page's view-model, which may be
 /// destroyed during a tick.
 class EventMarks : public QObject
 {
@@ -39,11 +40,14 @@ public:
     void tick();
 
 private:
+    void onReconnect();
     void markAll();
 
     const QVector<Topic> m_topics;
     const std::function<void()> m_onTick;
     QTimer m_timer;
+    QTimer m_reconnectMark; ///< while it runs, what connections mark is put off to its end
+    bool m_isReconnectDue = false;
     QMutex m_mutex; ///< guards the marks
     QSet<QString> m_marks;
 };
