@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace {
 
@@ -35,7 +36,7 @@ QString shownText(const QString& text)
 {
     if (text.size() <= mostCharacters && std::none_of(text.begin(), text.end(), turnsOrder))
         return text;
-    QString shown = text;
-    shown.erase(std::remove_if(shown.begin(), shown.end(), turnsOrder), shown.end());
+    QString shown;
+    std::remove_copy_if(text.begin(), text.end(), std::back_inserter(shown), turnsOrder);
     return shown.size() > mostCharacters ? shown.left(mostCharacters - 1) + QChar(0x2026) : shown;
 }
