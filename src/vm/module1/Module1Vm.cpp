@@ -3,6 +3,7 @@
 #include "app/MainClass.h"
 #include "common/BusyGuard.h"
 #include "common/GlobalConfig.h"
+#include "dto/room/RoomStatus.h"
 #include "services/Bba01Service.h"
 #include "services/Reply.h"
 #include "vm/module1/RoomLookups.h"
@@ -281,4 +282,43 @@ void Module1Vm::queryRoom(const QString& roomNo)
         return;
     Q_EMIT selectRoomSignal(room.roomId, room.roomNo, room.status, room.openType, room.dirtyFlg, room.roomLock,
                             room.cleanFlg);
+    decide(room);
+}
+
+void Module1Vm::tapRoom(const QString& roomId)
+{
+    RoomTile room;
+    if (isGroupMode() ? m_roomsByType->findById(roomId, &room) : m_rooms->findById(roomId, &room))
+        decide(room);
+}
+
+/// The first branch that applies.
+void Module1Vm::decide(const RoomTile& room)
+{
+    constexpr int asGuestRoom = 2;
+    const int status = room.status;
+    if (status == RoomEmpty) {
+        if (room.roomLock)
+            MyMessage::getInstance()->showError(QStringLiteral("当前包房已被预约,不能直接开房"));
+        else
+            Q_EMIT openRoomAsked(room.roomId);
+    } else if (status == RoomMassage || (status == RoomRest && room.openType != asGuestRoom)) {
+        Q_EMIT roomDetailAsked(room.roomId);
+    } else if (status == RoomCleaning && isCleaning() && room.cleanFlg != 2) {
+        stepCleaning(room);
+    } else if (status == RoomCleaning || status == RoomOccupied) {
+        Q_EMIT cleanAsked(QStringLiteral("确定要将当前房间【%1】转成空闲房?").arg(room.roomNo), room.roomId,
+                          status == RoomCleaning || room.dirtyFlg);
+    } else if (status == RoomRest || (status == RoomGuest && room.openType == asGuestRoom)) {
+        MyMessage::getInstance()->showError(QStringLiteral("此程序不支持客房功能"));
+    }
+}
+
+void Module1Vm::stepCleaning(const RoomTile& room)
+{
+    if (room.cleanFlg == 0)
+        Q_EMIT cleanFlgAsked(QStringLiteral("确定要[开始清扫]当前房间【%1】?").arg(room.roomNo), room.roomId,
+                             1);
+    else if (room.cleanFlg == 1)
+        Q_EMIT cleanFlgAsked(QStringLiteral("当前房间【%1】 确定[清扫完成]?").arg(room.roomNo), room.roomId, 2);
 }

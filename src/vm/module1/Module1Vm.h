@@ -41,7 +41,9 @@ public:
     Q_INVOKABLE void cleanRoom(const QString& id, bool dirtyFlg);
     /// Tells where a hand card is.
     Q_INVOKABLE void queryCard(const QString& cardNo, const QString& rfid);
-    /// Looks for the room among those loaded; a hit goes out as selectRoomSignal.
+    /// Decides what a tap on the room does: one of the signals below, or a refusal that is shown.
+    Q_INVOKABLE void tapRoom(const QString& roomId);
+    /// Looks for the room among those loaded; a hit counts as a tap, and goes out as selectRoomSignal too.
     Q_INVOKABLE void queryRoom(const QString& roomNo);
     /// Cleaning begins (1) or is done (2), by the operator.
     Q_INVOKABLE void setCleanFlg(const QString& id, int status);
@@ -53,8 +55,16 @@ public Q_SLOTS:
 Q_SIGNALS:
     void selectRoomSignal(const QString& id, const QString& roomNo, int status, int openType, bool dirtyFlg,
                           bool roomLock, int cleanFlg);
+    void openRoomAsked(const QString& roomId);
+    void roomDetailAsked(const QString& roomId);
+    /// cleanRoom() once the question is answered with yes.
+    void cleanAsked(const QString& question, const QString& roomId, bool dirtyFlg);
+    /// setCleanFlg() once the question is answered with yes.
+    void cleanFlgAsked(const QString& question, const QString& roomId, int cleanFlg);
 
 private:
+    void decide(const RoomTile& room);
+    void stepCleaning(const RoomTile& room);
     void initRoomStatus();
     void setMqttTopic(bool isOn);
     void mark(const char* what);

@@ -31,11 +31,11 @@ void RoomListModel::update(const Array<RoomDto*>& rooms)
     refresh(tiles);
 }
 
-bool RoomListModel::find(const QString& roomNo, RoomTile* found) const
+bool RoomListModel::find(QString RoomTile::*field, const QString& value, RoomTile* found) const
 {
     const QVector<RoomTile> tiles = rows();
     const auto tile = std::find_if(tiles.begin(), tiles.end(),
-                                   [&](const RoomTile& candidate) { return candidate.roomNo == roomNo; });
+                                   [&](const RoomTile& candidate) { return candidate.*field == value; });
     if (tile == tiles.end())
         return false;
     *found = *tile;
@@ -79,4 +79,11 @@ bool RoomSortListModel::find(const QString& roomNo, RoomTile* found) const
     const QVector<RoomSortVm*> groups = rows();
     return std::any_of(groups.begin(), groups.end(),
                        [&](const RoomSortVm* group) { return group->pRoomModel->find(roomNo, found); });
+}
+
+bool RoomSortListModel::findById(const QString& id, RoomTile* found) const
+{
+    const QVector<RoomSortVm*> groups = rows();
+    return std::any_of(groups.begin(), groups.end(),
+                       [&](const RoomSortVm* group) { return group->pRoomModel->findById(id, found); });
 }

@@ -14,7 +14,11 @@ public:
     /// Shows these rooms. As many as before take their places one by one and the view stays where it is.
     void update(const Array<RoomDto*>& rooms);
     /// The first room with exactly this number; false when none of those loaded has it.
-    bool find(const QString& roomNo, RoomTile* found) const;
+    bool find(const QString& roomNo, RoomTile* found) const { return find(&RoomTile::roomNo, roomNo, found); }
+    bool findById(const QString& id, RoomTile* found) const { return find(&RoomTile::roomId, id, found); }
+
+private:
+    bool find(QString RoomTile::*field, const QString& value, RoomTile* found) const;
 };
 
 /// The rooms of one type.
@@ -46,4 +50,5 @@ public:
     void update(const Array<RoomSortDto*>& types);
     /// The same over all groups, in their order.
     bool find(const QString& roomNo, RoomTile* found) const;
+    bool findById(const QString& id, RoomTile* found) const;
 };
