@@ -17,7 +17,6 @@ Item {
         id: head
         anchors.left: parent.left
         anchors.right: parent.right
-        hasBack: false
         title: body.title
     }
 
@@ -43,7 +42,7 @@ Item {
             textFormat: Text.StyledText
             text: body.content.replace(/\n/g, "<br>")
             font.family: Pinfang
-            font.pixelSize: 22
+            font.pixelSize: Theme.headSize
             color: Theme.text
         }
     }

@@ -6,7 +6,7 @@ Shape {
     id: shape
 
     property var cornersRadius: [0, 0, 0, 0]
-    property color color: "white"
+    property color color: Theme.surface
     property color borderColor: "transparent"
     property int borderWidth: 1
 

@@ -61,13 +61,9 @@ Item {
             }
         }
 
-        Text {
-            anchors.centerIn: parent
-            visible: lines.count === 0
+        EmptyText {
+            list: lines
             text: table.emptyText
-            font.family: Pinfang
-            font.pixelSize: Theme.textSize
-            color: Theme.textMuted
         }
     }
 }

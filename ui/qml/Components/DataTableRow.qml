@@ -20,7 +20,7 @@ Item {
         Repeater {
             model: row.columns
 
-            Text {
+            PlainText {
                 width: modelData.share * row.widthPerShare
                 height: parent.height
                 leftPadding: 10
@@ -28,13 +28,8 @@ Item {
                 horizontalAlignment: modelData.isNumber ? Text.AlignRight : Text.AlignLeft
                 verticalAlignment: Text.AlignVCenter
                 text: row.line ? row.line[modelData.role] : modelData.title
-                textFormat: Text.PlainText
                 wrapMode: Text.Wrap
-                elide: Text.ElideRight
-                fontSizeMode: Text.Fit
-                minimumPixelSize: 15
-                font.family: Pinfang
-                font.pixelSize: Theme.textSize
+                leastSize: 15
                 color: row.line ? Theme.text : Theme.textMuted
             }
         }

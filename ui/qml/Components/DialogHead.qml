@@ -1,33 +1,29 @@
 import QtQuick 2.15
 import "../../js/Glyphs.js" as Glyphs
 
-// Head row of a dialog: the way back on the left, the title in the middle.
+// Head row of a dialog: where wanted the way back on the left, the title in the middle, a cross on the right.
 Item {
     id: head
 
     property string title: ""
-    property bool hasBack: true
+    property bool hasBack: false
+    property bool hasCross: false
 
-    signal back()
+    signal exited()
 
     implicitHeight: 60
 
-    Item {
+    Tappable {
         objectName: "backButton"
+        anchors.left: parent.left
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
+        anchors.margins: 6
+        width: backRow.width + 20
         visible: head.hasBack
-        width: backRow.width + 2 * Theme.spacing
-        height: parent.height
-        Accessible.role: Accessible.Button
-        Accessible.name: "返回"
-        Accessible.onPressAction: head.back()
-
-        Rectangle {
-            anchors.fill: parent
-            anchors.margins: 6
-            radius: Theme.radius
-            color: Theme.keyPressed
-            visible: backArea.pressed
-        }
+        label: "返回"
+        restColor: "transparent"
+        onClicked: head.exited()
 
         Row {
             id: backRow
@@ -41,29 +37,33 @@ Item {
                 iconColor: Theme.accent
             }
 
-            Text {
+            PlainText {
                 anchors.verticalCenter: parent.verticalCenter
                 text: "返回"
-                font.family: Pinfang
-                font.pixelSize: Theme.textSize
                 color: Theme.accent
             }
         }
-
-        MouseArea {
-            id: backArea
-            anchors.fill: parent
-            onClicked: head.back()
-        }
     }
 
-    Text {
+    PlainText {
         anchors.centerIn: parent
         text: head.title
-        textFormat: Text.PlainText
-        font.family: Pinfang
         font.pixelSize: Theme.titleSize
-        color: Theme.text
+    }
+
+    IconButton {
+        objectName: "closeButton"
+        anchors.right: parent.right
+        anchors.rightMargin: 8
+        anchors.verticalCenter: parent.verticalCenter
+        width: 60
+        height: 52
+        visible: head.hasCross
+        iconText: Glyphs.close
+        iconColor: Theme.textMuted
+        pixelSize: 36
+        label: "关闭"
+        onClicked: head.exited()
     }
 
     Rectangle {

@@ -26,27 +26,16 @@ TextField {
         border.color: field.activeFocus ? Theme.accent : Theme.line
     }
 
-    Item {
+    IconButton {
         objectName: "clearMark"
         anchors.right: parent.right
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
-        width: Theme.touchSize
-        height: Theme.touchSize
         visible: field.length > 0
-        Accessible.role: Accessible.Button
-        Accessible.name: "清空"
-
-        IconText {
-            anchors.centerIn: parent
-            iconText: Glyphs.clear
-            iconColor: Theme.clearMark
-            pixelSize: 18
-        }
-
-        MouseArea {
-            anchors.fill: parent
-            onClicked: field.clear()
-        }
+        iconText: Glyphs.clear
+        iconColor: Theme.clearMark
+        pixelSize: 18
+        label: "清空"
+        onClicked: field.clear()
     }
 }

@@ -7,8 +7,6 @@ Item {
     property alias text: line.text
     property alias prompt: line.prompt
     property alias echoMode: line.echoMode
-    property alias validator: line.validator
-    property alias inputMethodHints: line.inputMethodHints
     property alias isNumKey: pad.isNumKey
     property alias isUpper: pad.isUpper
     property alias isDecimal: pad.isDecimal
@@ -37,6 +35,10 @@ Item {
         anchors.right: parent.right
         anchors.top: parent.top
         anchors.margins: Theme.spacing
+        validator: RegularExpressionValidator {
+            regularExpression: body.isDecimal ? /[0-9.]+/ : /[0-9a-zA-Z]+/
+        }
+        inputMethodHints: Qt.ImhHiddenText
         onAccepted: body.accepted()
     }
 

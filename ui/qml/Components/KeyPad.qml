@@ -41,29 +41,27 @@ Item {
         Repeater {
             model: pad.keys
 
-            Rectangle {
+            Tappable {
                 id: key
 
-                readonly property bool isCase: modelData === "^"
+                readonly property bool isOn: modelData === "^" && pad.isUpper
 
                 objectName: "key_" + modelData
                 width: (pad.width - (pad.columns - 1) * pad.gap) / pad.columns
                 height: (pad.height - (pad.rows - 1) * pad.gap) / pad.rows
-                radius: Theme.radius
-                color: area.pressed ? Theme.keyPressed : isCase && pad.isUpper ? Theme.accent : Theme.surface
+                label: modelData
+                restColor: isOn ? Theme.accent : Theme.surface
                 border.color: Theme.line
-                Accessible.role: Accessible.Button
-                Accessible.name: modelData
-                Accessible.onPressAction: pad.press(modelData)
+                onClicked: {
+                    feedback.restart()
+                    pad.press(modelData)
+                }
 
-                Text {
-                    id: label
+                PlainText {
                     anchors.centerIn: parent
                     text: modelData
-                    textFormat: Text.PlainText
-                    font.family: Pinfang
                     font.pixelSize: Theme.keySize
-                    color: key.isCase && pad.isUpper && !area.pressed ? Theme.textOnColor : Theme.text
+                    color: key.isOn && !key.isPressed ? Theme.textOnColor : Theme.text
 
                     NumberAnimation on font.pixelSize {
                         id: feedback
@@ -71,15 +69,6 @@ Item {
                         from: Theme.keyPressedSize
                         to: Theme.keySize
                         duration: 50
-                    }
-                }
-
-                MouseArea {
-                    id: area
-                    anchors.fill: parent
-                    onClicked: {
-                        feedback.restart()
-                        pad.press(modelData)
                     }
                 }
             }

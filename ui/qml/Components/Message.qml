@@ -10,12 +10,8 @@ Window {
     property string text: ""
     property string type: "info"
 
-    readonly property var looks: ({
-        info: {back: "#fdf6ec", border: "#faecd8", text: "#e6a23c", icon: "qrc:/images/info-fill.png"},
-        success: {back: "#f0f9eb", border: "#e1f3d8", text: "#43B00D", icon: "qrc:/images/success-fill.png"},
-        error: {back: "#fef0f0", border: "#fde2e2", text: "#F13737", icon: "qrc:/images/error-fill.png"}
-    })
-    readonly property var look: looks[type] === undefined ? looks.info : looks[type]
+    readonly property string kind: Theme.messages[type] === undefined ? "info" : type
+    readonly property var look: Theme.messages[kind]
 
     function openTimer() {
         if (!lifeTimer.running) {
@@ -72,11 +68,11 @@ Window {
             anchors.verticalCenter: parent.verticalCenter
             width: 28
             height: 28
-            source: message.look.icon
+            source: "qrc:/images/" + message.kind + "-fill.png"
             smooth: true
         }
 
-        Text {
+        PlainText {
             objectName: "messageText"
             anchors.left: icon.right
             anchors.leftMargin: 14
@@ -86,13 +82,8 @@ Window {
             verticalAlignment: Text.AlignVCenter
             // A reply that can't be read fails without a text of its own.
             text: message.text === "" && message.type === "error" ? "请求失败" : message.text
-            textFormat: Text.PlainText
             wrapMode: Text.Wrap
-            elide: Text.ElideRight
-            fontSizeMode: Text.Fit
-            minimumPixelSize: 12
-            font.family: Pinfang
-            font.pixelSize: 20
+            leastSize: 12
             color: message.look.text
         }
     }

@@ -1,7 +1,7 @@
 import QtQuick 2.15
 
 // A button with a text. Its role gives the colour: "accent", "danger" or "plain".
-Rectangle {
+Tappable {
     id: button
 
     property string text: ""
@@ -10,25 +10,19 @@ Rectangle {
     property int pixelSize: Theme.titleSize
 
     readonly property bool isPlain: role === "plain"
-    readonly property color restColor: isPlain ? Theme.surface : role === "danger" ? Theme.danger : Theme.accent
-    readonly property color pressedColor: isPlain ? Theme.keyPressed
-                                                  : role === "danger" ? Theme.dangerPressed : Theme.accentPressed
     readonly property color textColor: isPlain && enabled ? Theme.text : Theme.textOnColor
 
-    signal clicked()
-
-    implicitWidth: Math.max(140, label.implicitWidth + 2 * Theme.spacing)
+    implicitWidth: Math.max(140, row.implicitWidth + 2 * Theme.spacing)
     implicitHeight: Theme.buttonHeight
-    radius: Theme.radius
-    color: !enabled ? Theme.disabled : area.pressed ? pressedColor : restColor
+    label: text
+    restColor: isPlain ? Theme.surface : role === "danger" ? Theme.danger : Theme.accent
+    pressedColor: isPlain ? Theme.keyPressed : role === "danger" ? Theme.dangerPressed : Theme.accentPressed
+    disabledColor: Theme.disabled
     border.width: isPlain ? 1 : 0
     border.color: Theme.line
-    Accessible.role: Accessible.Button
-    Accessible.name: text
-    Accessible.onPressAction: clicked()
 
     Row {
-        id: label
+        id: row
         anchors.centerIn: parent
         spacing: 8
 
@@ -40,19 +34,11 @@ Rectangle {
             pixelSize: button.pixelSize
         }
 
-        Text {
+        PlainText {
             anchors.verticalCenter: parent.verticalCenter
             text: button.text
-            textFormat: Text.PlainText
-            font.family: Pinfang
             font.pixelSize: button.pixelSize
             color: button.textColor
         }
-    }
-
-    MouseArea {
-        id: area
-        anchors.fill: parent
-        onClicked: button.clicked()
     }
 }

@@ -16,7 +16,7 @@ ScrollView {
         placeholderTextColor: Theme.textFaint
         wrapMode: TextEdit.Wrap
         font.family: Pinfang
-        font.pixelSize: 22
+        font.pixelSize: Theme.headSize
         color: Theme.text
         background: Rectangle {
             radius: Theme.radius

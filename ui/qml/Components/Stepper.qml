@@ -17,15 +17,12 @@ Row {
 
     spacing: Theme.spacing
 
-    Text {
+    PlainText {
         visible: stepper.label !== ""
         height: minus.height
         verticalAlignment: Text.AlignVCenter
         text: stepper.label
-        textFormat: Text.PlainText
-        font.family: Pinfang
         font.pixelSize: Theme.titleSize
-        color: Theme.text
     }
 
     StepKey {
@@ -37,17 +34,14 @@ Row {
         onClicked: stepper.lowered()
     }
 
-    Text {
+    PlainText {
         objectName: "stepValue" + stepper.nameSuffix
         width: Math.max(90, implicitWidth)
         height: minus.height
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         text: stepper.value + stepper.unit
-        textFormat: Text.PlainText
-        font.family: Pinfang
         font.pixelSize: 30
-        color: Theme.text
     }
 
     StepKey {

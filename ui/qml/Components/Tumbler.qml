@@ -25,15 +25,13 @@ Rectangle {
     implicitWidth: 90
     implicitHeight: 240
 
-    Text {
+    PlainText {
         id: label
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: parent.top
         visible: text !== ""
         text: tumbler.text
-        font.family: Pinfang
-        font.pixelSize: Theme.textSize
-        color: "white"
+        color: Theme.textOnColor
     }
 
     PathView {
@@ -98,29 +96,25 @@ Rectangle {
                 angle: entry.angle
             }
 
-            Text {
+            PlainText {
                 anchors.centerIn: parent
                 text: tumbler.padded(index + tumbler.min)
-                font.family: Pinfang
                 font.pixelSize: 34
-                color: entry.PathView.isCurrentItem ? "#0099ff" : "white"
+                color: entry.PathView.isCurrentItem ? Theme.wheelMark : Theme.textOnColor
             }
         }
     }
 
-    Rectangle {
-        anchors.horizontalCenter: parent.horizontalCenter
-        y: wheel.y + wheel.height / 3
-        width: parent.width * 0.8
-        height: 1
-        color: "white"
-    }
+    // What lies between the two lines is chosen.
+    Repeater {
+        model: 2
 
-    Rectangle {
-        anchors.horizontalCenter: parent.horizontalCenter
-        y: wheel.y + wheel.height * 2 / 3
-        width: parent.width * 0.8
-        height: 1
-        color: "white"
+        Rectangle {
+            anchors.horizontalCenter: parent.horizontalCenter
+            y: wheel.y + wheel.height * (index + 1) / 3
+            width: parent.width * 0.8
+            height: 1
+            color: Theme.textOnColor
+        }
     }
 }

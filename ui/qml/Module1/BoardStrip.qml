@@ -7,7 +7,6 @@ Row {
 
     property alias model: buttons.model
     property string currentCode: ""
-    property int count: buttons.count
 
     signal chosen(string code)
 
@@ -16,32 +15,25 @@ Row {
     Repeater {
         id: buttons
 
-        Item {
+        Tappable {
             id: button
 
             readonly property bool isCurrent: model.statusCode === strip.currentCode
-            readonly property color backColor: area.pressed ? Theme.keyPressed : isCurrent ? Theme.accent : Theme.surface
 
             objectName: "status_" + model.statusCode
-            width: Math.min(170, strip.width / strip.count)
+            width: Math.min(170, strip.width / buttons.count)
             height: strip.height
-            Accessible.role: Accessible.Button
-            Accessible.name: model.statusName
-            Accessible.onPressAction: area.choose()
+            label: model.statusName
+            restColor: isCurrent ? Theme.accent : Theme.surface
+            onClicked: strip.chosen(model.statusCode)
 
             // Only the ends of the strip are round.
-            Rectangle {
-                anchors.fill: parent
-                radius: Theme.radius
-                color: button.backColor
-            }
-
             Rectangle {
                 anchors.left: parent.left
                 width: Theme.radius
                 height: parent.height
                 visible: !model.isFirst
-                color: button.backColor
+                color: button.color
             }
 
             Rectangle {
@@ -49,7 +41,7 @@ Row {
                 width: Theme.radius
                 height: parent.height
                 visible: !model.isLast
-                color: button.backColor
+                color: button.color
             }
 
             Rectangle {
@@ -61,28 +53,15 @@ Row {
                 color: Theme.line
             }
 
-            Text {
+            PlainText {
                 anchors.centerIn: parent
                 width: parent.width - 8
                 horizontalAlignment: Text.AlignHCenter
                 fontSizeMode: Text.HorizontalFit
-                minimumPixelSize: 16
+                leastSize: 16
                 text: model.statusName
-                textFormat: Text.PlainText
-                font.family: Pinfang
-                font.pixelSize: 22
-                color: button.isCurrent && !area.pressed ? Theme.textOnColor : Theme.text
-            }
-
-            MouseArea {
-                id: area
-
-                function choose() {
-                    strip.chosen(model.statusCode)
-                }
-
-                anchors.fill: parent
-                onClicked: choose()
+                font.pixelSize: Theme.headSize
+                color: button.isCurrent && !button.isPressed ? Theme.textOnColor : Theme.text
             }
         }
     }

@@ -9,7 +9,7 @@ GridView {
     readonly property int roomWidth: width / columns
     property real heldY: 0
 
-    signal chosen(string roomId, string roomNo, int status, int openType, bool dirtyFlg, bool roomLock, int cleanFlg)
+    signal chosen(string roomId)
 
     // A room more or less is no reason to jump to the top.
     function keepPlace() {
@@ -26,7 +26,7 @@ GridView {
     delegate: RoomTile {
         width: grid.cellWidth
         height: grid.cellHeight
-        onChosen: grid.chosen(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg)
+        onClicked: grid.chosen(roomId)
     }
     ScrollBar.vertical: ScrollBar {
         policy: ScrollBar.AsNeeded

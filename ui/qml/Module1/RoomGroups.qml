@@ -11,7 +11,7 @@ ListView {
     readonly property int roomWidth: (width - bandWidth) / columns
     readonly property int roomHeight: roomWidth * 0.85
 
-    signal chosen(string roomId, string roomNo, int status, int openType, bool dirtyFlg, bool roomLock, int cleanFlg)
+    signal chosen(string roomId)
 
     clip: true
     spacing: 6
@@ -32,16 +32,14 @@ ListView {
             anchors.margins: 3
             width: groups.bandWidth - 6
             radius: 6
-            color: "#EE26DD"
+            color: Theme.group
 
             // One character below the other.
-            Text {
+            PlainText {
                 anchors.centerIn: parent
                 horizontalAlignment: Text.AlignHCenter
                 text: model.typeName.split("").join("\n")
-                textFormat: Text.PlainText
                 lineHeight: 0.95
-                font.family: Pinfang
                 font.pixelSize: Math.max(11, Math.min(20, band.height / Math.max(1, model.typeName.length) / 1.25))
                 color: Theme.textOnColor
             }
@@ -60,7 +58,7 @@ ListView {
                 RoomTile {
                     width: groups.roomWidth
                     height: groups.roomHeight
-                    onChosen: groups.chosen(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg)
+                    onClicked: groups.chosen(roomId)
                 }
             }
         }

@@ -2,7 +2,7 @@ import QtQuick 2.15
 import "../Components"
 
 // One room. All sizes follow the tile's height; what is largest is read from farthest: number, state, time left.
-Item {
+Tappable {
     id: tile
 
     required property string roomId
@@ -21,15 +21,10 @@ Item {
     required property string roomCleaner
     required property string remark
     required property string lastSvrTime
-    required property bool roomLock
-    required property int openType
-    required property bool dirtyFlg
-    required property int status
-    required property int cleanFlg
 
     readonly property color fill: backColor
     // White reads badly on the light colours.
-    readonly property color textColor: fill.r * 0.299 + fill.g * 0.587 + fill.b * 0.114 > 0.55 ? "#221022" : "#FFFFFF"
+    readonly property color textColor: fill.r * 0.299 + fill.g * 0.587 + fill.b * 0.114 > 0.55 ? Theme.textOnLight : Theme.textOnColor
     readonly property bool isOverrun: tile.leftTime.charAt(0) === "超"
     readonly property real unit: height / 10
 
@@ -42,63 +37,72 @@ Item {
     readonly property int lineHeight: Math.max(14, Math.min(unit * 1.4, bodyHeight / Math.max(4, allLines)))
     readonly property int rowsEach: Math.max(1, Math.floor(bodyHeight / lineHeight / Math.max(1, statusVal !== "" && lineCount === 1 ? 2 : allLines)))
 
-    signal chosen(string roomId, string roomNo, int status, int openType, bool dirtyFlg, bool roomLock, int cleanFlg)
+    // A state in words, in the middle of the tile.
+    component StateText: PlainText {
+        width: parent.width
+        visible: text !== ""
+        horizontalAlignment: Text.AlignHCenter
+        fontSizeMode: Text.HorizontalFit
+        leastSize: 11
+        color: tile.textColor
+    }
 
-    function tap() {
-        chosen(roomId, roomNo, status, openType, dirtyFlg, roomLock, cleanFlg)
+    // A time in the bottom row, in one half of it.
+    component TimeText: PlainText {
+        width: parent.width / 2
+        height: parent.height
+        leftPadding: 4
+        rightPadding: 4
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        fontSizeMode: Text.HorizontalFit
+        leastSize: 11
+        font.pixelSize: height * 0.8
+        color: tile.textColor
     }
 
     objectName: "room_" + roomNo
-    Accessible.role: Accessible.Button
-    Accessible.name: tile.roomNo
-    Accessible.onPressAction: tap()
+    label: roomNo
+    color: "transparent"
 
     Rectangle {
         id: card
         anchors.fill: parent
         anchors.margins: 3
         radius: 6
-        color: area.pressed ? Qt.darker(tile.fill, 1.35) : tile.fill
+        color: tile.isPressed ? Qt.darker(tile.fill, 1.35) : tile.fill
     }
 
-    Text {
+    PlainText {
         id: number
         anchors.left: card.left
         anchors.leftMargin: 8
         anchors.top: card.top
         anchors.topMargin: 2
         text: tile.roomNo
-        textFormat: Text.PlainText
-        font.family: Pinfang
         font.bold: true
         font.pixelSize: tile.unit * 1.9
         color: tile.textColor
     }
 
-    Text {
+    PlainText {
         id: floor
         anchors.right: card.right
         anchors.rightMargin: 8
         anchors.baseline: number.baseline
         width: Math.min(implicitWidth, tile.width * 0.3)
         text: tile.roomFloor
-        textFormat: Text.PlainText
-        elide: Text.ElideRight
-        font.family: Pinfang
         font.pixelSize: Math.max(12, tile.unit)
         color: tile.textColor
     }
 
-    Text {
+    PlainText {
         anchors.left: number.right
         anchors.leftMargin: 6
         anchors.right: floor.left
         anchors.rightMargin: 6
         anchors.baseline: number.baseline
         text: tile.roomName
-        textFormat: Text.PlainText
-        elide: Text.ElideRight
-        font.family: Pinfang
         font.pixelSize: Math.max(12, tile.unit)
         color: tile.textColor
     }
@@ -117,24 +121,15 @@ Item {
             id: lines
             width: parent.width
 
-            TileLine {
-                text: tile.isStateALine ? tile.statusVal : ""
-                tile: tile
-                font.bold: true
-            }
-
-            TileLine {
-                text: tile.payAmount
-                tile: tile
-                font.bold: true
-            }
+            TileLine { tile: tile; text: tile.isStateALine ? tile.statusVal : ""; font.bold: true }
+            TileLine { tile: tile; text: tile.payAmount; font.bold: true }
 
             Rectangle {
                 width: parent.width
                 height: note.height
                 visible: tile.remark !== ""
                 radius: 3
-                color: "black"
+                color: Theme.note
 
                 TileLine {
                     id: note
@@ -142,34 +137,15 @@ Item {
                     width: parent.width - 8
                     text: tile.remark
                     tile: tile
-                    color: "white"
+                    color: Theme.textOnColor
                 }
             }
 
-            TileLine {
-                text: tile.groupRoom
-                tile: tile
-            }
-
-            TileLine {
-                text: tile.cardList
-                tile: tile
-            }
-
-            TileLine {
-                text: tile.staffList
-                tile: tile
-            }
-
-            TileLine {
-                text: tile.finishStaff
-                tile: tile
-            }
-
-            TileLine {
-                text: tile.lastSvrTime
-                tile: tile
-            }
+            TileLine { tile: tile; text: tile.groupRoom }
+            TileLine { tile: tile; text: tile.cardList }
+            TileLine { tile: tile; text: tile.staffList }
+            TileLine { tile: tile; text: tile.finishStaff }
+            TileLine { tile: tile; text: tile.lastSvrTime }
         }
     }
 
@@ -186,13 +162,11 @@ Item {
             text: tile.statusVal
             font.pixelSize: Math.min(tile.unit * 1.9, state.room / (tile.roomCleaner === "" ? 1.3 : 2.4))
             font.bold: true
-            color: tile.textColor
         }
 
         StateText {
             text: tile.roomCleaner
             font.pixelSize: Math.min(tile.unit * 1.3, state.room / 2.8)
-            color: tile.textColor
         }
     }
 
@@ -206,7 +180,6 @@ Item {
         TimeText {
             anchors.left: parent.left
             text: tile.usedTime
-            color: tile.textColor
         }
 
         Rectangle {
@@ -215,20 +188,14 @@ Item {
             height: parent.height
             radius: 6
             visible: tile.leftTime !== ""
-            color: tile.isOverrun ? "#C8102E" : "#30000000"
+            color: tile.isOverrun ? Theme.overrun : Theme.inset
         }
 
         TimeText {
             anchors.right: parent.right
             text: tile.leftTime
             font.bold: true
-            color: tile.isOverrun ? "#FFFFFF" : tile.textColor
+            color: tile.isOverrun ? Theme.textOnColor : tile.textColor
         }
-    }
-
-    MouseArea {
-        id: area
-        anchors.fill: parent
-        onClicked: tile.tap()
     }
 }

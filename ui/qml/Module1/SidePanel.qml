@@ -4,24 +4,19 @@ import "../Components"
 
 // A green panel beside the board: a title and a list.
 Rectangle {
-    id: panel
-
-    property string title: ""
+    property alias title: head.text
     property alias model: list.model
     property alias delegate: list.delegate
 
     radius: Theme.radius
-    color: "#17795E"
+    color: Theme.panel
 
-    Text {
+    PlainText {
         id: head
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: parent.top
         anchors.topMargin: 6
-        text: panel.title
-        textFormat: Text.PlainText
-        font.family: Pinfang
-        font.pixelSize: 22
+        font.pixelSize: Theme.headSize
         color: Theme.textOnColor
     }
 

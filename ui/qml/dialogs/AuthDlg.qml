@@ -1,6 +1,5 @@
 import QtQuick 2.15
 import AuthVm 1.0
-import MyMessage 1.0
 import "../Components"
 import "../../js/Func.js" as JsFunc
 
@@ -9,8 +8,6 @@ import "../../js/Func.js" as JsFunc
 WindowFrame {
     id: dialog
 
-    property bool isPasswd: false
-    property string userNo: ""
     property string staffId: ""
     property string staffNo: ""
     property string staffName: ""
@@ -18,19 +15,6 @@ WindowFrame {
     function exec() {
         wait()
         return {dlgResult: dlgResult, staffId: staffId, staffNo: staffNo, staffName: staffName}
-    }
-
-    function confirm() {
-        if (body.text === "") {
-            MyMessage.showError("用户名或密码不能为空")
-        } else if (!isPasswd) {
-            userNo = body.text
-            body.clear()
-            isPasswd = true
-        } else {
-            const pwd = body.text
-            JsFunc.delay15(() => authVm && authVm.login(dialog.userNo, pwd, ""))
-        }
     }
 
     objectName: "authDlg"
@@ -47,15 +31,10 @@ WindowFrame {
         }
     }
 
-    KeyDialogBody {
-        id: body
+    IdentityBody {
         anchors.fill: parent
         enabled: authVm.isEnabled
-        prompt: dialog.isPasswd ? "请输入密码" : "请刷入或输入员工卡"
-        echoMode: dialog.isPasswd ? TextInput.Password : TextInput.Normal
-        validator: RegularExpressionValidator { regularExpression: /[0-9a-zA-Z]+/ }
-        inputMethodHints: Qt.ImhHiddenText
-        onConfirmed: dialog.confirm()
+        onEntered: JsFunc.delay15(() => authVm && authVm.login(userNo, password, ""))
         onCancelled: dialog.finish(false)
     }
 }

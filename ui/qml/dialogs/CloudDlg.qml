@@ -4,8 +4,8 @@ import GlobalConfig 1.0
 import "../Components"
 import "../../js/Func.js" as JsFunc
 
-// Measures the lines to the back end and lets the user switch. What was delayed may find the dialog closed.
-DialogFrame {
+// Measures the lines to the back end and lets the user switch.
+TitledDialog {
     id: dialog
 
     function exec() {
@@ -15,7 +15,7 @@ DialogFrame {
 
     objectName: "cloudDlg"
     title: "链路切换"
-    header: null
+    hasBack: true
     width: Math.min(900, root.width - 80)
     height: Math.min(640, root.height - 80)
     Component.onCompleted: JsFunc.timerOnce(GlobalConfig.initDelyTime, () => cloudVm && cloudVm.init())
@@ -24,61 +24,51 @@ DialogFrame {
         id: cloudVm
     }
 
-    contentItem: Item {
-        DialogHead {
-            id: head
-            anchors.left: parent.left
-            anchors.right: parent.right
-            title: dialog.title
-            onBack: dialog.finish(false)
+    ListView {
+        id: platforms
+        objectName: "platforms"
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.bottom: buttons.top
+        anchors.margins: Theme.spacing
+        clip: true
+        spacing: Theme.spacing
+        model: cloudVm.pPlatModel
+        delegate: CloudPlatform {
+            readonly property int platform: index
+
+            width: platforms.width
+            name: model.name
+            icon: model.icon
+            lines: model.lineModel
+            onChosen: JsFunc.delay15(() => cloudVm && cloudVm.onChecked(platform, line))
+        }
+    }
+
+    Row {
+        id: buttons
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.spacing
+        spacing: Theme.spacing * 2
+
+        PushButton {
+            objectName: "saveButton"
+            width: 220
+            text: "立即切换"
+            action: () => {
+                if (cloudVm.save())
+                    dialog.finish(true)
+            }
         }
 
-        ListView {
-            id: platforms
-            objectName: "platforms"
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.top: head.bottom
-            anchors.bottom: buttons.top
-            anchors.margins: Theme.spacing
-            clip: true
-            spacing: Theme.spacing
-            model: cloudVm.pPlatModel
-            delegate: CloudPlatform {
-                readonly property int platform: index
-
-                width: platforms.width
-                name: model.name
-                icon: model.icon
-                lines: model.lineModel
-                onChosen: JsFunc.delay15(() => cloudVm && cloudVm.onChecked(platform, line))
-            }
-        }
-
-        Row {
-            id: buttons
-            anchors.horizontalCenter: parent.horizontalCenter
-            anchors.bottom: parent.bottom
-            anchors.bottomMargin: Theme.spacing
-            spacing: Theme.spacing * 2
-
-            PushButton {
-                objectName: "saveButton"
-                width: 220
-                text: "立即切换"
-                onClicked: JsFunc.delay15(() => {
-                    if (cloudVm && cloudVm.save())
-                        dialog.finish(true)
-                })
-            }
-
-            PushButton {
-                objectName: "checkButton"
-                width: 220
-                role: "plain"
-                text: "全部检测"
-                onClicked: JsFunc.delay15(() => cloudVm && cloudVm.checkLines())
-            }
+        PushButton {
+            objectName: "checkButton"
+            width: 220
+            role: "plain"
+            text: "全部检测"
+            action: () => cloudVm.checkLines()
         }
     }
 }

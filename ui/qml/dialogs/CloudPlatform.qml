@@ -40,15 +40,10 @@ Rectangle {
             pixelSize: 40
         }
 
-        Text {
+        PlainText {
             width: parent.width
             horizontalAlignment: Text.AlignHCenter
             text: platform.name
-            textFormat: Text.PlainText
-            elide: Text.ElideRight
-            font.family: Pinfang
-            font.pixelSize: Theme.textSize
-            color: Theme.text
         }
     }
 
@@ -64,42 +59,35 @@ Rectangle {
         Repeater {
             model: platform.lines
 
-            Rectangle {
+            Tappable {
                 readonly property bool isChosen: model.isChecked
 
                 objectName: "line_" + platform.name + "_" + index
                 width: (grid.width - grid.spacing) / 2
                 height: 64
-                radius: Theme.radius
-                color: area.pressed ? Theme.keyPressed : Theme.surfaceMuted
+                label: model.name
+                restColor: Theme.surfaceMuted
                 border.width: model.isChecked ? 2 : 1
                 border.color: model.isChecked ? Theme.accent : Theme.line
                 Accessible.role: Accessible.CheckBox
-                Accessible.name: model.name
                 Accessible.checked: model.isChecked
+                onClicked: platform.chosen(index)
 
-                IconText {
+                CheckIcon {
                     id: box
                     anchors.left: parent.left
                     anchors.leftMargin: 10
                     anchors.verticalCenter: parent.verticalCenter
-                    iconText: model.isChecked ? Glyphs.checkBoxChecked : Glyphs.checkBoxUnchecked
-                    iconColor: model.isChecked ? Theme.accent : Theme.textMuted
-                    pixelSize: 28
+                    isChecked: model.isChecked
                 }
 
-                Text {
+                PlainText {
                     anchors.left: box.right
                     anchors.leftMargin: 8
                     anchors.right: mark.left
                     anchors.rightMargin: 8
                     anchors.verticalCenter: parent.verticalCenter
                     text: model.name
-                    textFormat: Text.PlainText
-                    elide: Text.ElideRight
-                    font.family: Pinfang
-                    font.pixelSize: Theme.textSize
-                    color: Theme.text
                 }
 
                 Rectangle {
@@ -114,7 +102,7 @@ Rectangle {
                     color: model.backColor
                 }
 
-                Text {
+                PlainText {
                     id: result
                     objectName: "result_" + platform.name + "_" + index
                     anchors.right: parent.right
@@ -122,16 +110,9 @@ Rectangle {
                     anchors.verticalCenter: parent.verticalCenter
                     width: 70
                     text: model.content
-                    textFormat: Text.PlainText
-                    font.family: Pinfang
+                    elide: Text.ElideNone
                     font.pixelSize: 18
                     color: Theme.textMuted
-                }
-
-                MouseArea {
-                    id: area
-                    anchors.fill: parent
-                    onClicked: platform.chosen(index)
                 }
             }
         }

@@ -62,18 +62,16 @@ WindowFrame {
     y: root.y + (root.height - height) / 2
     width: 650
     height: 450
-    color: "#2B3A4A"
+    color: Theme.wheelGround
 
-    Text {
+    PlainText {
         id: title
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: parent.top
         anchors.topMargin: Theme.spacing
         text: dialog.text
-        textFormat: Text.PlainText
-        font.family: Pinfang
         font.pixelSize: Theme.titleSize
-        color: "white"
+        color: Theme.textOnColor
     }
 
     Row {

@@ -1,6 +1,5 @@
 import QtQuick 2.15
 import LoginVm 1.0
-import MyMessage 1.0
 import "../Components"
 import "../../js/Func.js" as JsFunc
 
@@ -9,7 +8,6 @@ DialogFrame {
     id: dialog
 
     property string funcVal: "" // module word
-    property bool isPasswd: false
     property string userNo: ""
     property string pwd: ""
     property string staffId: ""
@@ -19,20 +17,6 @@ DialogFrame {
     function exec() {
         wait()
         return {dlgResult: dlgResult, staffId: staffId, staffNo: staffNo, userNo: userNo, pwd: pwd, staffUid: staffUid}
-    }
-
-    function confirm() {
-        if (body.text === "") {
-            MyMessage.showError("用户名或密码不能为空")
-        } else if (!isPasswd) {
-            userNo = body.text
-            body.clear()
-            isPasswd = true
-        } else {
-            pwd = body.text
-            isEnabled = false
-            JsFunc.delay15(() => loginVm && loginVm.login(dialog.userNo, dialog.pwd, ""))
-        }
     }
 
     objectName: "loginDlg"
@@ -56,14 +40,14 @@ DialogFrame {
         }
     }
 
-    contentItem: KeyDialogBody {
-        id: body
+    contentItem: IdentityBody {
         enabled: dialog.isEnabled
-        prompt: dialog.isPasswd ? "请输入密码" : "请刷入或输入员工卡"
-        echoMode: dialog.isPasswd ? TextInput.Password : TextInput.Normal
-        validator: RegularExpressionValidator { regularExpression: /[0-9a-zA-Z]+/ }
-        inputMethodHints: Qt.ImhHiddenText
-        onConfirmed: dialog.confirm()
+        onEntered: {
+            dialog.userNo = userNo
+            dialog.pwd = password
+            dialog.isEnabled = false
+            JsFunc.delay15(() => loginVm && loginVm.login(dialog.userNo, dialog.pwd, ""))
+        }
         onCancelled: dialog.finish(false)
     }
 }

@@ -21,11 +21,8 @@ WindowFrame {
     KeyDialogBody {
         id: body
         anchors.fill: parent
-        enabled: dialog.isEnabled
         prompt: dialog.strText
         isDecimal: true
-        validator: RegularExpressionValidator { regularExpression: /[0-9.]+/ }
-        inputMethodHints: Qt.ImhHiddenText
         onConfirmed: {
             if (text === "")
                 MyMessage.showMessage("不能为空", 2)

@@ -10,8 +10,8 @@ DialogFrame {
     property string strText: ""     // the prompt
     property bool isReadOk: false   // a card may end the dialog
     property int readType: 0        // 1: a guest's hand card
-    property bool isNumKey: true
-    property bool isUpper: true
+    property alias isNumKey: body.isNumKey
+    property alias isUpper: body.isUpper
     property string inputText: ""
     property string cardUid: ""
     property bool isRead: false
@@ -39,7 +39,6 @@ DialogFrame {
     NumKeyVm {
         id: numVm
         onSuccessSignal: {
-            dialog.isEnabled = true
             dialog.isRead = true
             dialog.cardUid = rfid
             dialog.finish(true)
@@ -48,12 +47,7 @@ DialogFrame {
 
     contentItem: KeyDialogBody {
         id: body
-        enabled: dialog.isEnabled
         prompt: dialog.strText
-        isNumKey: dialog.isNumKey
-        isUpper: dialog.isUpper
-        validator: RegularExpressionValidator { regularExpression: /[0-9a-zA-Z]+/ }
-        inputMethodHints: Qt.ImhHiddenText
         onConfirmed: dialog.confirm()
         onAccepted: dialog.confirm()
         onCancelled: dialog.finish(false)

@@ -1,12 +1,11 @@
 import QtQuick 2.15
 import "../Components"
-import "../../js/Func.js" as JsFunc
 
 // A remark of any length; an empty one counts too. Text comes from the system's keyboard.
-DialogFrame {
+TitledDialog {
     id: dialog
 
-    property string strText: "技师服务类别" // the title
+    property string strText: "技师服务类别"
     property string remark: ""
 
     function exec() {
@@ -16,41 +15,33 @@ DialogFrame {
 
     objectName: "remarkDlg"
     dlgResult: true
+    title: strText
+    hasBack: true
     width: 540
     height: 465
 
-    contentItem: Item {
-        DialogHead {
-            id: head
-            anchors.left: parent.left
-            anchors.right: parent.right
-            title: dialog.strText
-            onBack: dialog.finish(false)
-        }
+    RemarkArea {
+        id: area
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.bottom: confirmButton.top
+        anchors.margins: Theme.spacing
+        text: dialog.remark
+    }
 
-        RemarkArea {
-            id: area
-            anchors.left: parent.left
-            anchors.right: parent.right
-            anchors.top: head.bottom
-            anchors.bottom: confirmButton.top
-            anchors.margins: Theme.spacing
-            text: dialog.remark
-        }
-
-        PushButton {
-            id: confirmButton
-            objectName: "confirmButton"
-            anchors.horizontalCenter: parent.horizontalCenter
-            anchors.bottom: parent.bottom
-            anchors.bottomMargin: Theme.spacing
-            width: 220
-            text: "确  定"
-            onClicked: JsFunc.delay15(() => {
-                Qt.inputMethod.commit() // what is still being composed counts
-                dialog.remark = area.text
-                dialog.finish(true)
-            })
+    PushButton {
+        id: confirmButton
+        objectName: "confirmButton"
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: Theme.spacing
+        width: 220
+        text: "确  定"
+        action: () => {
+            Qt.inputMethod.commit() // what is still being composed counts
+            dialog.remark = area.text
+            dialog.finish(true)
         }
     }
 }

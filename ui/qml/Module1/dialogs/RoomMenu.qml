@@ -15,31 +15,22 @@ Flow {
     Repeater {
         id: entries
 
-        Rectangle {
+        Tappable {
             readonly property bool isCurrent: model.code === menu.currentCode
 
             objectName: "menu_" + model.code
             width: 120
             height: 45
             radius: 6
-            color: area.pressed ? Theme.keyPressed : isCurrent ? "#398FFF" : model.backColor
-            Accessible.role: Accessible.Button
-            Accessible.name: model.name
-            Accessible.onPressAction: menu.chosen(model.code)
+            label: model.name
+            restColor: isCurrent ? Theme.current : model.backColor
+            onClicked: menu.chosen(model.code)
 
-            Text {
+            PlainText {
                 anchors.centerIn: parent
-                text: model.name
-                textFormat: Text.PlainText
-                font.family: Pinfang
-                font.pixelSize: 22
-                color: parent.isCurrent ? "#FFFFFF" : "#555555"
-            }
-
-            MouseArea {
-                id: area
-                anchors.fill: parent
-                onClicked: menu.chosen(model.code)
+                text: parent.label
+                font.pixelSize: Theme.headSize
+                color: parent.isCurrent ? Theme.currentText : Theme.otherText
             }
         }
     }

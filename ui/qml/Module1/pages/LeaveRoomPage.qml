@@ -1,18 +1,14 @@
 import QtQuick 2.15
 import LeaveRoomVm 1.0
-import "../../../js/Func.js" as JsFunc
+import "../../Components"
 
 // Lets hand cards leave the room; in a rest room (status 3) one of them takes over what was consumed.
 RoomPage {
     id: page
 
     confirmText: "确定离房"
-    saver: pageVm
-    onStarted: pageVm.init(vm.pRoomDetail)
-
-    LeaveRoomVm {
-        id: pageVm
-    }
+    vm: LeaveRoomVm {}
+    start: () => vm.init(page.room)
 
     CaptionedBox {
         anchors.fill: parent
@@ -21,12 +17,12 @@ RoomPage {
         CardGrid {
             objectName: "cards"
             anchors.fill: parent
-            selectedColor: "#27B2CA"
-            restColor: "#D8D9D9"
-            checkText: pageVm.status === 3 ? "消费记入" : ""
-            model: pageVm.pCardListModel
-            onTapped: JsFunc.delay15(() => pageVm && pageVm.selectCard(index))
-            onChecked: JsFunc.delay15(() => pageVm && pageVm.selectConsumer(index))
+            selectedColor: Theme.picked
+            restColor: Theme.unpicked
+            checkText: page.vm.status === 3 ? "消费记入" : ""
+            model: page.vm.pCardListModel
+            pick: index => page.vm.selectCard(index)
+            check: index => page.vm.selectConsumer(index)
         }
     }
 }

@@ -1,27 +1,17 @@
 import QtQuick 2.15
 import MassChgRoomVm 1.0
-import "../../../js/Func.js" as JsFunc
+import "../../Components"
 
 // Moves the guests of a massage room to an empty room.
 RoomPage {
     id: page
 
     confirmText: "确定换房"
-    saver: pageVm
-    onStarted: pageVm.init(page.roomId)
+    vm: MassChgRoomVm {}
+    start: () => vm.init(page.roomId)
 
-    MassChgRoomVm {
-        id: pageVm
-    }
-
-    RoomChooser {
+    MoveChooser {
         anchors.fill: parent
-        model: pageVm.pEmptyRoomModel
-        onSearched: pageVm.getRoomInfo(roomNo)
-        onChosen: JsFunc.delay15(() => pageVm && pageVm.selectRoom(index))
-
-        NeedCleanMark {
-            changer: pageVm
-        }
+        page: page
     }
 }

@@ -1,25 +1,21 @@
 import QtQuick 2.15
 import "../../Components"
-import "../../../js/Func.js" as JsFunc
 
 // The rooms of one group, of which any can be selected.
 Column {
     id: group
 
-    property string name: ""
+    property alias name: head.text
     property var rooms: null
 
     readonly property int tilesPerRow: Math.max(1, Math.floor((width + flow.spacing) / 240))
 
     spacing: 6
 
-    Text {
+    PlainText {
+        id: head
         width: parent.width
-        text: group.name
-        textFormat: Text.PlainText
-        elide: Text.ElideRight
-        font.family: Pinfang
-        font.pixelSize: 22
+        font.pixelSize: Theme.headSize
         color: Theme.textMuted
     }
 
@@ -36,10 +32,10 @@ Column {
                 width: Math.floor((flow.width + flow.spacing) / group.tilesPerRow) - flow.spacing
                 height: 58
                 text: model.tempName
-                backColor: model.isSelected ? "#A154EE" : "#EBEBEB"
+                backColor: model.isSelected ? Theme.joined : Theme.unjoined
                 foreColor: model.isSelected ? Theme.textOnColor : Theme.text
                 Accessible.checked: model.isSelected
-                onClicked: JsFunc.delay15(() => group && group.rooms.onSelected(index))
+                action: () => group.rooms.onSelected(index)
             }
         }
     }

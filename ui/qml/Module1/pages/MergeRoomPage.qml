@@ -8,18 +8,15 @@ RoomPage {
     id: page
 
     confirmText: "确定并房"
-    saver: pageVm
-    onStarted: pageVm.init(page.roomId, page.roomNo)
-
-    MergeRoomVm {
-        id: pageVm
-    }
+    vm: MergeRoomVm {}
+    start: () => vm.init(page.roomId, page.roomNo)
 
     AskButton {
         id: search
         objectName: "searchButton"
         text: "请输入房间号"
-        onEntered: pageVm.getRoomList(number)
+        work: page.work
+        take: number => page.vm.getRoomList(number)
     }
 
     ListView {
@@ -32,7 +29,7 @@ RoomPage {
         clip: true
         spacing: Theme.spacing
         boundsBehavior: Flickable.StopAtBounds
-        model: pageVm.pRoomModel
+        model: page.vm.pRoomModel
         ScrollBar.vertical: ListScrollBar {
             id: bar
         }
@@ -43,13 +40,9 @@ RoomPage {
             rooms: model.roomModel
         }
 
-        Text {
-            anchors.centerIn: parent
-            visible: groups.count === 0
+        EmptyText {
+            list: groups
             text: "没有可选的房间"
-            font.family: Pinfang
-            font.pixelSize: Theme.textSize
-            color: Theme.textMuted
         }
     }
 }

@@ -1,47 +1,44 @@
 import QtQuick 2.15
 import OpenOccupyVm 1.0
 import "../../Components"
-import "../../../js/Func.js" as JsFunc
 
 // Marks the room as specially occupied. Text comes from the system's keyboard.
 RoomPage {
     id: page
 
     confirmText: "确  定"
-    saver: pageVm
-    onStarted: pageVm.init(page.roomId)
-    onConfirmed: pageVm.remark = remarkArea.text
+    vm: OpenOccupyVm {}
+    start: () => vm.init(page.roomId)
+    onConfirmed: vm.remark = remarkArea.text
 
-    OpenOccupyVm {
-        id: pageVm
-    }
+    Row {
+        anchors.fill: parent
+        spacing: Theme.spacing
 
-    CaptionedBox {
-        id: kindBox
-        width: (parent.width - Theme.spacing) / 2
-        height: parent.height
-        caption: "特殊占用"
+        CaptionedBox {
+            width: (parent.width - Theme.spacing) / 2
+            height: parent.height
+            caption: "特殊占用"
 
-        PickGrid {
-            objectName: "occupyGrid"
-            anchors.fill: parent
-            textRole: "occupyName"
-            namePrefix: "occupy_"
-            model: pageVm.pOccupyListModel
-            onChosen: JsFunc.delay15(() => pageVm && pageVm.checkOccupy(index))
+            PickGrid {
+                objectName: "occupyGrid"
+                anchors.fill: parent
+                textRole: "occupyName"
+                namePrefix: "occupy_"
+                model: page.vm.pOccupyListModel
+                choose: index => page.vm.checkOccupy(index)
+            }
         }
-    }
 
-    CaptionedBox {
-        anchors.left: kindBox.right
-        anchors.leftMargin: Theme.spacing
-        anchors.right: parent.right
-        height: parent.height
-        caption: "备注信息"
+        CaptionedBox {
+            width: parent.width - x
+            height: parent.height
+            caption: "备注信息"
 
-        RemarkArea {
-            id: remarkArea
-            anchors.fill: parent
+            RemarkArea {
+                id: remarkArea
+                anchors.fill: parent
+            }
         }
     }
 }

@@ -1,56 +1,14 @@
 import QtQuick 2.15
 import RestChgMassVm 1.0
-import "../../Components"
-import "../../../js/Func.js" as JsFunc
-import "../../../js/Glyphs.js" as Glyphs
 
-// Makes the rest room a massage room; one of the cards takes over what was consumed. Where no hand cards of guests are
-// used, none are asked for.
-RoomPage {
+// Makes the rest room a massage room; one of the cards takes over what was consumed.
+MassRoomPage {
     id: page
 
     confirmText: "确定转房"
-    saver: pageVm
-    onStarted: pageVm.init(page.roomId, page.roomNo, vm.pRoomDetail)
-
-    RestChgMassVm {
-        id: pageVm
-    }
-
-    AskButton {
-        id: ask
-        objectName: "cardButton"
-        visible: !pageVm.usedRoomMod
-        width: visible ? 220 : 0
-        text: "请输入手牌号"
-        iconText: Glyphs.card
-        onEntered: pageVm.getCardInfo(number, "")
-    }
-
-    Stepper {
-        anchors.left: ask.right
-        anchors.leftMargin: ask.visible ? 2 * Theme.spacing : 0
-        anchors.verticalCenter: ask.verticalCenter
-        label: "开房时长"
-        unit: "小时"
-        minimum: 1
-        value: pageVm.hours
-        onLowered: pageVm.hours = Math.max(minimum, pageVm.hours - 1)
-        onRaised: pageVm.hours += 1
-    }
-
-    CardGrid {
-        objectName: "cards"
-        anchors.left: parent.left
-        anchors.right: parent.right
-        anchors.top: ask.bottom
-        anchors.topMargin: Theme.spacing
-        anchors.bottom: parent.bottom
-        isRemovable: true
-        checkText: "消费记入"
-        emptyText: "请先添加手牌"
-        model: pageVm.pCardListModel
-        onRemoved: pageVm.deleteCard(index)
-        onChecked: JsFunc.delay15(() => pageVm && pageVm.checkCard(index))
-    }
+    vm: RestChgMassVm {}
+    start: () => vm.init(page.roomId, page.roomNo, page.room)
+    emptyText: "请先添加手牌"
+    checkText: "消费记入"
+    check: index => vm.checkCard(index)
 }

@@ -1,49 +1,40 @@
 import QtQuick 2.15
 import RestChgRoomVm 1.0
 import "../../Components"
-import "../../../js/Func.js" as JsFunc
 
 // Moves the guests of a rest room to an empty room, under a plan of that room.
 RoomPage {
     id: page
 
     confirmText: "确定换房"
-    saver: pageVm
-    onStarted: pageVm.init(page.roomId)
+    vm: RestChgRoomVm {}
+    start: () => vm.init(page.roomId)
 
-    RestChgRoomVm {
-        id: pageVm
-    }
+    Row {
+        anchors.fill: parent
+        spacing: Theme.spacing
 
-    CaptionedBox {
-        id: roomBox
-        width: (page.width - Theme.spacing) * 0.6
-        height: parent.height
-        caption: "换入房间"
+        CaptionedBox {
+            width: (page.width - Theme.spacing) * 0.6
+            height: parent.height
+            caption: "换入房间"
 
-        RoomChooser {
-            anchors.fill: parent
-            model: pageVm.pEmptyRoomModel
-            onSearched: pageVm.getRoomInfo(roomNo)
-            onChosen: JsFunc.delay15(() => pageVm && pageVm.selectRoom(index))
-
-            NeedCleanMark {
-                changer: pageVm
+            MoveChooser {
+                anchors.fill: parent
+                page: page
             }
         }
-    }
 
-    CaptionedBox {
-        anchors.left: roomBox.right
-        anchors.leftMargin: Theme.spacing
-        anchors.right: parent.right
-        height: parent.height
-        caption: "计费方案"
+        CaptionedBox {
+            width: parent.width - x
+            height: parent.height
+            caption: "计费方案"
 
-        PlanGrid {
-            anchors.fill: parent
-            model: pageVm.pPlanListModel
-            onChosen: JsFunc.delay15(() => pageVm && pageVm.checkPlan(index))
+            PlanGrid {
+                anchors.fill: parent
+                model: page.vm.pPlanListModel
+                choose: index => page.vm.checkPlan(index)
+            }
         }
     }
 }

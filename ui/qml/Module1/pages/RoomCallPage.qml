@@ -7,12 +7,8 @@ RoomPage {
     id: page
 
     confirmText: "确定呼叫"
-    saver: pageVm
-    onStarted: pageVm.init(vm.pRoomDetail)
-
-    RoomCallVm {
-        id: pageVm
-    }
+    vm: RoomCallVm {}
+    start: () => vm.init(page.room)
 
     ChoiceGrid {
         id: services
@@ -20,7 +16,7 @@ RoomPage {
         anchors.fill: parent
         tileWidth: 540
         cellHeight: 76
-        model: pageVm.pRoomCallModel
+        model: page.vm.pRoomCallModel
         delegate: Item {
             width: services.cellWidth
             height: services.cellHeight
@@ -33,7 +29,7 @@ RoomPage {
                 color: Theme.surface
                 border.color: Theme.line
 
-                Text {
+                PlainText {
                     anchors.left: parent.left
                     anchors.leftMargin: Theme.spacing
                     anchors.right: stepper.left
@@ -42,13 +38,9 @@ RoomPage {
                     height: parent.height - 4
                     verticalAlignment: Text.AlignVCenter
                     text: model.callName
-                    textFormat: Text.PlainText
                     wrapMode: Text.Wrap
                     maximumLineCount: 2
-                    elide: Text.ElideRight
-                    font.family: Pinfang
-                    font.pixelSize: 22
-                    color: Theme.text
+                    font.pixelSize: Theme.headSize
                 }
 
                 Stepper {
@@ -58,8 +50,8 @@ RoomPage {
                     anchors.verticalCenter: parent.verticalCenter
                     nameSuffix: "_" + index
                     value: model.num
-                    onLowered: pageVm.pRoomCallModel.sub(index)
-                    onRaised: pageVm.pRoomCallModel.add(index)
+                    onLowered: services.model.sub(index)
+                    onRaised: services.model.add(index)
                 }
             }
         }

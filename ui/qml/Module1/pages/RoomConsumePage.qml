@@ -6,15 +6,12 @@ import "../../Components"
 RoomPage {
     id: page
 
-    onStarted: pageVm.init(page.roomId)
-
-    RoomConsumeVm {
-        id: pageVm
-    }
+    vm: RoomConsumeVm {}
+    start: () => vm.init(page.roomId)
 
     DataTable {
         anchors.fill: parent
-        model: pageVm.pRoomConsumeModel
+        model: page.vm.pRoomConsumeModel
         emptyText: "没有消费"
         columns: [
             {title: "手牌号", role: "cardNo", share: 14},

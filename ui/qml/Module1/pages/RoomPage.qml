@@ -3,27 +3,40 @@ import GlobalConfig 1.0
 import "../../Components"
 import "../../../js/Func.js" as JsFunc
 
-// Frame of a page inside a room dialog: what the page shows, and the button that does it. Both rest until the page has
-// started and while isEnabled is false. With a view-model as saver the button is its save(), which on success closes
-// the dialog.
+// Frame of a page inside a room dialog: what the page shows, and the button that does it, which is the view-model's
+// save(). Both rest until the page has started and while the view-model works; a save that succeeds closes the dialog.
 Item {
     id: page
 
     property string roomId: ""
     property string roomNo: ""
-    property string confirmText: ""
-    property QtObject saver: null
-    property bool isEnabled: saver ? saver.isEnabled : true
+    property QtObject room: null // its record, where it is in use
+    property QtObject frame: null // the dialog
+    property QtObject vm: null
+    property var start: null // the page's first work
     property bool isStarted: false
+    property string confirmText: ""
     default property alias content: body.data
 
-    signal started() // the page stands, its first work may begin
-    signal confirmed()
+    readonly property bool isEnabled: isStarted && vm.isEnabled !== false
+
+    signal confirmed() // what is on the page goes to the view-model
+
+    // Whatever waits for the back end or the user runs through this.
+    function work(waiting) {
+        return frame.work(waiting)
+    }
+
+    function save() {
+        confirmed()
+        if (work(() => vm.save()))
+            frame.finish(false)
+    }
 
     Component.onCompleted: JsFunc.timerOnce(GlobalConfig.initDelyTime, () => {
         if (page) {
             page.isStarted = true
-            dlg.work(() => page.started())
+            page.work(page.start)
         }
     })
 
@@ -34,7 +47,7 @@ Item {
         anchors.top: parent.top
         anchors.bottom: button.top
         anchors.bottomMargin: button.visible ? Theme.spacing : 0
-        enabled: page.isEnabled && page.isStarted
+        enabled: page.isEnabled
     }
 
     PushButton {
@@ -46,16 +59,8 @@ Item {
         height: visible ? Theme.buttonHeight : 0
         width: 260
         text: page.confirmText
-        enabled: page.isEnabled && page.isStarted
-        onClicked: {
-            Qt.inputMethod.commit() // what is still being composed counts
-            JsFunc.delay15(() => {
-                if (!page)
-                    return
-                page.confirmed()
-                if (page.saver && dlg.work(() => page.saver.save()))
-                    dlg.save()
-            })
-        }
+        enabled: page.isEnabled
+        onClicked: Qt.inputMethod.commit() // what is still being composed counts
+        action: () => page.save()
     }
 }

@@ -7,16 +7,12 @@ RoomPage {
     id: page
 
     confirmText: "确  定"
-    saver: pageVm
-    onStarted: {
-        pageVm.init(vm.pRoomDetail)
-        remarkArea.text = pageVm.remark
+    vm: RoomRemarkVm {}
+    start: () => {
+        vm.init(page.room)
+        remarkArea.text = vm.remark
     }
-    onConfirmed: pageVm.remark = remarkArea.text
-
-    RoomRemarkVm {
-        id: pageVm
-    }
+    onConfirmed: vm.remark = remarkArea.text
 
     RemarkArea {
         id: remarkArea

@@ -1,5 +1,4 @@
 import QtQuick 2.15
-import "../../Components"
 
 // A part of a page under a caption.
 Item {
@@ -8,13 +7,11 @@ Item {
     property string caption: ""
     default property alias content: body.data
 
-    Text {
+    PlainText {
         id: head
         width: parent.width
         text: box.caption
-        elide: Text.ElideRight
-        font.family: Pinfang
-        font.pixelSize: 22
+        font.pixelSize: Theme.headSize
         color: Theme.textMuted
     }
 

@@ -1,6 +1,6 @@
 import QtQuick 2.15
 
-// The charging plans of a rest room.
+// Charging plans.
 PickGrid {
     objectName: "planGrid"
     textRole: "planName"

@@ -1,21 +1,16 @@
 import QtQuick 2.15
-import "../../Components"
-import "../../../js/Func.js" as JsFunc
 
-// Hand cards of a room page. Where wanted a card has a cross that takes it off, or a check box for the one that stands
-// out; the page tells what a tap on the card means.
+// Hand cards. What may be done with one is what the page gives a function for: pick(index) by a tap on the card,
+// remove(index, cardNo) by its cross, check(index) by its check box, where checkText labels one.
 ChoiceGrid {
     id: cards
 
-    property bool isReadOnly: false
-    property bool isRemovable: false
-    property string checkText: "" // label of the check box, without one there is none
+    property string checkText: ""
     property color selectedColor: "transparent"
     property color restColor: "transparent"
-
-    signal tapped(int index)
-    signal checked(int index)
-    signal removed(int index, string cardNo)
+    property var pick: null
+    property var check: null
+    property var remove: null
 
     tileWidth: checkText === "" ? 180 : 320
     emptyText: "没有手牌"
@@ -34,17 +29,16 @@ ChoiceGrid {
             anchors.right: checkKey.visible ? checkKey.left : parent.right
             anchors.rightMargin: checkKey.visible ? 12 : 8
             height: parent.height - 8
-            enabled: !cards.isReadOnly
+            enabled: Boolean(cards.pick || cards.remove)
             text: model.cardNo
             pixelSize: 24
             backColor: cell.isSelected ? cards.selectedColor : cards.restColor
             foreColor: cell.isSelected && cards.selectedColor.a > 0 ? Theme.textOnColor : Theme.text
-            isRemovable: cards.isRemovable
+            isRemovable: Boolean(cards.remove)
             removeName: "remove_" + model.cardNo
             Accessible.checked: cell.isSelected
-            onClicked: cards.tapped(index)
-            // The next card comes under the finger; a bouncing tap mustn't take that one off too.
-            onRemoved: JsFunc.singly(15, () => cell && cards.removed(index, model.cardNo))
+            onClicked: cards.run(cards.pick, index)
+            onRemoved: cards.run(cards.remove, index, model.cardNo)
         }
 
         CheckMark {
@@ -56,7 +50,7 @@ ChoiceGrid {
             visible: cards.checkText !== ""
             text: cards.checkText
             isChecked: cell.isChecked
-            onClicked: cards.checked(index)
+            onClicked: cards.run(cards.check, index)
         }
     }
 }

@@ -1,5 +1,4 @@
 import QtQuick 2.15
-import "../../Components"
 
 // One room out of many: at the left the button that narrows the list by a number, and below it what else the page has
 // to set; at the right the rooms, of which the model marks one.
@@ -7,10 +6,10 @@ Item {
     id: chooser
 
     property alias model: rooms.model
+    property alias search: ask.take
+    property alias work: ask.work
+    property alias choose: rooms.choose
     default property alias extras: side.data
-
-    signal searched(string roomNo)
-    signal chosen(int index)
 
     Column {
         id: side
@@ -19,9 +18,9 @@ Item {
         spacing: Theme.spacing
 
         AskButton {
+            id: ask
             objectName: "searchButton"
             text: "请输入房间号"
-            onEntered: chooser.searched(number)
         }
     }
 
@@ -31,11 +30,9 @@ Item {
         anchors.left: side.right
         anchors.leftMargin: Theme.spacing
         anchors.right: parent.right
-        anchors.top: parent.top
-        anchors.bottom: parent.bottom
+        height: parent.height
         textRole: "tempName"
         namePrefix: "room_"
         emptyText: "没有可选的房间"
-        onChosen: chooser.chosen(index)
     }
 }

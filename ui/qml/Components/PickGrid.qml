@@ -1,14 +1,12 @@
 import QtQuick 2.15
-import "../../Components"
 
-// Tiles of which the model marks one.
+// Tiles of which the model marks one; a tap on one is choose(index).
 ChoiceGrid {
     id: grid
 
     property string textRole: ""
     property string namePrefix: ""
-
-    signal chosen(int index)
+    property var choose: null
 
     tileWidth: 230
     delegate: CheckTile {
@@ -19,6 +17,6 @@ ChoiceGrid {
         backColor: model.backColor
         foreColor: model.foreColor
         Accessible.checked: model.isChecked
-        onClicked: grid.chosen(index)
+        onClicked: grid.run(grid.choose, index)
     }
 }

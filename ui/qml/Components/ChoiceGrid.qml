@@ -1,6 +1,6 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15
-import "../../Components"
+import "../../js/Func.js" as JsFunc
 
 // Tiles of even width that fill their place and scroll; tells when there is nothing to choose from.
 GridView {
@@ -11,6 +11,12 @@ GridView {
 
     readonly property int usableWidth: Math.max(1, width - bar.width)
 
+    // What a tap on a tile starts. One at a time for the whole grid: the next tile may come under the finger.
+    function run(action, ...values) {
+        if (action)
+            JsFunc.singly(15, () => grid && action(...values))
+    }
+
     clip: true
     boundsBehavior: Flickable.StopAtBounds
     cellWidth: Math.floor(usableWidth / Math.max(1, Math.floor(usableWidth / tileWidth)))
@@ -19,15 +25,8 @@ GridView {
         id: bar
     }
 
-    Text {
-        anchors.centerIn: parent
-        width: Math.min(parent.width, implicitWidth)
-        visible: grid.count === 0
+    EmptyText {
+        list: grid
         text: grid.emptyText
-        wrapMode: Text.Wrap
-        horizontalAlignment: Text.AlignHCenter
-        font.family: Pinfang
-        font.pixelSize: Theme.textSize
-        color: Theme.textMuted
     }
 }

@@ -1,0 +1,38 @@
+// Questions to the user. Each returns when it is answered, and undefined when it was called off.
+.import "../qml/DlgManager.js" as Dlg
+
+// What was typed.
+function number(prompt) {
+    const answer = Dlg.showDialog("numKeyDlg", {strText: prompt})
+    return isGiven(answer) ? answer.inputText : undefined
+}
+
+// A hand card, typed or read: {cardNo, rfid}, of which one is empty.
+function card(prompt) {
+    const answer = Dlg.showDialog("numKeyDlg", {strText: prompt, isReadOk: true, readType: 1})
+    return isGiven(answer) ? {cardNo: answer.inputText, rfid: answer.cardUid} : undefined
+}
+
+// What was typed as a quantity; its worth is for the caller to judge.
+function quantity(prompt) {
+    const answer = Dlg.showDialog("numDlg", prompt === undefined ? {} : {strText: prompt})
+    return isGiven(answer) ? answer.num : undefined
+}
+
+// Yes or no, above whatever is open.
+function isConfirmed(question) {
+    return isYes("msgConfirmDlg", question)
+}
+
+// The same of a page, in its own window.
+function isConfirmedOnPage(question) {
+    return isYes("confirmDlg", question)
+}
+
+function isYes(dialog, question) {
+    return Dlg.showDialog(dialog, {titleText: "提示", contentText: question}) === true
+}
+
+function isGiven(answer) {
+    return answer !== undefined && answer.dlgResult
+}

@@ -1,0 +1,38 @@
+import QtQuick 2.15
+import "../../js/Func.js" as JsFunc
+
+// Whatever is tapped: its colours, its name for those who don't see it, and the tap. clicked() comes at once. What may
+// wait for the back end or the user is an action instead, since Qt ends the program when an object goes while a handler
+// of its signals runs: it begins once the tap is over, unless the tappable has gone, and not again before it has ended.
+Rectangle {
+    id: tappable
+
+    property string label: ""
+    property color restColor: Theme.surface
+    property color pressedColor: Theme.keyPressed
+    property color disabledColor: restColor
+    property int delay: 15 // ms
+    property var action: null
+
+    readonly property bool isPressed: area.pressed
+
+    signal clicked()
+
+    function tap() {
+        clicked()
+        if (action)
+            JsFunc.singly(delay, () => tappable && tappable.action())
+    }
+
+    radius: Theme.radius
+    color: !enabled ? disabledColor : isPressed ? pressedColor : restColor
+    Accessible.role: Accessible.Button
+    Accessible.name: label
+    Accessible.onPressAction: tap()
+
+    MouseArea {
+        id: area
+        anchors.fill: parent
+        onClicked: tappable.tap()
+    }
+}
