@@ -76,6 +76,18 @@ ApplicationWindow {
         DlgManager.cloudSignal.connect(showCloud)
     }
 
+    Binding {
+        target: Theme
+        property: "windowWidth"
+        value: root.width
+    }
+
+    Binding {
+        target: Theme
+        property: "windowHeight"
+        value: root.height
+    }
+
     Loader {
         anchors.fill: parent
         objectName: "pageLoader"

@@ -15,15 +15,16 @@ QtObject {
 
     // Type
     readonly property color text: "#1F2D3D"
-    readonly property color textMuted: "#5B6B7C"
-    readonly property color textFaint: "#9AA7B5"
+    readonly property color textMuted: "#526173"
+    readonly property color textFaint: "#66758A"
     readonly property color textOnColor: "#FFFFFF"
-    readonly property int titleSize: 26
-    readonly property int headSize: 22
-    readonly property int textSize: 20
-    readonly property int captionSize: 16
-    readonly property int keySize: 30
-    readonly property int keyPressedSize: 42
+    readonly property int leastSize: 14 // below that nobody reads it from a stool
+    readonly property int captionSize: px(16)
+    readonly property int textSize: px(20)
+    readonly property int headSize: px(22)
+    readonly property int titleSize: px(26)
+    readonly property int keySize: px(30)
+    readonly property int keyPressedSize: px(42)
 
     // Actions
     readonly property color accent: "#2F6FE4"
@@ -72,10 +73,31 @@ QtObject {
         error: {back: "#FEF0F0", border: "#FDE2E2", text: "#F13737"}
     })
 
-    // Shapes; nothing that is tapped is smaller than touchSize
-    readonly property int touchSize: 44
-    readonly property int buttonHeight: 60
-    readonly property int headerHeight: 42
-    readonly property int spacing: 16
-    readonly property int radius: 10
+    // Shapes; nothing that is tapped is smaller than touchSize, and what is tapped in haste is as large as a key
+    readonly property int touchSize: 48
+    readonly property int keyHeight: px(64)
+    readonly property int buttonHeight: px(64)
+    readonly property int headerHeight: px(52)
+    readonly property int spacing: px(16)
+    readonly property int gap: px(8)
+    readonly property int radius: px(10)
+
+    // The window's size, from the root window; sizes are given for 1366 x 768 and grow with it, up to a point.
+    property real windowWidth: 1366
+    property real windowHeight: 768
+    readonly property real scale: Math.max(1, Math.min(1.4, windowWidth / 1366, windowHeight / 768))
+
+    function px(size) {
+        return Math.round(size * scale)
+    }
+
+    // Black or white, whichever is read better on the ground: by the contrast of their luminances.
+    function textOn(ground) {
+        const luminance = 0.2126 * linear(ground.r) + 0.7152 * linear(ground.g) + 0.0722 * linear(ground.b)
+        return 1.05 / (luminance + 0.05) >= (luminance + 0.05) / 0.0625 ? textOnColor : textOnLight
+    }
+
+    function linear(channel) {
+        return channel <= 0.03928 ? channel / 12.92 : Math.pow((channel + 0.055) / 1.055, 2.4)
+    }
 }
