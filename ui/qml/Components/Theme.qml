@@ -94,7 +94,7 @@ QtObject {
     // Black or white, whichever is read better on the ground: by the contrast of their luminances.
     function textOn(ground) {
         const luminance = 0.2126 * linear(ground.r) + 0.7152 * linear(ground.g) + 0.0722 * linear(ground.b)
-        return 1.05 / (luminance + 0.05) >= (luminance + 0.05) / 0.0625 ? textOnColor : textOnLight
+        return 1.05 / (luminance + 0.05) >= (luminance + 0.05) / 0.0582 ? textOnColor : textOnLight
     }
 
     function linear(channel) {
