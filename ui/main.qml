@@ -18,9 +18,17 @@ ApplicationWindow {
     function showMessage(msg, infoType) {
         message.text = msg
         message.type = infoType
+        message.canReprint = false
         message.show = true
         if (infoType === "success" || infoType === "error" || infoType === "info")
             message.openTimer()
+    }
+
+    // The dialogs that are windows of their own, the front one last.
+    property var dialogWindows: []
+
+    function noteWindow(dialog, isOpen) {
+        dialogWindows = dialogWindows.filter(open => open !== dialog).concat(isOpen ? [dialog] : [])
     }
 
     // A dialog that is made here outlives the page that asked for it.
@@ -68,6 +76,7 @@ ApplicationWindow {
     color: Theme.backgroundTo
 
     Component.onCompleted: {
+        MyMessage.reprintOffered.connect(() => message.canReprint = true)
         MyMessage.showMessageSignal.connect(showMessage)
         MyMessage.openBusyDlgSignal.connect(openBusyDlg)
         MyMessage.closeBusyDlgSignal.connect(closeBusyDlg)
@@ -115,8 +124,21 @@ ApplicationWindow {
         contentItem: BusyIndicator {}
     }
 
+    // A dialog that is a window of its own shades the rest like any other.
+    Rectangle {
+        parent: Overlay.overlay
+        anchors.fill: parent
+        z: 900
+        visible: root.dialogWindows.length > 0
+        color: Theme.shade
+    }
+
+    CallRing {
+        parent: Overlay.overlay
+    }
+
     Message {
         id: message
-        owner: root
+        owner: root.dialogWindows.length > 0 ? root.dialogWindows[root.dialogWindows.length - 1] : root
     }
 }

@@ -2,8 +2,9 @@
 
 #include <utility>
 
-Authoriser DlgManager::showAuthDlg()
+Authoriser DlgManager::showAuthDlg(const QString& call)
 {
+    setAskedCall(call);
     m_authoriser = {};
     Q_EMIT authSignal();
     // Nobody who vouched for another call may vouch for this one.

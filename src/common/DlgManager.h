@@ -1,8 +1,7 @@
 #pragma once
 
+#include "common/Property.h"
 #include "common/Singleton.h"
-
-#include <QObject>
 
 /// Who authorised a refused call; an empty id means that nobody did.
 struct Authoriser
@@ -17,10 +16,11 @@ struct Authoriser
 class DlgManager : public QObject, public Singleton<DlgManager>
 {
     Q_OBJECT
+    PROPERTY(QString, askedCall, setAskedCall, {}) // the call that a supervisor is asked for, in words
 
 public:
-    /// Asks for a supervisor on the spot.
-    Authoriser showAuthDlg();
+    /// Asks for a supervisor on the spot; the call is told in words, if there are any.
+    Authoriser showAuthDlg(const QString& call = {});
     /// Lets the user choose a line.
     void showCloudDlg();
     /// What the supervisor dialog delivers, from its page.

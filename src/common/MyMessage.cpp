@@ -2,6 +2,8 @@
 
 #include <QDebug>
 
+#include <utility>
+
 void MyMessage::showMessage(const QString& msg, int infoType)
 {
     Q_EMIT showMessageSignal(msg, infoType == 1   ? QStringLiteral("success")
@@ -18,3 +20,16 @@ void MyMessage::showError(const QString& msg)
 void MyMessage::ShowError(const QString& msg) { Q_EMIT showMessageSignal(msg, QStringLiteral("error")); }
 
 void MyMessage::showOk(const QString& msg) { Q_EMIT showMessageSignal(msg, QStringLiteral("success")); }
+
+void MyMessage::showErrorWithReprint(const QString& msg, std::function<void()> again)
+{
+    showError(msg);
+    m_again = std::move(again);
+    Q_EMIT reprintOffered();
+}
+
+void MyMessage::reprint()
+{
+    if (const std::function<void()> again = std::exchange(m_again, nullptr))
+        again();
+}

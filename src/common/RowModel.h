@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/Property.h"
+
 #include <QAbstractListModel>
 #include <QMutex>
 #include <QVector>
@@ -12,6 +14,7 @@
 class ListModel : public QAbstractListModel
 {
     Q_OBJECT
+    PROPERTY(bool, isLoaded, setIsLoaded, false) // rows, or that there are none, are known
 
 public:
     using QAbstractListModel::QAbstractListModel;
@@ -121,6 +124,7 @@ public:
     /// Puts other rows in place of all; the views start afresh.
     void replace(const QVector<Row>& rows)
     {
+        setIsLoaded(true);
         beginResetModel();
         {
             QMutexLocker lock(&m_mutex);

@@ -1,6 +1,7 @@
 #include "entry/Pages.h"
 
 #include "app/MainClass.h"
+#include "common/CallWatch.h"
 #include "common/DlgManager.h"
 #include "common/GlobalConfig.h"
 #include "common/MyMessage.h"
@@ -8,6 +9,7 @@
 #include "vm/dialogs/DialogsRegister.h"
 #include "vm/mainpage/Fps.h"
 #include "vm/module1/Module1Register.h"
+#include "vm/shared/TapWatch.h"
 
 #include <QDebug>
 #include <QFontDatabase>
@@ -41,6 +43,7 @@ void registerSingletons()
     qmlRegisterSingletonInstance("MyMessage", 1, 0, "MyMessage", MyMessage::getInstance());
     qmlRegisterSingletonInstance("MainClass", 1, 0, "MainClass", MainClass::getInstance());
     qmlRegisterSingletonInstance("GlobalConfig", 1, 0, "GlobalConfig", GlobalConfig::getInstance());
+    qmlRegisterSingletonInstance("CallWatch", 1, 0, "CallWatch", CallWatch::getInstance());
     qmlRegisterSingletonInstance("DlgManager", 1, 0, "DlgManager", DlgManager::getInstance());
 }
 
@@ -60,6 +63,7 @@ void loadFonts(QQmlEngine& engine, const QString& directory)
 
 void loadPages(QQmlApplicationEngine& engine, const QString& directory)
 {
+    TapWatch::install();
     loadFonts(engine, directory);
     const QUrl root(QStringLiteral("qrc:/main.qml"));
     QObject::connect(

@@ -1,5 +1,7 @@
 #include "net/NetServer.h"
 
+#include "common/CallNames.h"
+#include "common/CallWatch.h"
 #include "common/Clock.h"
 #include "common/DlgManager.h"
 #include "common/GlobalConfig.h"
@@ -85,7 +87,7 @@ ApiRes* NetServer::call(BaseRequest request, ApiRes* (*makeReply)(), const QMeta
         fillReply(reply, body, replyMeta);
 
         if (reply->code() == QLatin1String("AUTH_ERR_0002")) {
-            authoriser = DlgManager::getInstance()->showAuthDlg();
+            authoriser = DlgManager::getInstance()->showAuthDlg(nameOfCall(request.url));
             if (!authoriser.id.isEmpty()) {
                 request.data.insert(QStringLiteral("authOperater"), authoriser.id);
                 reply->deleteLater();
@@ -144,8 +146,10 @@ void NetServer::waitFor(libcurl& worker, const QString& url, const BaseRequest& 
     // A thread that couldn't be made never ends; the worker stands as failed.
     if (worker.isRunning() || worker.isFinished()) {
         ++s_underWay;
+        CallWatch::getInstance()->setIsWaiting(true);
         loop->exec();
         --s_underWay;
+        CallWatch::getInstance()->setIsWaiting(s_underWay > 0);
     }
     // The loop ends without the worker only when the whole program does.
     if (worker.isRunning())

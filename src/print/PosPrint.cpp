@@ -26,6 +26,31 @@ QString settingOf(const QString& key)
 
 bool isSwitchedOn(const QString& key) { return settingOf(key) == QLatin1String("1"); }
 
+/// The slip in words.
+QString slipName(int kind)
+{
+    switch (kind) {
+    case PrintOrder:
+    case PrintOrderAgain:
+        return QStringLiteral("【消费单】");
+    case PrintTransfer:
+        return QStringLiteral("【转账单】");
+    case PrintTechnicianEnd:
+    case PrintServiceEnd:
+        return QStringLiteral("【下钟单】");
+    case PrintSalesReport:
+        return QStringLiteral("【业绩单】");
+    case PrintBuffet:
+        return QStringLiteral("【自助餐单】");
+    case PrintOpenRoom:
+        return QStringLiteral("【开房单】");
+    case PrintLeaveRoom:
+        return QStringLiteral("【离房单】");
+    default:
+        return {};
+    }
+}
+
 PosPrintDLL& terminalLibrary()
 {
     static PosPrintDLL library;
@@ -72,16 +97,22 @@ bool PosPrint::openDevice(const QString& address, const QString& port)
     const QByteArray name = LocalText::encode(isNetwork ? address : m_settings.printerName);
     printerHandle =
         m_library.POS_Open(name.constData(), 0, 0, 0, 0, isNetwork ? PosNetworkAddress : PosPrinterName);
-    if (printerHandle == posOpenFailed()) {
-        // Behind what the caller has to say: his "操作成功" would take this one's place at once.
-        QTimer::singleShot(0, m_message, [message = m_message] {
-            message->showError(QStringLiteral("打印失败,未正确连接打印机"));
-        });
+    if (printerHandle == posOpenFailed())
         return false;
-    }
     if (isNetwork)
         m_library.POS_Reset();
     return true;
+}
+
+/// Behind what the caller has to say: his "操作成功" would take this one's place at once.
+void PosPrint::tellFailure(int kind, const QVariant& data, const QString& address, const QString& port)
+{
+    QTimer::singleShot(0, this, [=] {
+        const QString failure = QStringLiteral("打印失败,未正确连接打印机");
+        const QString slip = slipName(kind);
+        m_message->showErrorWithReprint(slip.isEmpty() ? failure : slip + failure,
+                                        [=] { print(kind, data, address, port); });
+    });
 }
 
 void PosPrint::posTextOut(const QString& text, unsigned width, unsigned height)
@@ -95,8 +126,12 @@ void PosPrint::print(int kind, const QVariant& data, const QString& address, con
 {
     if (kind == PrintOpenRoom && !m_settings.isOpenRoomPrint)
         return;
-    if (!m_isLoaded || !openDevice(address, port))
+    if (!m_isLoaded)
         return;
+    if (!openDevice(address, port)) {
+        tellFailure(kind, data, address, port);
+        return;
+    }
     const int lackingBefore = m_paper.lackingCharacters();
     printSlips(kind, data);
     m_library.POS_Close();

@@ -41,7 +41,7 @@ struct PrintSettings
 /// The receipt printer. Main thread; the calls return when the last line is handed over.
 ///
 /// Nothing that fails here reaches the caller: without the library printing is silent, without the printer the
-/// user is told, and the slip is lost.
+/// user is told which slip was lost, and may have it printed again as long as that message stands.
 class PosPrint : public QObject, public Singleton<PosPrint>
 {
     Q_OBJECT
@@ -53,7 +53,7 @@ public:
     /// Prints a record as the slip of a PrintKind. A port makes address the printer, else the setting does.
     void print(int kind, const QVariant& data, const QString& address, const QString& port);
 
-    /// False when the printer can't be opened; the user has been told.
+    /// False when the printer can't be opened.
     bool openDevice(const QString& address, const QString& port);
     /// One line of 42 columns and a feed; width is 1, height 1 or 2.
     void posTextOut(const QString& text, unsigned width, unsigned height);
@@ -63,6 +63,7 @@ private:
     friend class Singleton<PosPrint>;
     PosPrint();
 
+    void tellFailure(int kind, const QVariant& data, const QString& address, const QString& port);
     void printSlips(int kind, const QVariant& data);
     void printOrders(const consumer_print_struct& record);
     template <typename Record, typename Layout>

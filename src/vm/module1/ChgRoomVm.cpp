@@ -53,7 +53,7 @@ void RestChgRoomVm::selectRoom(int index)
         return;
     const QPointer<RestChgRoomVm> self(this);
     PlanListModel fetched;
-    fetched.fetch(newRoomId);
+    fetchPlans(&fetched, newRoomId);
     // The answer may come after that of a room that was chosen later.
     if (!self || pEmptyRoomModel()->checkedId() != newRoomId)
         return;

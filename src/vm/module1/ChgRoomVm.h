@@ -1,10 +1,9 @@
 #pragma once
 
-#include "vm/module1/RoomLookups.h"
-#include "vm/shared/ActionVm.h"
+#include "vm/module1/RoomSettings.h"
 
 /// What both pages do that move a room in use to an empty one. The room ids are the back end's.
-class ChgRoomVm : public ActionVm
+class ChgRoomVm : public PlanPageVm
 {
     Q_OBJECT
     PROPERTY(bool, isNeedClean, setIsNeedClean, false)          // the room that is left goes to cleaning
@@ -20,7 +19,7 @@ public:
     Q_INVOKABLE virtual bool save() = 0;
 
 protected:
-    explicit ChgRoomVm(QObject* parent) : ActionVm(parent), m_rooms(new TempDataModel(this)) {}
+    explicit ChgRoomVm(QObject* parent) : PlanPageVm(parent), m_rooms(new TempDataModel(this)) {}
 
     /// Lists these rooms and chooses the first.
     virtual void takeRooms(const QList<temp_struct>& rooms);

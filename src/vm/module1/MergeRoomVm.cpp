@@ -47,7 +47,31 @@ bool MergeRoomVm::init(const QString& roomId, const QString& roomNo)
 bool MergeRoomVm::getRoomList(const QString& roomNo)
 {
     return fetch(&Bba01Service::getCanMergeRoomList, {{"roomNo", m_roomNo}, {"schRoomNo", roomNo}},
-                 [this](const GetCanMergeRoomList& reply) { m_groups->replaceAll(groupsOf(reply.data())); });
+                 [this](const GetCanMergeRoomList& reply) { take(groupsOf(reply.data())); });
+}
+
+/// The selected rooms stay so, as far as they are still on the list; which aren't, is told.
+void MergeRoomVm::take(const QVector<CanMergeRoomVm*>& groups)
+{
+    QMap<QString, QString> selected;
+    for (const CanMergeRoomVm* group : m_groups->getAll()) {
+        for (const temp_struct& room : group->pRoomModel()->getAll()) {
+            if (room.isSelected)
+                selected.insert(room.tempId, room.tempName);
+        }
+    }
+    for (CanMergeRoomVm* group : groups) {
+        const QVector<temp_struct> rooms = group->pRoomModel()->getAll();
+        for (int i = 0; i < rooms.size(); ++i) {
+            if (selected.remove(rooms.at(i).tempId) > 0)
+                group->selectRoom(i);
+        }
+    }
+    m_groups->replaceAll(groups);
+    if (!selected.isEmpty()) {
+        const QString lost = QStringList(selected.values()).join(QStringLiteral("、"));
+        MyMessage::getInstance()->showMessage(QStringLiteral("已取消选择: ") + lost, 0);
+    }
 }
 
 bool MergeRoomVm::save()

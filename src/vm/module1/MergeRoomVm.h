@@ -49,6 +49,8 @@ public:
     Q_INVOKABLE bool save();
 
 private:
+    void take(const QVector<CanMergeRoomVm*>& groups);
+
     CanMergeRoomModel* m_groups;
     QString m_roomId;
     QString m_roomNo;

@@ -94,7 +94,7 @@ void OpenRestVm::init(const QString& roomId, const QString& roomNo)
     const QPointer<OpenRestVm> self(this);
     OpeningVm::init(roomId, roomNo);
     if (self)
-        m_plans->fetch(roomId);
+        fetchPlans(m_plans, roomId);
 }
 
 bool OpenRestVm::save()

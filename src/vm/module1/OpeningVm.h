@@ -1,7 +1,6 @@
 #pragma once
 
 #include "print/PrintRecords.h"
-#include "vm/module1/RoomLookups.h"
 #include "vm/module1/RoomSettings.h"
 
 #include <QMap>

@@ -19,7 +19,7 @@ void MassChgRestVm::init(const QString& roomId, const QString& roomNo, RoomDetai
     const QPointer<MassChgRestVm> self(this);
     ChgKindVm::init(roomId, roomNo, room);
     if (self && (usedRoomMod() || room))
-        m_plans->fetch(roomId);
+        fetchPlans(m_plans, roomId);
 }
 
 void MassChgRestVm::getCardInfo(const QString& cardNo, const QString& rfid)
@@ -67,7 +67,7 @@ bool RestChgMassVm::save()
 void RestChgPlanVm::init(const QString& roomId)
 {
     m_roomId = roomId;
-    m_plans->fetch(roomId);
+    fetchPlans(m_plans, roomId);
 }
 
 bool RestChgPlanVm::save()

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "vm/module1/RoomLookups.h"
 #include "vm/module1/RoomSettings.h"
 
 // What becomes of a room in use without its guests going elsewhere.
@@ -63,13 +62,13 @@ public:
 };
 
 /// Puts a rest room in use under another plan.
-class RestChgPlanVm : public ActionVm
+class RestChgPlanVm : public PlanPageVm
 {
     Q_OBJECT
     CONSTANT_PROPERTY(PlanListModel*, pPlanListModel, m_plans) // none checked at first
 
 public:
-    explicit RestChgPlanVm(QObject* parent = nullptr) : ActionVm(parent), m_plans(new PlanListModel(this)) {}
+    explicit RestChgPlanVm(QObject* parent = nullptr) : PlanPageVm(parent), m_plans(new PlanListModel(this)) {}
 
     /// Fetches the room's plans; a refusal is shown.
     Q_INVOKABLE void init(const QString& roomId);

@@ -1,10 +1,30 @@
 #include "vm/module1/RoomLookups.h"
 
-#include "services/Bba01Service.h"
-#include "services/Reply.h"
+#include "vm/shared/Texts.h"
 
-#include <QPointer>
 #include <QSet>
+
+namespace {
+
+/// Hours and fee of a plan in words, as far as it has them.
+QString termsOf(const plan_struct& plan)
+{
+    QStringList terms;
+    if (plan.min_time > 0)
+        terms.append(QStringLiteral("%1小时").arg(plan.min_time));
+    if (plan.min_fee > 0)
+        terms.append(QStringLiteral("￥") + shortMoney(plan.min_fee));
+    return terms.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+PlanListModel::PlanListModel(QObject* parent)
+    : ChoiceModel({field("planId", &plan_struct::id), field("planName", &plan_struct::name),
+                   Role("planTerms", termsOf)},
+                  parent)
+{
+}
 
 void PlanListModel::upate(const Array<RoomPlanDto*>& plans)
 {
@@ -14,13 +34,7 @@ void PlanListModel::upate(const Array<RoomPlanDto*>& plans)
     refresh(rows);
 }
 
-void PlanListModel::fetch(const QString& roomId)
-{
-    const QPointer<PlanListModel> self(this);
-    const auto reply = call(&Bba01Service::getRoomPlanNew, {{"roomId", roomId}, {"planType", 1}});
-    if (isOkOrShown(*reply) && self)
-        upate(reply->data());
-}
+QJsonObject planRequest(const QString& roomId) { return {{"roomId", roomId}, {"planType", 1}}; }
 
 QList<card_struct> cardsOf(const RoomDetailDto& room)
 {

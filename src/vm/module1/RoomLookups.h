@@ -4,6 +4,8 @@
 #include "dto/room/RoomOpeningRecords.h"
 #include "vm/shared/CardListModel.h"
 
+#include <QJsonObject>
+
 // What several room pages list and fetch.
 
 /// A charging plan of a rest room. Money in yuan.
@@ -21,16 +23,14 @@ class PlanListModel : public ChoiceModel<plan_struct>
     Q_OBJECT
 
 public:
-    explicit PlanListModel(QObject* parent = nullptr)
-        : ChoiceModel({field("planId", &plan_struct::id), field("planName", &plan_struct::name)}, parent)
-    {
-    }
+    explicit PlanListModel(QObject* parent = nullptr);
 
+    /// None of them checked.
     void upate(const Array<RoomPlanDto*>& plans);
-    /// Fills it with the room's plans, none of them checked; a refusal is shown and leaves it as it is. The
-    /// list may be gone before the answer comes.
-    void fetch(const QString& roomId);
 };
+
+/// What a room's plans are asked for with.
+QJsonObject planRequest(const QString& roomId);
 
 /// The cards of a room's detail, each number once in the order of first appearance: the list has a card as
 /// often as it has consumption lines.

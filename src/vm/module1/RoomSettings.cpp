@@ -1,6 +1,7 @@
 #include "vm/module1/RoomSettings.h"
 
 #include "common/GlobalConfig.h"
+#include "services/Bba01Service.h"
 
 namespace {
 
@@ -18,4 +19,10 @@ RoomSettings RoomSettings::ofStore()
         settings.defaultTime = qMax(leastHours, sysConfig->defaultTime());
     }
     return settings;
+}
+
+void PlanPageVm::fetchPlans(PlanListModel* plans, const QString& roomId)
+{
+    fetch(&Bba01Service::getRoomPlanNew, planRequest(roomId),
+          [plans](const GetPlanListNew& reply) { plans->upate(reply.data()); });
 }

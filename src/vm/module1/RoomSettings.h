@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vm/module1/RoomLookups.h"
 #include "vm/shared/ActionVm.h"
 
 /// What the store has set for opening and changing rooms; the defaults hold until its settings have arrived.
@@ -13,8 +14,20 @@ struct RoomSettings
     static RoomSettings ofStore();
 };
 
+/// Base of the room pages that may fetch charging plans.
+class PlanPageVm : public ActionVm
+{
+    Q_OBJECT
+
+protected:
+    using ActionVm::ActionVm;
+
+    /// Fills the list with the room's plans, none of them checked; a refusal is shown and leaves it as it is.
+    void fetchPlans(PlanListModel* plans, const QString& roomId);
+};
+
 /// Base of the room pages that go by hand cards, or in a house without them by the room's own.
-class RoomPageVm : public ActionVm
+class RoomPageVm : public PlanPageVm
 {
     Q_OBJECT
     PROPERTY(bool, usedRoomMod, setUsedRoomMod, RoomSettings::ofStore().usedRoomMod)
@@ -22,5 +35,5 @@ class RoomPageVm : public ActionVm
     PROPERTY(QString, roomId, setRoomId, {})
 
 protected:
-    using ActionVm::ActionVm;
+    using PlanPageVm::PlanPageVm;
 };

@@ -13,6 +13,7 @@ class ActionVm : public BaseObject
 {
     Q_OBJECT
     PROPERTY(bool, isEnabled, setIsEnabled, true) // false while an action runs; pages bind their buttons to it
+    PROPERTY(bool, isLoadFailed, setIsLoadFailed, false) // the last fetch brought nothing
 
 protected:
     using BaseObject::BaseObject;
@@ -89,6 +90,7 @@ private:
         if (!page)
             return false;
         page->m_wasAnswered = isAnswered(*reply);
+        page->setIsLoadFailed(!isOk(*reply));
         if (!isOkOrShown(*reply, refusal))
             return false;
         take(*reply);

@@ -9,6 +9,7 @@ CardListModel::CardListModel(QObject* parent)
                 field("isSelected", &card_struct::isSelected)},
                parent)
 {
+    setIsLoaded(true); // cards come with a room or by hand
 }
 
 void CardListModel::addOne(const CardDetailDto& card)

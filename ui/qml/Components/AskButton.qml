@@ -10,7 +10,7 @@ PushButton {
     property var take: null
     property var work: waiting => waiting() // runs what waits in a way that keeps the page
 
-    width: 220
+    width: Theme.px(220)
     iconText: Glyphs.search
     role: "plain"
     pixelSize: Theme.headSize

@@ -12,7 +12,7 @@ ChoiceGrid {
     property var check: null
     property var remove: null
 
-    tileWidth: checkText === "" ? 180 : 320
+    tileWidth: Theme.px(checkText === "" ? 180 : 320)
     emptyText: "没有手牌"
     delegate: Item {
         id: cell
@@ -31,7 +31,8 @@ ChoiceGrid {
             height: parent.height - 8
             enabled: Boolean(cards.pick || cards.remove)
             text: model.cardNo
-            pixelSize: 24
+            pixelSize: Theme.px(24)
+            isChosen: cell.isSelected && Boolean(cards.pick)
             backColor: cell.isSelected ? cards.selectedColor : cards.restColor
             foreColor: cell.isSelected && cards.selectedColor.a > 0 ? Theme.textOnColor : Theme.text
             isRemovable: Boolean(cards.remove)

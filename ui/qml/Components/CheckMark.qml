@@ -8,7 +8,8 @@ Tappable {
     property bool isChecked: false
 
     implicitWidth: row.width + 24
-    implicitHeight: 56
+    implicitHeight: Theme.keyHeight
+    isToggle: true
     label: text
     border.color: isChecked ? Theme.accent : Theme.line
     Accessible.role: Accessible.CheckBox

@@ -6,7 +6,7 @@ import "../../js/Func.js" as JsFunc
 GridView {
     id: grid
 
-    property int tileWidth: 180 // at least
+    property int tileWidth: Theme.px(180) // at least
     property string emptyText: ""
 
     readonly property int usableWidth: Math.max(1, width - bar.width)
@@ -20,7 +20,7 @@ GridView {
     clip: true
     boundsBehavior: Flickable.StopAtBounds
     cellWidth: Math.floor(usableWidth / Math.max(1, Math.floor(usableWidth / tileWidth)))
-    cellHeight: 66
+    cellHeight: Theme.keyHeight + Theme.gap
     ScrollBar.vertical: ListScrollBar {
         id: bar
     }

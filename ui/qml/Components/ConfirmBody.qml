@@ -13,6 +13,11 @@ Item {
     signal confirmed()
     signal cancelled()
 
+    // The text comes from outside in parts; nothing in it is markup.
+    function styled(text) {
+        return text.replace(/&/g, "&amp;").replace(/</g, "&lt;").replace(/>/g, "&gt;").replace(/\n/g, "<br>")
+    }
+
     DialogHead {
         id: head
         anchors.left: parent.left
@@ -40,9 +45,9 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
             textFormat: Text.StyledText
-            text: body.content.replace(/\n/g, "<br>")
+            text: body.styled(body.content)
             font.family: Pinfang
-            font.pixelSize: Theme.headSize
+            font.pixelSize: 22
             color: Theme.text
         }
     }
@@ -51,12 +56,14 @@ Item {
         id: buttons
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: Theme.spacing * 1.5
-        spacing: Theme.spacing * 2
+        anchors.bottomMargin: 20
+        spacing: 32
 
         PushButton {
             objectName: "cancelButton"
             width: 190
+            height: 64
+            pixelSize: 26
             role: "plain"
             text: "取  消"
             iconText: body.hasIcons ? Glyphs.close : ""
@@ -66,6 +73,8 @@ Item {
         PushButton {
             objectName: "confirmButton"
             width: 190
+            height: 64
+            pixelSize: 26
             text: "确  定"
             iconText: body.hasIcons ? Glyphs.check : ""
             onClicked: body.confirmed()

@@ -10,6 +10,7 @@ Dialog {
     property bool dlgResult: false
     // Whether the dialog's controls take part; a page sets it false while it works.
     property bool isEnabled: true
+    property bool isFinished: false
 
     signal endSignal()
 
@@ -17,15 +18,20 @@ Dialog {
     function wait() {
         visible = true
         eventLoop.execLoop()
+        // One that ends without a button of its own, with its window or the program, confirms nothing.
+        if (!isFinished)
+            dlgResult = false
     }
 
     function finish(result) {
+        isFinished = true
         dlgResult = result
         visible = false
     }
 
     anchors.centerIn: Overlay.overlay
     modal: true
+    focus: true
     closePolicy: Popup.NoAutoClose
     padding: 0
     enter: null

@@ -11,7 +11,7 @@ Item {
 
     signal exited()
 
-    implicitHeight: 60
+    implicitHeight: Theme.px(64)
 
     Tappable {
         objectName: "backButton"
@@ -56,8 +56,8 @@ Item {
         anchors.right: parent.right
         anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
-        width: 60
-        height: 52
+        width: Theme.px(60)
+        height: Theme.px(56)
         visible: head.hasCross
         iconText: Glyphs.close
         iconColor: Theme.textMuted

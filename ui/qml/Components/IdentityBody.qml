@@ -8,6 +8,9 @@ KeyDialogBody {
 
     property bool isPasswd: false
     property string userNo: ""
+    property string purpose: "" // what it is asked for
+
+    title: isPasswd ? (purpose === "" ? "" : purpose + " · ") + "工号 " + userNo : purpose
 
     signal entered(string password)
 

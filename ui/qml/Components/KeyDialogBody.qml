@@ -1,9 +1,10 @@
 import QtQuick 2.15
 
 // What the dialogs with keys share: a line of input above, the keys to the left, cancel and confirm tall to the right.
-Item {
+FocusScope {
     id: body
 
+    property string title: "" // what the number is for
     property alias text: line.text
     property alias prompt: line.prompt
     property alias echoMode: line.echoMode
@@ -26,15 +27,36 @@ Item {
         line.text = line.text + character
     }
 
+    focus: true
     Component.onCompleted: line.forceActiveFocus()
+    onVisibleChanged: {
+        if (visible)
+            line.forceActiveFocus()
+    }
+
+    PlainText {
+        id: head
+        objectName: "keyTitle"
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.leftMargin: Theme.spacing
+        anchors.rightMargin: Theme.spacing
+        height: text === "" ? 0 : 40
+        verticalAlignment: Text.AlignBottom
+        text: body.title
+        font.pixelSize: 20
+        color: Theme.textMuted
+    }
 
     InputLine {
         id: line
         objectName: "inputLine"
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.top: parent.top
-        anchors.margins: Theme.spacing
+        anchors.top: head.bottom
+        anchors.margins: 16
+        anchors.topMargin: head.height > 0 ? 6 : 16
         validator: RegularExpressionValidator {
             regularExpression: body.isDecimal ? /[0-9.]+/ : /[0-9a-zA-Z]+/
         }
@@ -48,7 +70,7 @@ Item {
         anchors.right: buttons.left
         anchors.top: line.bottom
         anchors.bottom: parent.bottom
-        anchors.margins: Theme.spacing
+        anchors.margins: 16
         onTyped: body.type(character)
         onRemoved: line.text = line.text.slice(0, -1)
     }
@@ -68,6 +90,7 @@ Item {
             height: (parent.height - parent.spacing) / 2
             role: "plain"
             text: "取 消"
+            pixelSize: 26
             onClicked: body.cancelled()
         }
 
@@ -76,6 +99,7 @@ Item {
             width: parent.width
             height: (parent.height - parent.spacing) / 2
             text: "确 定"
+            pixelSize: 26
             onClicked: body.confirmed()
         }
     }

@@ -1,7 +1,9 @@
 import QtQuick 2.15
 import QtQuick.Window 2.15
+import MyMessage 1.0
 
-// The one message window. A newer message takes the place of the text and restarts nothing that runs.
+// The one message window. A newer message takes the place of the text; it lives on the time of the older one, but for
+// an error, and for one that comes when the last is on its way out: these have their own.
 Window {
     id: message
 
@@ -9,14 +11,16 @@ Window {
     property bool show: false
     property string text: ""
     property string type: "info"
+    property bool canReprint: false // a slip was lost, and can be printed again as long as this stands
 
     readonly property string kind: Theme.messages[type] === undefined ? "info" : type
     readonly property var look: Theme.messages[kind]
 
     function openTimer() {
-        if (!lifeTimer.running) {
+        if (type === "error" || hideTimer.running || !lifeTimer.running) {
+            hideTimer.stop()
             lifeTimer.interval = type === "error" ? 10000 : 3000
-            lifeTimer.start()
+            lifeTimer.restart()
         }
         y = 80
     }
@@ -29,12 +33,18 @@ Window {
     }
 
     onClosing: dismiss()
+    onShowChanged: {
+        if (!show)
+            canReprint = false
+    }
     objectName: "messageWindow"
     flags: Qt.FramelessWindowHint | Qt.WindowStaysOnTopHint | Qt.Tool | Qt.WindowDoesNotAcceptFocus
+    // What belongs to the dialog in front takes taps while that dialog blocks all else.
+    transientParent: owner
     visible: show
-    width: 440
+    width: canReprint ? 560 : 440
     height: 50
-    x: owner ? owner.x + (owner.width - width) / 2 : 0
+    x: root.x + (root.width - width) / 2
     y: 50
     color: look.back
 
@@ -59,7 +69,8 @@ Window {
     Rectangle {
         anchors.fill: parent
         color: message.look.back
-        border.color: message.look.border
+        border.color: message.look.text
+        border.width: 2
 
         Image {
             id: icon
@@ -83,13 +94,30 @@ Window {
             // A reply that can't be read fails without a text of its own.
             text: message.text === "" && message.type === "error" ? "请求失败" : message.text
             wrapMode: Text.Wrap
-            leastSize: 12
-            color: message.look.text
+            leastSize: Theme.leastSize
+            font.pixelSize: 20
         }
     }
 
     MouseArea {
         anchors.fill: parent
         onClicked: message.dismiss()
+    }
+
+    PushButton {
+        objectName: "reprintButton"
+        anchors.right: parent.right
+        anchors.rightMargin: 1
+        anchors.verticalCenter: parent.verticalCenter
+        width: 110
+        height: 48
+        radius: 0
+        visible: message.canReprint
+        text: "重打"
+        pixelSize: 22
+        action: () => {
+            message.dismiss()
+            MyMessage.reprint()
+        }
     }
 }

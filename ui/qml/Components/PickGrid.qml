@@ -6,14 +6,18 @@ ChoiceGrid {
 
     property string textRole: ""
     property string namePrefix: ""
+    property string noteRole: ""
     property var choose: null
 
-    tileWidth: 230
+    tileWidth: Theme.px(230)
     delegate: CheckTile {
         objectName: grid.namePrefix + index
         width: grid.cellWidth - 8
         height: grid.cellHeight - 8
         text: model[grid.textRole]
+        note: grid.noteRole === "" ? "" : model[grid.noteRole]
+        isChosen: model.isChecked
+        isToggle: false
         backColor: model.backColor
         foreColor: model.foreColor
         Accessible.checked: model.isChecked

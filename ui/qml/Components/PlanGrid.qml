@@ -4,6 +4,8 @@ import QtQuick 2.15
 PickGrid {
     objectName: "planGrid"
     textRole: "planName"
+    noteRole: "planTerms"
     namePrefix: "plan_"
+    cellHeight: Theme.px(80)
     emptyText: "没有计费方案"
 }

@@ -12,7 +12,7 @@ Tappable {
     readonly property bool isPlain: role === "plain"
     readonly property color textColor: isPlain && enabled ? Theme.text : Theme.textOnColor
 
-    implicitWidth: Math.max(140, row.implicitWidth + 2 * Theme.spacing)
+    implicitWidth: Math.max(Theme.px(140), row.implicitWidth + 2 * Theme.spacing)
     implicitHeight: Theme.buttonHeight
     label: text
     restColor: isPlain ? Theme.surface : role === "danger" ? Theme.danger : Theme.accent

@@ -1,26 +1,26 @@
 import QtQuick 2.15
 
-// One room out of many: at the left the button that narrows the list by a number, and below it what else the page has
-// to set; at the right the rooms, of which the model marks one.
+// One room out of many: at the left the button that narrows the list by a number, what takes that back, and below it
+// what else the page has to set; at the right the rooms, of which the model marks one.
 Item {
     id: chooser
 
     property alias model: rooms.model
-    property alias search: ask.take
     property alias work: ask.work
     property alias choose: rooms.choose
+    property var search: null
     default property alias extras: side.data
 
     Column {
         id: side
-        width: 220
+        width: Theme.px(220)
         height: parent.height
         spacing: Theme.spacing
 
-        AskButton {
+        SearchAsk {
             id: ask
-            objectName: "searchButton"
-            text: "请输入房间号"
+            width: parent.width
+            search: roomNo => chooser.search(roomNo)
         }
     }
 

@@ -2,8 +2,8 @@ import QtQuick 2.15
 
 // The minus or plus beside a number.
 IconButton {
-    implicitWidth: 64
-    implicitHeight: 56
+    implicitWidth: Theme.px(72)
+    implicitHeight: Theme.keyHeight
     restColor: Theme.surface
     pressedColor: Theme.keyPressed
     border.color: Theme.line

@@ -36,12 +36,12 @@ Row {
 
     PlainText {
         objectName: "stepValue" + stepper.nameSuffix
-        width: Math.max(90, implicitWidth)
+        width: Math.max(Theme.px(90), implicitWidth)
         height: minus.height
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         text: stepper.value + stepper.unit
-        font.pixelSize: 30
+        font.pixelSize: Theme.px(30)
     }
 
     StepKey {

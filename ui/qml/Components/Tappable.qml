@@ -12,13 +12,22 @@ Rectangle {
     property color pressedColor: Theme.keyPressed
     property color disabledColor: restColor
     property int delay: 15 // ms
+    property bool isToggle: false // a finger that bounces doesn't turn it back
+    property int reach: 0         // by how much the target is larger than what is seen
     property var action: null
 
     readonly property bool isPressed: area.pressed
 
     signal clicked()
 
+    property double lastTap: 0
+    readonly property int bounceMs: 300
+
     function tap() {
+        const now = Date.now()
+        if (isToggle && Math.abs(now - lastTap) < bounceMs)
+            return
+        lastTap = now
         clicked()
         if (action)
             JsFunc.singly(delay, () => tappable && tappable.action())
@@ -33,6 +42,7 @@ Rectangle {
     MouseArea {
         id: area
         anchors.fill: parent
+        anchors.margins: -tappable.reach
         onClicked: tappable.tap()
     }
 }

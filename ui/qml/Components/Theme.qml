@@ -16,24 +16,25 @@ QtObject {
     // Type
     readonly property color text: "#1F2D3D"
     readonly property color textMuted: "#526173"
-    readonly property color textFaint: "#66758A"
+    readonly property color textFaint: "#5E6C80"
     readonly property color textOnColor: "#FFFFFF"
     readonly property int leastSize: 14 // below that nobody reads it from a stool
     readonly property int captionSize: px(16)
     readonly property int textSize: px(20)
     readonly property int headSize: px(22)
     readonly property int titleSize: px(26)
-    readonly property int keySize: px(30)
-    readonly property int keyPressedSize: px(42)
+    readonly property int keySize: 30
+    readonly property int keyPressedSize: 42
 
     // Actions
     readonly property color accent: "#2F6FE4"
     readonly property color accentPressed: "#2257B8"
-    readonly property color danger: "#E4572E"
-    readonly property color dangerPressed: "#BC4220"
+    readonly property color danger: "#C8411B"
+    readonly property color dangerPressed: "#A23212"
+    readonly property color refusal: "#B3261E"
     readonly property color keyPressed: "#DCE6F2"
     readonly property color veil: "#261F2D3D" // over what is pressed
-    readonly property color disabled: "#B9C4D0"
+    readonly property color disabled: "#66758A"
     readonly property color busy: "#21be2b"
     readonly property string clearMark: "#EE6826"
 

@@ -8,6 +8,7 @@ Window {
 
     property bool dlgResult: false
     property bool isEnabled: true
+    property bool isFinished: false
     // Centred on the root window, or on the screen when that one is smaller than the dialog.
     property bool isPlaced: true
 
@@ -16,9 +17,13 @@ Window {
     function wait() {
         visible = true
         eventLoop.execLoop()
+        // One that ends without a button of its own, with its window or the program, confirms nothing.
+        if (!isFinished)
+            dlgResult = false
     }
 
     function finish(result) {
+        isFinished = true
         dlgResult = result
         visible = false
     }
@@ -34,19 +39,24 @@ Window {
     transientParent: root
     color: Theme.surfaceMuted
     onVisibleChanged: {
-        if (!visible)
+        root.noteWindow(frame, visible)
+        if (!visible) {
             endSignal()
-        else if (isPlaced)
+            return
+        }
+        if (isPlaced)
             place()
+        requestActivate()
     }
 
     Rectangle {
         anchors.fill: parent
         color: "transparent"
-        border.width: 2
-        border.color: Theme.accent
+        border.color: Theme.line
         z: 1
     }
+
+    CallRing {}
 
     QmlEventLoop {
         id: eventLoop

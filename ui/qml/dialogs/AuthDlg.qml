@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import AuthVm 1.0
+import DlgManager 1.0
 import "../Components"
 import "../../js/Func.js" as JsFunc
 
@@ -31,8 +32,11 @@ WindowFrame {
         }
     }
 
+    onEndSignal: authVm.stopReading()
+
     IdentityBody {
         anchors.fill: parent
+        purpose: DlgManager.askedCall === "" ? "需要授权" : "需要授权 · " + DlgManager.askedCall
         enabled: authVm.isEnabled
         onEntered: JsFunc.delay15(() => authVm && authVm.login(userNo, password, ""))
         onCancelled: dialog.finish(false)

@@ -16,8 +16,8 @@ TitledDialog {
     objectName: "cloudDlg"
     title: "链路切换"
     hasBack: true
-    width: Math.min(900, root.width - 80)
-    height: Math.min(640, root.height - 80)
+    width: Math.min(Theme.px(900), root.width - 80)
+    height: Math.min(Theme.px(640), root.height - 80)
     Component.onCompleted: JsFunc.timerOnce(GlobalConfig.initDelyTime, () => cloudVm && cloudVm.init())
 
     CloudVm {
@@ -55,7 +55,7 @@ TitledDialog {
 
         PushButton {
             objectName: "saveButton"
-            width: 220
+            width: Theme.px(220)
             text: "立即切换"
             action: () => {
                 if (cloudVm.save())
@@ -65,7 +65,7 @@ TitledDialog {
 
         PushButton {
             objectName: "checkButton"
-            width: 220
+            width: Theme.px(220)
             role: "plain"
             text: "全部检测"
             action: () => cloudVm.checkLines()

@@ -29,6 +29,8 @@ Rectangle {
             height: 48
             visible: platform.icon !== "" && status === Image.Ready
             source: platform.icon
+            sourceSize: Qt.size(48, 48)
+            asynchronous: true
             fillMode: Image.PreserveAspectFit
         }
 

@@ -23,7 +23,10 @@ WindowFrame {
     width: 680
     height: 464
 
+    onEndSignal: readVm.stopReading()
+
     InputOrReadVm {
+        id: readVm
         onSuccessSignal: {
             dialog.isRead = true
             dialog.cardUid = rfid

@@ -7,7 +7,8 @@ import "../../js/Func.js" as JsFunc
 DialogFrame {
     id: dialog
 
-    property string funcVal: "" // module word
+    property string funcVal: ""     // module word
+    property string moduleName: ""  // and the module in words
     property string userNo: ""
     property string pwd: ""
     property string staffId: ""
@@ -40,7 +41,10 @@ DialogFrame {
         }
     }
 
+    onEndSignal: loginVm.stopReading()
+
     contentItem: IdentityBody {
+        purpose: dialog.moduleName === "" ? "" : dialog.moduleName + " · 登录"
         enabled: dialog.isEnabled
         onEntered: {
             dialog.userNo = userNo

@@ -35,6 +35,7 @@ DialogFrame {
     width: 680
     height: 460
     Component.onCompleted: numVm.init(isReadOk, readType)
+    onEndSignal: numVm.stopReading()
 
     NumKeyVm {
         id: numVm

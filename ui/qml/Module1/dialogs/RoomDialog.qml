@@ -37,6 +37,10 @@ TitledDialog {
         }
     }
 
+    function isShown(page) {
+        return loader.item === page
+    }
+
     function load(page) {
         loader.setSource("qrc:/qml/Module1/pages/" + page + ".qml",
                          {roomId: vm.roomId, roomNo: vm.roomNo, room: vm.pRoomDetail || null, frame: dialog})
@@ -60,11 +64,16 @@ TitledDialog {
             finish(false)
     }
 
+    // The dialog's first work; what it couldn't read can be asked for again.
+    function begin() {
+        work(start)
+    }
+
     hasCross: true
     isEnabled: vm.isEnabled
-    width: Math.min(1240, root.width - 40)
-    height: Math.min(900, root.height - 40)
-    Component.onCompleted: JsFunc.timerOnce(startDelay, () => dialog && dialog.start())
+    width: Math.min(Theme.px(1240), root.width - 40)
+    height: Math.min(Theme.px(900), root.height - 40)
+    Component.onCompleted: JsFunc.timerOnce(startDelay, () => dialog && dialog.begin())
 
     Flow {
         id: factArea
@@ -73,7 +82,8 @@ TitledDialog {
         anchors.leftMargin: Theme.spacing
         anchors.rightMargin: Theme.spacing
         anchors.top: parent.top
-        height: 52
+        height: Theme.px(52)
+        visible: dialog.vm.roomNo !== ""
 
         Repeater {
             model: dialog.facts
@@ -107,6 +117,20 @@ TitledDialog {
         anchors.topMargin: 12
         height: 1
         color: Theme.line
+    }
+
+    FailedLoad {
+        visible: dialog.vm.isLoadFailed && dialog.vm.roomNo === ""
+        retry: () => dialog.begin()
+    }
+
+    PlainText {
+        objectName: "hint"
+        anchors.centerIn: loader
+        visible: dialog.vm.roomNo !== "" && loader.status === Loader.Null
+        text: "请选择操作"
+        font.pixelSize: Theme.titleSize
+        color: Theme.textMuted
     }
 
     Loader {

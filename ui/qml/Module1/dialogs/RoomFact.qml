@@ -8,7 +8,7 @@ Item {
 
     PlainText {
         id: caption
-        width: 100
+        width: Theme.px(104)
         anchors.verticalCenter: parent.verticalCenter
         elide: Text.ElideNone
         color: Theme.textMuted
@@ -23,6 +23,6 @@ Item {
         height: parent.height
         verticalAlignment: Text.AlignVCenter
         wrapMode: Text.Wrap
-        leastSize: 15
+        leastSize: Theme.leastSize
     }
 }

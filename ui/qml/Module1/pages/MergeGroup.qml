@@ -8,9 +8,9 @@ Column {
     property alias name: head.text
     property var rooms: null
 
-    readonly property int tilesPerRow: Math.max(1, Math.floor((width + flow.spacing) / 240))
+    readonly property int tilesPerRow: Math.max(1, Math.floor((width + flow.spacing) / Theme.px(240)))
 
-    spacing: 6
+    spacing: Theme.gap
 
     PlainText {
         id: head
@@ -22,7 +22,7 @@ Column {
     Flow {
         id: flow
         width: parent.width
-        spacing: 8
+        spacing: Theme.gap
 
         Repeater {
             model: group.rooms
@@ -30,7 +30,8 @@ Column {
             CheckTile {
                 objectName: "room_" + model.tempId
                 width: Math.floor((flow.width + flow.spacing) / group.tilesPerRow) - flow.spacing
-                height: 58
+                height: Theme.keyHeight
+                isChosen: model.isSelected
                 text: model.tempName
                 backColor: model.isSelected ? Theme.joined : Theme.unjoined
                 foreColor: model.isSelected ? Theme.textOnColor : Theme.text

@@ -11,12 +11,10 @@ RoomPage {
     vm: MergeRoomVm {}
     start: () => vm.init(page.roomId, page.roomNo)
 
-    AskButton {
+    SearchAsk {
         id: search
-        objectName: "searchButton"
-        text: "请输入房间号"
         work: page.work
-        take: number => page.vm.getRoomList(number)
+        search: roomNo => page.vm.getRoomList(roomNo)
     }
 
     ListView {

@@ -2,14 +2,13 @@ import QtQuick 2.15
 import OpenOccupyVm 1.0
 import "../../Components"
 
-// Marks the room as specially occupied. Text comes from the system's keyboard.
+// Marks the room as specially occupied.
 RoomPage {
     id: page
 
     confirmText: "确  定"
     vm: OpenOccupyVm {}
     start: () => vm.init(page.roomId)
-    onConfirmed: vm.remark = remarkArea.text
 
     Row {
         anchors.fill: parent
@@ -36,8 +35,8 @@ RoomPage {
             caption: "备注信息"
 
             RemarkArea {
-                id: remarkArea
                 anchors.fill: parent
+                onTextChanged: page.vm.remark = text
             }
         }
     }

@@ -14,8 +14,8 @@ RoomPage {
         id: services
         objectName: "services"
         anchors.fill: parent
-        tileWidth: 540
-        cellHeight: 76
+        tileWidth: Theme.px(540)
+        cellHeight: Theme.keyHeight + 2 * Theme.gap
         model: page.vm.pRoomCallModel
         delegate: Item {
             width: services.cellWidth

@@ -2,7 +2,7 @@ import QtQuick 2.15
 import RoomRemarkVm 1.0
 import "../../Components"
 
-// The room's remark. Text comes from the system's keyboard.
+// The room's remark.
 RoomPage {
     id: page
 
@@ -12,10 +12,13 @@ RoomPage {
         vm.init(page.room)
         remarkArea.text = vm.remark
     }
-    onConfirmed: vm.remark = remarkArea.text
 
     RemarkArea {
         id: remarkArea
         anchors.fill: parent
+        onTextChanged: {
+            if (page.isStarted)
+                page.vm.remark = text
+        }
     }
 }
