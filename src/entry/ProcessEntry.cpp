@@ -1,6 +1,7 @@
 #include "entry/ProcessEntry.h"
 
 #include "common/GlobalConfig.h"
+#include "common/Log.h"
 #include "common/LogFolder.h"
 #include "common/Sqlite.h"
 #include "entry/Options.h"
