@@ -2,7 +2,7 @@
 
 #include "common/GlobalConfig.h"
 #include "common/MyMessage.h"
-#include "common/Sqlite.h"
+#include "common/Settings.h"
 #include "devices/HandCardDevice.h"
 #include "devices/StaffDevice.h"
 #include "services/Baa00Service.h"
@@ -18,18 +18,6 @@ namespace {
 /// Shorter sessions are left to run out; the keep-alive of longer ones comes a margin before their end.
 constexpr long keepLoginThresholdSeconds = 900;
 constexpr long keepLoginMarginSeconds = 75;
-
-void storeIfPositive(int& setting, const QString& text)
-{
-    if (text.toInt() > 0)
-        setting = text.toInt();
-}
-
-void storeIfPresent(int& setting, const QString& text)
-{
-    if (!text.isEmpty())
-        setting = text.toInt();
-}
 
 } // namespace
 
@@ -60,40 +48,11 @@ void MainClass::init()
     initReaders();
 }
 
-void MainClass::initDb()
-{
-    storeIfPresent(m_config->js_item_count, getSqlData(QStringLiteral("js_item_count")));
-    storeIfPresent(m_config->cons_item_count, getSqlData(QStringLiteral("cons_item_count")));
-    storeIfPresent(m_config->room_item_count, getSqlData(QStringLiteral("room_item_count")));
-    storeIfPositive(m_config->js_assign_type, getSqlData(QStringLiteral("js_assign_type")));
-    storeIfPositive(m_config->stop_server_print_count, getSqlData(QStringLiteral("stop_server_print_count")));
-    if (getSqlData(QStringLiteral("hand_card_device")) == QLatin1String("1"))
-        m_config->hand_card_device = 1;
-    storeIfPositive(m_config->leave_room_print_count, getSqlData(QStringLiteral("leave_room_print_count")));
-    const QString voiceTemplate = getSqlData(QStringLiteral("zy_tts_text"));
-    if (!voiceTemplate.isEmpty())
-        m_config->setZyTtsText(voiceTemplate);
-    storeIfPositive(m_config->call_count, getSqlData(QStringLiteral("call_count")));
-}
+void MainClass::initDb() { Settings::fill(*m_config); }
 
-QString MainClass::getSqlData(const QString& key)
-{
-    Sqlite settings;
-    if (!settings.open())
-        return {};
-    const QString value = settings.query(key);
-    settings.close();
-    return value;
-}
+QString MainClass::getSqlData(const QString& key) { return Settings::read(key); }
 
-void MainClass::setSqlData(const QString& key, const QString& value)
-{
-    Sqlite settings;
-    if (!settings.open())
-        return;
-    settings.addData(key, value);
-    settings.close();
-}
+bool MainClass::setSqlData(const QString& key, const QString& value) { return Settings::write(key, value); }
 
 void MainClass::startTimer()
 {

@@ -38,7 +38,8 @@ public:
 
     /// A setting of this machine, empty when it isn't there.
     QString getSqlData(const QString& key);
-    void setSqlData(const QString& key, const QString& value);
+    /// False when it could not be stored, which is shown.
+    bool setSqlData(const QString& key, const QString& value);
     /// Copies the settings into the shared state; done once, at start-up.
     void initDb();
 
