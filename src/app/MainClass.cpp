@@ -1,5 +1,6 @@
 #include "app/MainClass.h"
 
+#include "app/Voice.h"
 #include "common/GlobalConfig.h"
 #include "common/MyMessage.h"
 #include "common/Settings.h"
@@ -23,7 +24,7 @@ constexpr long keepLoginMarginSeconds = 75;
 
 MainClass::MainClass()
     : m_message(MyMessage::getInstance()), m_config(GlobalConfig::getInstance()),
-      m_keepLoginTimer(new QTimer(this)), m_baa00(Baa00Service::getInstance()),
+      m_keepLoginTimer(new QTimer(this)), m_voice(new Voice(this)), m_baa00(Baa00Service::getInstance()),
       m_kvsystem(KvsystemService::getInstance())
 {
     m_keepLoginTimer->setObjectName(QStringLiteral("keepLogin"));
@@ -54,6 +55,10 @@ QString MainClass::getSqlData(const QString& key) { return Settings::read(key); 
 
 bool MainClass::setSqlData(const QString& key, const QString& value) { return Settings::write(key, value); }
 
+void MainClass::initTts() { m_voice->init(); }
+
+void MainClass::ttsAddData(const QString& text, int count) { m_voice->add(text, count); }
+
 void MainClass::startTimer()
 {
     if (m_keepLoginTimer->isActive())
@@ -68,6 +73,7 @@ void MainClass::startTimer()
 
 void MainClass::stopTimer()
 {
+    m_voice->silence();
     if (!m_keepLoginTimer->isActive())
         return;
     qDebug().noquote() << QStringLiteral("定时器关闭");

@@ -1,8 +1,10 @@
 #include "entry/ProcessEntry.h"
 
+#include "app/MainClass.h"
 #include "common/GlobalConfig.h"
 #include "common/Log.h"
 #include "common/LogFolder.h"
+#include "common/Settings.h"
 #include "common/Sqlite.h"
 #include "entry/Options.h"
 #include "entry/Pages.h"
@@ -102,6 +104,10 @@ int runTerminal(int& argc, char** argv)
     QGuiApplication::setFont(QFont(QStringLiteral("PingFang SC")));
 
     registerSingletons();
+    if (Settings::isOn(QStringLiteral("is_use_tts"))) {
+        log.waitUntilReady();
+        MainClass::getInstance()->initTts();
+    }
     if (!prepareSettings()) {
         log.waitUntilReady();
         qDebug() << "STEP 2";
