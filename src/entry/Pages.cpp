@@ -3,6 +3,7 @@
 #include "app/MainClass.h"
 #include "common/DlgManager.h"
 #include "common/GlobalConfig.h"
+#include "common/Modules.h"
 #include "common/MyMessage.h"
 #include "common/QmlEventLoop.h"
 #include "vm/dialogs/DialogsRegister.h"
@@ -42,6 +43,7 @@ void registerSingletons()
     qmlRegisterSingletonInstance("MainClass", 1, 0, "MainClass", MainClass::getInstance());
     qmlRegisterSingletonInstance("GlobalConfig", 1, 0, "GlobalConfig", GlobalConfig::getInstance());
     qmlRegisterSingletonInstance("DlgManager", 1, 0, "DlgManager", DlgManager::getInstance());
+    qmlRegisterSingletonInstance("Modules", 1, 0, "Modules", Modules::getInstance());
 }
 
 void registerTypes()
