@@ -6,17 +6,6 @@
 
 #include <algorithm>
 
-namespace {
-
-/// Where the page of this name lies; empty while it isn't built.
-QString urlOf(const QString& page)
-{
-    const QString path = QStringLiteral(":/qml/%1/%1.qml").arg(page);
-    return QFile::exists(path) ? QStringLiteral("qrc") + path : QString();
-}
-
-} // namespace
-
 const std::vector<Module>& Modules::all()
 {
     // clang-format off
@@ -46,6 +35,12 @@ const Module& Modules::find(const QString& code)
     return found == all().end() ? unknown : *found;
 }
 
+QString Modules::urlOf(const QString& page)
+{
+    const QString path = QStringLiteral(":/qml/%1/%1.qml").arg(page);
+    return QFile::exists(path) ? QStringLiteral("qrc") + path : QString();
+}
+
 QVariantList Modules::buttons() const
 {
     QVariantList found;
@@ -72,6 +67,6 @@ QVariantMap Modules::arguments(const QString& code, const QVariantMap& login) co
 {
     QVariantMap found;
     for (const QString& argument : QString::fromLatin1(find(code).arguments).split(' ', Qt::SkipEmptyParts))
-        found.insert(argument.section('=', 0, 0), login.value(argument.section('=', -1)));
+        found.insert(argument.section('=', 0, 0), login.value(argument.section('=', -1)).toString());
     return found;
 }

@@ -42,6 +42,9 @@ public:
     /// One with an empty code, and with the look of unknown ones, when there is none.
     static const Module& find(const QString& code);
 
+    /// Where the page of this name lies; empty as long as it isn't built.
+    static QString urlOf(const QString& page);
+
     QVariantList buttons() const;
     /// loginWord, page, dialog, and url, which is empty as long as the page isn't built.
     Q_INVOKABLE QVariantMap of(const QString& code) const;
