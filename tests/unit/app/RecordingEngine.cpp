@@ -1,5 +1,6 @@
-// A speech engine without a sound. It says each text in a moment and keeps what was said and what was cut; the
-// property "lateBusy" of the application tells whether it shows at once or only later that it is busy.
+// A speech engine without a sound: each text takes a moment. It keeps in the application's property "heard"
+// what was said to its end, and what was cut with a mark. The property "engine" tells when it shows that it is
+// busy: "early", "late", or "stuck", when it comes to no end besides.
 
 #include <QCoreApplication>
 #include <QTextToSpeechEngine>
@@ -9,17 +10,13 @@
 class RecordingEngine : public QTextToSpeechEngine
 {
     Q_OBJECT
-    Q_PROPERTY(QStringList said MEMBER m_said)
-    Q_PROPERTY(QStringList cut MEMBER m_cut)
-    Q_PROPERTY(bool isMute MEMBER m_isMute) // never gets to an end
-    Q_PROPERTY(QString manner READ manner)
 
 public:
-    explicit RecordingEngine(QObject* parent) : QTextToSpeechEngine(parent)
+    RecordingEngine()
     {
-        setObjectName(QStringLiteral("recordingEngine"));
         connect(&m_timer, &QTimer::timeout, this, &RecordingEngine::work);
         m_timer.start(3);
+        qApp->setProperty("heard", QStringList());
     }
 
     void say(const QString& text) override
@@ -27,32 +24,24 @@ public:
         if (m_state != QTextToSpeech::Ready)
             stop();
         m_waiting.append(text);
-        if (!qApp->property("lateBusy").toBool())
+        if (!is("late"))
             setState(QTextToSpeech::Speaking);
     }
     void stop() override
     {
-        m_cut += m_waiting;
+        for (const QString& text : m_waiting)
+            note("cut:" + text);
         m_waiting.clear();
         setState(QTextToSpeech::Ready);
     }
     void pause() override {}
     void resume() override {}
-
     QVector<QLocale> availableLocales() const override { return {QLocale("en_US"), QLocale("zh_CN")}; }
     QVector<QVoice> availableVoices() const override
     {
-        const QString names =
-            m_locale == QLocale("zh_CN") ? QStringLiteral("Ting Mei") : QStringLiteral("Ann Mei");
-        QVector<QVoice> voices;
-        for (const QString& name : names.split(' '))
-            voices.append(createVoice(name, QVoice::Female, QVoice::Adult, m_locale.name()));
-        return voices;
-    }
-    QString manner() const
-    {
-        const QString voice = m_voice.name() + voiceData(m_voice).toString();
-        return QStringLiteral("%1 %2 %3 %4").arg(m_rate).arg(m_volume).arg(m_locale.name(), voice);
+        const QString of = m_locale.name();
+        return {createVoice(of == "zh_CN" ? "Ting" : "Ann", QVoice::Female, QVoice::Adult, of),
+                createVoice("Mei", QVoice::Female, QVoice::Adult, of)};
     }
     double rate() const override { return m_rate; }
     bool setRate(double rate) override { return m_rate = rate, true; }
@@ -67,29 +56,23 @@ public:
     QTextToSpeech::State state() const override { return m_state; }
 
 private:
+    static bool is(const char* kind) { return qApp->property("engine").toString() == kind; }
+    static void note(const QString& text)
+    {
+        qApp->setProperty("heard", qApp->property("heard").toStringList() << text);
+    }
     void work()
     {
-        if (m_waiting.isEmpty() || m_isMute)
+        if (m_waiting.isEmpty() || is("stuck"))
             return;
-        if (m_state == QTextToSpeech::Ready) {
-            setState(QTextToSpeech::Speaking);
-            return;
-        }
-        m_said.append(m_waiting.takeFirst());
-        if (m_waiting.isEmpty())
-            setState(QTextToSpeech::Ready);
+        if (m_state == QTextToSpeech::Speaking)
+            note(m_waiting.takeFirst());
+        setState(m_waiting.isEmpty() ? QTextToSpeech::Ready : QTextToSpeech::Speaking);
     }
-    void setState(QTextToSpeech::State state)
-    {
-        if (m_state == state)
-            return;
-        m_state = state;
-        Q_EMIT stateChanged(state);
-    }
+    void setState(QTextToSpeech::State state) { Q_EMIT stateChanged(m_state = state); }
 
     QTimer m_timer;
-    QStringList m_waiting, m_said, m_cut;
-    bool m_isMute = false;
+    QStringList m_waiting;
     QTextToSpeech::State m_state = QTextToSpeech::Ready;
     double m_rate = -9, m_volume = 0;
     QLocale m_locale{"en_US"};
@@ -105,7 +88,7 @@ class RecordingPlugin : public QObject, public QTextToSpeechPlugin
 public:
     QTextToSpeechEngine* createTextToSpeechEngine(const QVariantMap&, QObject*, QString*) const override
     {
-        return new RecordingEngine(qApp);
+        return new RecordingEngine;
     }
 };
 
