@@ -48,6 +48,7 @@ void tst_voice::settings_data()
     QTest::addColumn<QStringList>("stored"); // language, voice, speed
     QTest::addColumn<QStringList>("spoken"); // locale, voice, rate
     const QString chinese = QStringLiteral("简体中文 (中国)");
+    // clang-format off
     QTest::newRow("none") << QStringList{"", "", ""} << QStringList{"en_US", "Default", "0"};
     QTest::newRow("all") << QStringList{chinese, "Ting", "-10"} << QStringList{"zh_CN", "Ting", "-10"};
     QTest::newRow("voice of another language")
