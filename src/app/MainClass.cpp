@@ -1,8 +1,9 @@
 #include "app/MainClass.h"
 
+#include "app/Voice.h"
 #include "common/GlobalConfig.h"
 #include "common/MyMessage.h"
-#include "common/Sqlite.h"
+#include "common/Settings.h"
 #include "devices/HandCardDevice.h"
 #include "devices/StaffDevice.h"
 #include "services/Baa00Service.h"
@@ -19,23 +20,11 @@ namespace {
 constexpr long keepLoginThresholdSeconds = 900;
 constexpr long keepLoginMarginSeconds = 75;
 
-void storeIfPositive(int& setting, const QString& text)
-{
-    if (text.toInt() > 0)
-        setting = text.toInt();
-}
-
-void storeIfPresent(int& setting, const QString& text)
-{
-    if (!text.isEmpty())
-        setting = text.toInt();
-}
-
 } // namespace
 
 MainClass::MainClass()
     : m_message(MyMessage::getInstance()), m_config(GlobalConfig::getInstance()),
-      m_keepLoginTimer(new QTimer(this)), m_baa00(Baa00Service::getInstance()),
+      m_keepLoginTimer(new QTimer(this)), m_voice(new Voice(this)), m_baa00(Baa00Service::getInstance()),
       m_kvsystem(KvsystemService::getInstance())
 {
     m_keepLoginTimer->setObjectName(QStringLiteral("keepLogin"));
@@ -60,40 +49,15 @@ void MainClass::init()
     initReaders();
 }
 
-void MainClass::initDb()
-{
-    storeIfPresent(m_config->js_item_count, getSqlData(QStringLiteral("js_item_count")));
-    storeIfPresent(m_config->cons_item_count, getSqlData(QStringLiteral("cons_item_count")));
-    storeIfPresent(m_config->room_item_count, getSqlData(QStringLiteral("room_item_count")));
-    storeIfPositive(m_config->js_assign_type, getSqlData(QStringLiteral("js_assign_type")));
-    storeIfPositive(m_config->stop_server_print_count, getSqlData(QStringLiteral("stop_server_print_count")));
-    if (getSqlData(QStringLiteral("hand_card_device")) == QLatin1String("1"))
-        m_config->hand_card_device = 1;
-    storeIfPositive(m_config->leave_room_print_count, getSqlData(QStringLiteral("leave_room_print_count")));
-    const QString voiceTemplate = getSqlData(QStringLiteral("zy_tts_text"));
-    if (!voiceTemplate.isEmpty())
-        m_config->setZyTtsText(voiceTemplate);
-    storeIfPositive(m_config->call_count, getSqlData(QStringLiteral("call_count")));
-}
+void MainClass::initDb() { Settings::fill(*m_config); }
 
-QString MainClass::getSqlData(const QString& key)
-{
-    Sqlite settings;
-    if (!settings.open())
-        return {};
-    const QString value = settings.query(key);
-    settings.close();
-    return value;
-}
+QString MainClass::getSqlData(const QString& key) { return Settings::read(key); }
 
-void MainClass::setSqlData(const QString& key, const QString& value)
-{
-    Sqlite settings;
-    if (!settings.open())
-        return;
-    settings.addData(key, value);
-    settings.close();
-}
+bool MainClass::setSqlData(const QString& key, const QString& value) { return Settings::write(key, value); }
+
+void MainClass::initTts() { m_voice->init(); }
+
+void MainClass::ttsAddData(const QString& text, int count) { m_voice->add(text, count); }
 
 void MainClass::startTimer()
 {
@@ -109,6 +73,7 @@ void MainClass::startTimer()
 
 void MainClass::stopTimer()
 {
+    m_voice->silence();
     if (!m_keepLoginTimer->isActive())
         return;
     qDebug().noquote() << QStringLiteral("定时器关闭");

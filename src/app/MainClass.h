@@ -14,6 +14,7 @@ class KvsystemService;
 class MqttClient;
 class MyMessage;
 class StaffDevice;
+class Voice;
 
 /// Application controller: start-up, settings access, the login keep-alive and the confirmations that
 /// view-models ask for. Main thread.
@@ -31,6 +32,7 @@ public:
     Q_INVOKABLE void msgConfirmResult(int result);
     /// Keeps the session alive while a module is open.
     Q_INVOKABLE void startTimer();
+    /// With the last module the voice falls silent too.
     Q_INVOKABLE void stopTimer();
 
     /// Asks the user and waits for the answer: 1 yes, 0 no.
@@ -38,7 +40,8 @@ public:
 
     /// A setting of this machine, empty when it isn't there.
     QString getSqlData(const QString& key);
-    void setSqlData(const QString& key, const QString& value);
+    /// False when it could not be stored, which is shown.
+    bool setSqlData(const QString& key, const QString& value);
     /// Copies the settings into the shared state; done once, at start-up.
     void initDb();
 
@@ -48,6 +51,11 @@ public:
     void stopReadStaff(BaseObject* listener);
     void startReadHand(BaseObject* listener);
     void stopReadHand(BaseObject* listener);
+
+    /// Gives the terminal a voice; done once, at start-up, when the settings want one.
+    void initTts();
+    /// Says a text so many times, after those that wait already.
+    void ttsAddData(const QString& text, int count = 1);
 
     /// Opens the channel to the broker, in place of the one before; unless the parameters are kept, they are
     /// fetched again first, and when that fails everything stays as it is. Nothing is subscribed on a new one.
@@ -86,6 +94,7 @@ private:
     ReaderStacks m_readers;
     MqttClient* m_mqttClient = nullptr; ///< a child; null until the start-up has made it
     QTimer* m_keepLoginTimer;
+    Voice* m_voice; ///< a child
     Baa00Service* m_baa00;
     KvsystemService* m_kvsystem;
     int m_msgConfirmResult = -1;

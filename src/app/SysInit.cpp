@@ -1,21 +1,12 @@
 #include "app/SysInit.h"
 
 #include "common/GlobalConfig.h"
+#include "common/Modules.h"
 #include "serialization/QJsonSerializer.h"
 
 #include <QJsonDocument>
 
 namespace {
-
-/// The modules that get a tile when the terminal holds their right.
-const QStringList& tileModules()
-{
-    static const QStringList modules = {QStringLiteral("CONSUME_CTRL"),   QStringLiteral("ROOMINFO_CTRL"),
-                                        QStringLiteral("STAFF_QTZ_CTRL"), QStringLiteral("ZZC_CTRL"),
-                                        QStringLiteral("HELP_BASH_WAIT"), QStringLiteral("NO_ITEM_SERVER"),
-                                        QStringLiteral("SELF_ORDER")};
-    return modules;
-}
 
 QString topicPrefix(QString topic) { return topic.remove(QStringLiteral("%s")); }
 
@@ -45,18 +36,23 @@ void buildFuncMenu(const QList<ModAuthDto*>& rights, GlobalConfig* config)
 {
     QList<ModAuthDto*> tiles;
     for (ModAuthDto* right : rights) {
-        if (right->pid() != QLatin1String("0") || !right->getAuthflg())
+        const Module& module = Modules::find(right->funcVal());
+        if (!*module.code || right->pid() != QLatin1String("0") || !right->getAuthflg())
             continue;
-        if (right->funcVal() == QLatin1String("SYS_CTRL"))
+        if (module.entry == Module::RightedButton)
             config->setIsVisSysConfig(true);
-        else if (tileModules().contains(right->funcVal()))
+        else if (module.entry == Module::Tile)
             tiles.append(right);
     }
-    // Transfers need no right of the terminal.
-    ModAuthDto transfer;
-    transfer.set_funcVal(QStringLiteral("TRANSFER_CTRL"));
-    transfer.set_authName(QStringLiteral("手牌转账"));
-    tiles.append(&transfer);
+    QObject owner;
+    for (const Module& module : Modules::all()) {
+        if (module.entry != Module::FreeTile)
+            continue;
+        auto* tile = new ModAuthDto(&owner);
+        tile->set_funcVal(QLatin1String(module.code));
+        tile->set_authName(QString::fromUtf8(module.name));
+        tiles.append(tile);
+    }
     config->setFuncMenu(new FuncMenuModel(tiles));
 }
 

@@ -7,10 +7,3 @@ QString logFolder();
 
 /// Removes the files of the folder that were last written more than seven days ago. Folders in it stay.
 void removeOldLogs(const QString& folder);
-
-/// Removes old files and sends every message of the program to the background writer from here on. Run once at
-/// start-up, on any thread.
-void prepareLog();
-
-/// Ends the sending, and waits a moment until what was logged is in the file. Run after prepareLog has ended.
-void finishLog();

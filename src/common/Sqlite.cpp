@@ -65,7 +65,7 @@ QString Sqlite::query(const QString& code)
     return {};
 }
 
-void Sqlite::addData(const QString& code, const QString& value)
+bool Sqlite::addData(const QString& code, const QString& value)
 {
     deleteData(code);
     QSqlQuery query(m_database);
@@ -74,8 +74,10 @@ void Sqlite::addData(const QString& code, const QString& value)
     query.bindValue(QStringLiteral(":code"), code);
     // A null string would be stored as NULL, which the column refuses.
     query.bindValue(QStringLiteral(":value"), value.isNull() ? QStringLiteral("") : value);
-    if (!prepared || !query.exec())
-        m_message->ShowError(deleteFailed(query));
+    if (prepared && query.exec())
+        return true;
+    m_message->ShowError(deleteFailed(query));
+    return false;
 }
 
 void Sqlite::deleteData(const QString& code)

@@ -20,8 +20,8 @@ public:
     bool createTable();
     /// The value under the key, empty when there is none.
     QString query(const QString& code);
-    /// Puts a row in place of the key's old one.
-    void addData(const QString& code, const QString& value);
+    /// Puts a row in place of the key's old one; false when it isn't there afterwards.
+    bool addData(const QString& code, const QString& value);
     void deleteData(const QString& code);
 
 private:

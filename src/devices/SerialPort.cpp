@@ -1,7 +1,7 @@
 #include "devices/SerialPort.h"
 
 #include "common/MyMessage.h"
-#include "devices/ReaderSetting.h"
+#include "common/Settings.h"
 #include "platform/SerialPortName.h"
 
 #include <QDebug>
@@ -55,7 +55,7 @@ SerialPort::~SerialPort()
 
 void SerialPort::startDevice()
 {
-    m_portName = readerSetting(QStringLiteral("staff_device_com"));
+    m_portName = Settings::read(QStringLiteral("staff_device_com"));
     if (m_portName.isEmpty())
         return;
     m_port->setPortName(serialPortName(m_portName));

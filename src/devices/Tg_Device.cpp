@@ -1,6 +1,6 @@
 #include "devices/Tg_Device.h"
 
-#include "devices/ReaderSetting.h"
+#include "common/Settings.h"
 
 Tg_Device::Tg_Device() : VendorReader(QStringLiteral("port_dll.dll"), QStringLiteral("加载%1失败!\n"))
 {
@@ -20,7 +20,7 @@ void Tg_Device::startDevice(int argument)
 {
     if (!getInitStatus())
         return;
-    if (readerSetting(QStringLiteral("is_rfid_8")) == QLatin1String("1"))
+    if (Settings::isOn(QStringLiteral("is_rfid_8")))
         m_isEightDigits = true;
     VendorReader::startDevice(argument);
 }

@@ -4,6 +4,7 @@
 #include "common/CallWatch.h"
 #include "common/DlgManager.h"
 #include "common/GlobalConfig.h"
+#include "common/Modules.h"
 #include "common/MyMessage.h"
 #include "common/QmlEventLoop.h"
 #include "vm/dialogs/DialogsRegister.h"
@@ -45,6 +46,7 @@ void registerSingletons()
     qmlRegisterSingletonInstance("GlobalConfig", 1, 0, "GlobalConfig", GlobalConfig::getInstance());
     qmlRegisterSingletonInstance("CallWatch", 1, 0, "CallWatch", CallWatch::getInstance());
     qmlRegisterSingletonInstance("DlgManager", 1, 0, "DlgManager", DlgManager::getInstance());
+    qmlRegisterSingletonInstance("Modules", 1, 0, "Modules", Modules::getInstance());
 }
 
 void registerTypes()

@@ -1,12 +1,15 @@
 #include "entry/ProcessEntry.h"
 
+#include "app/MainClass.h"
 #include "common/GlobalConfig.h"
+#include "common/Log.h"
 #include "common/LogFolder.h"
+#include "common/Settings.h"
 #include "common/Sqlite.h"
 #include "entry/Options.h"
 #include "entry/Pages.h"
-#include "entry/Places.h"
-#include "entry/SelfTest.h"
+#include "inspect/PlaceServer.h"
+#include "inspect/SelfTest.h"
 #include "platform/QuitSignals.h"
 #include "platform/SingleInstance.h"
 #include "services/ServicesRegister.h"
@@ -101,6 +104,10 @@ int runTerminal(int& argc, char** argv)
     QGuiApplication::setFont(QFont(QStringLiteral("PingFang SC")));
 
     registerSingletons();
+    if (Settings::isOn(QStringLiteral("is_use_tts"))) {
+        log.waitUntilReady();
+        MainClass::getInstance()->initTts();
+    }
     if (!prepareSettings()) {
         log.waitUntilReady();
         qDebug() << "STEP 2";
@@ -123,9 +130,9 @@ int runTerminal(int& argc, char** argv)
                                      {QStringLiteral("height"), 768}});
     }
     loadPages(engine, directory);
-    std::unique_ptr<Places> places;
+    std::unique_ptr<PlaceServer> places;
     if (!options.placesSocket.isEmpty())
-        places = std::make_unique<Places>(options.placesSocket);
+        places = std::make_unique<PlaceServer>(options.placesSocket);
     std::unique_ptr<SelfTest> selfTest;
     if (options.isSelfTest && !engine.rootObjects().isEmpty())
         selfTest = std::make_unique<SelfTest>(engine, options.staffNo,

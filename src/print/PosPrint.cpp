@@ -2,7 +2,7 @@
 
 #include "common/GlobalConfig.h"
 #include "common/MyMessage.h"
-#include "common/Sqlite.h"
+#include "common/Settings.h"
 #include "platform/LocalText.h"
 #include "print/InstalledPrinters.h"
 #include "print/Slips.h"
@@ -13,18 +13,6 @@
 namespace {
 
 PosHandle printerHandle = nullptr; // written by each open
-
-QString settingOf(const QString& key)
-{
-    Sqlite table;
-    if (!table.open())
-        return QString();
-    const QString value = table.query(key);
-    table.close();
-    return value;
-}
-
-bool isSwitchedOn(const QString& key) { return settingOf(key) == QLatin1String("1"); }
 
 /// The slip in words.
 QString slipName(int kind)
@@ -71,15 +59,15 @@ PrintSettings PrintSettings::ofTerminal()
 {
     GlobalConfig* config = GlobalConfig::getInstance();
     PrintSettings settings;
-    settings.isIndent = !isSwitchedOn(QStringLiteral("print_mode"));
-    const QString printer = settingOf(QStringLiteral("print"));
+    settings.isIndent = !Settings::isOn(QStringLiteral("print_mode"));
+    const QString printer = Settings::read(QStringLiteral("print"));
     if (installedPrinters().contains(printer))
         settings.printerName = printer;
     settings.storeName = config->storeName();
     if (config->terminalInfo())
         settings.orderPrintNum = qMax(0, config->terminalInfo()->orderPrintNum());
-    settings.isSinglePrint = isSwitchedOn(QStringLiteral("is_single_print"));
-    settings.isOpenRoomPrint = isSwitchedOn(QStringLiteral("is_open_room_print"));
+    settings.isSinglePrint = Settings::isOn(QStringLiteral("is_single_print"));
+    settings.isOpenRoomPrint = Settings::isOn(QStringLiteral("is_open_room_print"));
     return settings;
 }
 

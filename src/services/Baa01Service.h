@@ -12,16 +12,21 @@ class Baa01Service : public Service, public Singleton<Baa01Service>
     Q_OBJECT
 
 public:
-    GetHardCardDetail* getHardCardDetail(const QJsonObject& data);
-    GetCardSelfOrder* getCardSelfOrder(const QJsonObject& data);
-    ApiRes* selfInput(const QJsonObject& data);
-    ApiRes* editPkgCards(const QJsonObject& data);
-    GetTrmSelfOrderSum* getTrmSelfOrderSum(const QJsonObject& data = {});
-    GetTrmSelfOrderDetail* getTrmSelfOrderDetail(const QJsonObject& data = {});
-    GetPkgTktsList* getPkgTktsList(const QJsonObject& data);
-    GetTodaySum* getTodaySum();
+    GetHardCardDetail* getHardCardDetail(Fields data) { return get("/getHardCardDetail", data); }
+    GetCardSelfOrder* getCardSelfOrder(Fields data) { return get("/getCardSelfOrder", data); }
+    ApiRes* selfInput(Fields data) { return post("/selfInput", data); }
+    ApiRes* editPkgCards(Fields data) { return post("/editPkgCards", data); }
+    GetTrmSelfOrderSum* getTrmSelfOrderSum(Fields data = {}) { return get("/getTrmSelfOdrSum", data); }
+    GetTrmSelfOrderDetail* getTrmSelfOrderDetail(Fields data = {}) { return get("/getTrmSelfOdrDetail", data); }
+    GetPkgTktsList* getPkgTktsList(Fields data) { return get("/getPkgTktsList", data); }
+    GetTodaySum* getTodaySum() { return get("/getTodaySum"); }
     /// All cards in one page.
-    GetHandCardList* getHandCardList(const QJsonObject& data);
+    GetHandCardList* getHandCardList(Fields data)
+    {
+        return get("/getHardCardList", data,
+                   {{QStringLiteral("page"), QStringLiteral("1")},
+                    {QStringLiteral("limit"), QStringLiteral("10000")}});
+    }
 
 private:
     friend class Singleton<Baa01Service>;

@@ -17,34 +17,42 @@ class Bca01Service : public Service, public Singleton<Bca01Service>
     Q_OBJECT
 
 public:
-    GetTypeList* getItemTypeList(const QJsonObject& data);
-    GetItemList* getItemList(const QJsonObject& data);
-    GetTagList* getTagList(const QJsonObject& data);
-    GetCardOrderInfo* getCardOrderInfo(const QJsonObject& data);
-    BatchUpdateOrder* batchUpdateOrder(const QJsonObject& data);
-    BatchUpdateOrder* batchUpdateRoomOrder(const QJsonObject& data);
-    GetRePrintOrderList* getRePrintOrderList(const QJsonObject& data);
-    GetSumList* getSumList(const QJsonObject& data);
-    GetHardCardCallList* getHardCardCallList(const QJsonObject& data = {});
-    ApiRes* addWaitCallInfos(const QJsonObject& data);
-    ApiRes* cacelWaitCall(const QJsonObject& data);
-    ApiRes* crossCallInfo(const QJsonObject& data);
-    ApiRes* repeatCallInfo(const QJsonObject& data);
-    ApiRes* callNextHardCards(const QJsonObject& data);
-    ApiRes* callHanrdCards(const QJsonObject& data);
-    ApiRes* reCallHandCards(const QJsonObject& data);
-    ApiRes* startServerCallInfo(const QJsonObject& data);
-    CompleteWaitCall* completeWaitCall(const QJsonObject& data);
-    GetMqttCallInfoDataByKey* getMqttCallInfoDataByKey(const QJsonObject& data);
-    GetHardCardAssessOrders* getHardCardAssessOrders(const QJsonObject& data);
-    ApiRes* assessHardCardOrders(const QJsonObject& data);
+    GetTypeList* getItemTypeList(Fields data) { return get("/getTypeList", data); }
+    GetItemList* getItemList(Fields data) { return get("/getItemList", data); }
+    GetTagList* getTagList(Fields data) { return get("/getTagList", data); }
+    GetCardOrderInfo* getCardOrderInfo(Fields data) { return get("/getCardOrderInfo", data); }
+    BatchUpdateOrder* batchUpdateOrder(Fields data) { return post("/batchUpdateOrder", data); }
+    BatchUpdateOrder* batchUpdateRoomOrder(Fields data) { return post("/batchUpdateRoomOrder", data); }
+    GetRePrintOrderList* getRePrintOrderList(Fields data) { return get("/getRePrintOrderList", data); }
+    GetSumList* getSumList(Fields data) { return get("/getSumList", data); }
+    GetHardCardCallList* getHardCardCallList(Fields data = {}) { return get("/getHardCardCallList", data); }
+    ApiRes* addWaitCallInfos(Fields data) { return post("/addWaitCallInfos", data); }
+    ApiRes* cacelWaitCall(Fields data) { return post("/cacelWaitCall", data); }
+    ApiRes* crossCallInfo(Fields data) { return post("/crossCallInfo", data); }
+    ApiRes* repeatCallInfo(Fields data) { return post("/repeatCallInfo", data); }
+    ApiRes* callNextHardCards(Fields data) { return post("/callNextHardCards", data); }
+    ApiRes* callHanrdCards(Fields data) { return post("/callHardCards", data); }
+    ApiRes* reCallHandCards(Fields data) { return post("/reCallHardCards", data); }
+    ApiRes* startServerCallInfo(Fields data) { return post("/startServerCallInfo", data); }
+    CompleteWaitCall* completeWaitCall(Fields data) { return post("/completeWaitCall", data); }
+    GetMqttCallInfoDataByKey* getMqttCallInfoDataByKey(Fields data)
+    {
+        return get("/getMqttCallInfoDataByKey", data);
+    }
+    GetHardCardAssessOrders* getHardCardAssessOrders(Fields data)
+    {
+        return get("/getHardCardAssessOrders", data);
+    }
+    ApiRes* assessHardCardOrders(Fields data) { return post("/assessHardCardOrders", data); }
     /// params gives the page and its length.
-    GetHelpCallBashApiLogPageList* getHelpCallBashApiLogPageList(const QJsonObject& data,
-                                                                 const QMap<QString, QString>& params);
-    GetMealTimesInfo* getMealTimesInfo(const QJsonObject& data = {});
-    GetMealTimesStatistics* getMealTimesStatistics(const QJsonObject& data);
-    GetMealCards* getMealCards(const QJsonObject& data);
-    AddCardMealTimes* addCardMealTimes(const QJsonObject& data);
+    GetHelpCallBashApiLogPageList* getHelpCallBashApiLogPageList(Fields data, const Params& params)
+    {
+        return get("/getHelpCallBashApiLogPageList", data, params);
+    }
+    GetMealTimesInfo* getMealTimesInfo(Fields data = {}) { return get("/getMealTimesInfo", data); }
+    GetMealTimesStatistics* getMealTimesStatistics(Fields data) { return get("/getMealTimesStatistics", data); }
+    GetMealCards* getMealCards(Fields data) { return get("/getMealCards", data); }
+    AddCardMealTimes* addCardMealTimes(Fields data) { return post("/addCardMealTimes", data); }
 
 private:
     friend class Singleton<Bca01Service>;

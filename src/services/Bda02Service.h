@@ -11,18 +11,18 @@ class Bda02Service : public Service, public Singleton<Bda02Service>
     Q_OBJECT
 
 public:
-    GetStaffInfo* getStaffInfo(const QJsonObject& data);
-    GetStaffWorkInfo* getStaffWorkInfo(const QJsonObject& data);
-    GetStaffItemList* getStaffItemList(const QJsonObject& data);
-    ApiRes* startServer(const QJsonObject& data);
-    ApiRes* startServerWithoutOrder(const QJsonObject& data);
-    ApiRes* addServer(const QJsonObject& data);
-    ApiRes* changeServer(const QJsonObject& data);
-    ApiRes* changeCard(const QJsonObject& data);
-    ApiRes* chgAssignType(const QJsonObject& data);
-    ApiRes* chargeBack(const QJsonObject& data);
-    EndServer* endServer(const QJsonObject& data);
-    ApiRes* updateStaffWorkStatus(const QJsonObject& data);
+    GetStaffInfo* getStaffInfo(Fields data) { return get("/getStaffInfo", data); }
+    GetStaffWorkInfo* getStaffWorkInfo(Fields data) { return get("/getStaffWorkInfo", data); }
+    GetStaffItemList* getStaffItemList(Fields data) { return get("/getStaffItemList", data); }
+    ApiRes* startServer(Fields data) { return post("/startServer", data); }
+    ApiRes* startServerWithoutOrder(Fields data) { return post("/startServerWithoutOrder", data); }
+    ApiRes* addServer(Fields data) { return post("/addServer", data); }
+    ApiRes* changeServer(Fields data) { return post("/changeServer", data); }
+    ApiRes* changeCard(Fields data) { return post("/changeCard", data); }
+    ApiRes* chgAssignType(Fields data) { return post("/chgAssignType", data); }
+    ApiRes* chargeBack(Fields data) { return post("/chargeBack", data); }
+    EndServer* endServer(Fields data) { return post("/endServer", data); }
+    ApiRes* updateStaffWorkStatus(Fields data) { return post("/updateStaffWorkStatus", data); }
 
 private:
     friend class Singleton<Bda02Service>;

@@ -9,8 +9,8 @@ class Bea01Service : public Service, public Singleton<Bea01Service>
     Q_OBJECT
 
 public:
-    GetOrderListNew* getOrderListNew(const QJsonObject& data);
-    ApiRes* transferAct(const QJsonObject& data);
+    GetOrderListNew* getOrderListNew(Fields data) { return get("/getOrderListNew", data); }
+    ApiRes* transferAct(Fields data) { return post("/transferAct", data); }
 
 private:
     friend class Singleton<Bea01Service>;

@@ -9,7 +9,7 @@ class Caa04Service : public Service, public Singleton<Caa04Service>
     Q_OBJECT
 
 public:
-    ApiRes* callStaff(const QJsonObject& data);
+    ApiRes* callStaff(Fields data) { return post("/callStaff", data); }
 
 private:
     friend class Singleton<Caa04Service>;

@@ -9,7 +9,7 @@ class HttpUtils : public Service, public Singleton<HttpUtils>
     Q_OBJECT
 
 public:
-    GetStaffList* getStaffList1(const QJsonObject& data);
+    GetStaffList* getStaffList1(Fields data) { return get("/getStaffList", data); }
 
 private:
     friend class Singleton<HttpUtils>;

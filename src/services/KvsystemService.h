@@ -11,8 +11,12 @@ class KvsystemService : public Service, public Singleton<KvsystemService>
 
 public:
     /// Goes to the built-in endpoints, not to the line in use.
-    GetSysApiReqUrls* getSysApiReqUrls(const QJsonObject& data);
-    GetSysMqttInfo* getSysMqttInfo(const QJsonObject& data);
+    GetSysApiReqUrls* getSysApiReqUrls(Fields data)
+    {
+        return NetWorkUtls::NetServer(false, nullptr)
+            .getApiUrls(request(NetMethod::Get, "/common/getSysApiReqUrls", data, {}));
+    }
+    GetSysMqttInfo* getSysMqttInfo(Fields data) { return get("/common/getSysMqttInfo", data); }
 
 private:
     friend class Singleton<KvsystemService>;

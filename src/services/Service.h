@@ -3,32 +3,45 @@
 #include "common/Singleton.h"
 #include "net/NetServer.h"
 
-/// Base of the service objects: one for each back-end module, one method for each endpoint. A method returns
-/// when the reply is there; the reply is never null and the caller ends it with deleteLater. Main thread.
+/// Base of the service objects: one for each back-end module, one line for each endpoint. A method returns when
+/// the reply is there; the reply is never null and the caller ends it with deleteLater. Main thread.
 class Service : public QObject
 {
     Q_OBJECT
 
+public:
+    /// What a caller gives, all in the signed JSON.
+    using Fields = const QJsonObject&;
+
 protected:
+    using Params = QMap<QString, QString>;
+
+    /// A call that is made as soon as it is known which reply is wanted: when it becomes a pointer to one.
+    class [[nodiscard]] Call
+    {
+    public:
+        explicit Call(BaseRequest request) : m_request(std::move(request)) {}
+        template <typename T>
+        operator T*() const
+        {
+            return NetWorkUtls::NetServer(false, nullptr).api<T>(m_request);
+        }
+
+    private:
+        const BaseRequest m_request;
+    };
+
     explicit Service(const QString& prefix) : m_prefix(prefix) {}
 
-    template <typename T>
-    T* get(const char* path, const QJsonObject& data = {}, const QMap<QString, QString>& params = {}) const
+    Call get(const char* path, Fields data = {}, const Params& params = {}) const
     {
-        return NetWorkUtls::NetServer(false, nullptr).api<T>(request(NetMethod::Get, path, data, params));
+        return Call(request(NetMethod::Get, path, data, params));
     }
-
-    template <typename T>
-    T* post(const char* path, const QJsonObject& data = {}, const QMap<QString, QString>& params = {}) const
+    Call post(const char* path, Fields data = {}, const Params& params = {}) const
     {
-        return NetWorkUtls::NetServer(false, nullptr).api<T>(request(NetMethod::Post, path, data, params));
+        return Call(request(NetMethod::Post, path, data, params));
     }
-
-    BaseRequest request(NetMethod method, const char* path, const QJsonObject& data,
-                        const QMap<QString, QString>& params) const
-    {
-        return {method, m_prefix + QLatin1String(path), params, {}, data};
-    }
+    BaseRequest request(NetMethod method, const char* path, Fields data, const Params& params) const;
 
 private:
     const QString m_prefix; ///< of every path

@@ -3,8 +3,8 @@
 #include "common/GlobalConfig.h"
 #include "common/MyMessage.h"
 #include "common/Sqlite.h"
-#include "entry/PageItems.h"
 #include "entry/Pages.h"
+#include "inspect/ScreenItems.h"
 
 #include <QDir>
 #include <QEventLoop>

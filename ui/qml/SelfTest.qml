@@ -1,34 +1,17 @@
 import QtQml 2.15
-import QtQml.Models 2.15
 import "DlgManager.js" as Dlg
 
-// What the terminal's own test opens, in the place of a user.
+// What the terminal's own test opens, in the place of a user. A folder of pages tells how in a file Inspection.qml, with
+// a function openings(dialog). It returns nothing for a dialog that is opened as it is, else a list of
+//   properties  what it is opened with
+//   label       where there are several
+//   missing     why it can't be opened now, if so
+//   inside      given the open dialog, a list of what is looked at in it: name, open() and seen(), which returns the item
+//               or null
 QtObject {
-    id: test
+    id: opener
 
-    readonly property var workAreas: ListModel {
-        ListElement { areaId: ""; areaName: "全部区域" }
-        ListElement { areaId: "1"; areaName: "足疗区" }
-    }
-
-    // Dialogs that show nothing of use without being told what; the others are opened as they are.
-    readonly property var samples: ({
-        loginDlg: {funcVal: "ROOMINFO_CTRL"},
-        numKeyDlg: {strText: "请输入手牌号"},
-        msgConfirmDlg: {titleText: "提示", contentText: "确定要取消当前房间【112】?"},
-        confirmDlg: {titleText: "提示", contentText: "确定要将当前房间【112】转成空闲房?"},
-        dateTimeDlg: {text: "预约时间"},
-        remarkDlg: {remark: "客人要求水温偏热"},
-        workAreaDlg: {areaList: workAreas}
-    })
-
-    // Those that need a room are opened with one.
-    readonly property var roomDialogs: ["openRoomDlg", "roomDetailDlg"]
-
-    // The names of the dialogs that have a page and need no room.
-    function dialogs() {
-        return Object.keys(Dlg.dlgMap).filter(name => !roomDialogs.includes(name) && isBuilt(Dlg.dlgMap[name]))
-    }
+    property var test: null // isLoggedIn(), isShown(item), rows(item)
 
     function isBuilt(page) {
         const comp = Qt.createComponent(page)
@@ -37,8 +20,26 @@ QtObject {
         return isThere
     }
 
-    // Returns when the dialog has closed.
-    function open(name, properties) {
-        Dlg.showDialog(name, samples[name] || properties)
+    function inspectionOf(folder) {
+        const file = Qt.resolvedUrl(folder + "/Inspection.qml")
+        return isBuilt(file) ? Qt.createComponent(file).createObject(opener, {test: test}) : null
+    }
+
+    // How the dialogs of a folder are opened, all that have a page; each returns when the dialog has closed.
+    function openings(folder) {
+        const inspection = inspectionOf(folder)
+        const found = []
+        for (const dialog of Object.keys(Dlg.dlgMap)) {
+            const page = Qt.resolvedUrl(Dlg.dlgMap[dialog])
+            if (!page.startsWith(Qt.resolvedUrl(folder + "/")) || !isBuilt(page))
+                continue
+            for (const opening of inspection && inspection.openings(dialog) || [{}]) {
+                opening.dialog = dialog
+                opening.name = opening.label === undefined ? dialog : dialog + "/" + opening.label
+                opening.open = () => Dlg.showDialog(dialog, opening.properties || {})
+                found.push(opening)
+            }
+        }
+        return found
     }
 }

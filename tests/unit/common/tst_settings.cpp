@@ -1,9 +1,9 @@
+#include "common/GlobalConfig.h"
 #include "common/MyMessage.h"
+#include "common/Settings.h"
 #include "common/Sqlite.h"
 
 #include <QDir>
-#include <QSignalSpy>
-#include <QSqlError>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -13,126 +13,114 @@ class tst_settings : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase()
+    {
+        connect(MyMessage::getInstance(), &MyMessage::showMessageSignal, this,
+                [this](const QString& text, const QString& type) { m_lastMessage = type + "|" + text; });
+    }
     void init()
     {
         m_folder.reset(new QTemporaryDir);
         QVERIFY(QDir::setCurrent(m_folder->path()));
-        m_messages.reset(new QSignalSpy(MyMessage::getInstance(), &MyMessage::showMessageSignal));
+        m_lastMessage.clear();
     }
-    void cleanup()
-    {
-        m_messages.reset();
-        QSqlDatabase::removeDatabase(QStringLiteral("qt_sql_default_connection"));
-        QDir::setCurrent(QDir::rootPath());
-    }
+    void cleanup() { QDir::setCurrent(QDir::rootPath()); }
 
     void firstRun();
     void values_data();
     void values();
     void newValueTakesANewRow();
-    void databaseThatCannotBeOpened();
-    void databaseThatIsNone();
+    void unusableDatabase();
+    void defaults();
 
 private:
-    QString lastMessage() const
+    static bool makeTable()
     {
-        return m_messages->isEmpty() ? QString() : m_messages->last().first().toString();
+        Sqlite table;
+        const bool isMade = table.open() && table.createTable();
+        table.close();
+        return isMade;
     }
 
     QScopedPointer<QTemporaryDir> m_folder;
-    QScopedPointer<QSignalSpy> m_messages;
+    QString m_lastMessage;
 };
 
 void tst_settings::firstRun()
 {
-    {
-        Sqlite settings;
-        QVERIFY(settings.open());
-        QCOMPARE(settings.query(QStringLiteral("print")), QString());
-        QVERIFY(lastMessage().startsWith(QStringLiteral("查询数据库出错[")));
-        QCOMPARE(m_messages->last().at(1).toString(), QStringLiteral("error"));
-        settings.addData(QStringLiteral("print"), QStringLiteral("x"));
-        QVERIFY(lastMessage().startsWith(QStringLiteral("delete数据库出错[")));
-
-        m_messages->clear();
-        QVERIFY(settings.createTable());
-        QVERIFY(settings.createTable());
-        QCOMPARE(settings.query(QStringLiteral("print")), QString());
-        settings.deleteData(QStringLiteral("print"));
-        settings.close();
-        QVERIFY(m_messages->isEmpty());
-    }
-    QVERIFY(QFile::exists(m_folder->filePath(QStringLiteral("kv_panel_v2.db"))));
+    Sqlite table;
+    QVERIFY(table.open());
+    QCOMPARE(table.query("print"), QString());
+    QVERIFY(m_lastMessage.startsWith("error|查询数据库出错["));
+    QVERIFY(!table.addData("print", "x"));
+    QVERIFY(m_lastMessage.startsWith("error|delete数据库出错["));
+    m_lastMessage.clear();
+    QVERIFY(table.createTable() && table.createTable());
+    QCOMPARE(table.query("print"), QString());
+    table.close();
+    QCOMPARE(m_lastMessage, QString());
+    QVERIFY(QFile::exists("kv_panel_v2.db"));
 }
 
 void tst_settings::values_data()
 {
     QTest::addColumn<QString>("value");
-    QTest::newRow("plain") << QStringLiteral("COM3");
     QTest::newRow("chinese and quotes") << QStringLiteral("请%1号';--\"到前台");
-    QTest::newRow("longer than declared") << QString(5000, QLatin1Char('x'));
-    QTest::newRow("empty") << QStringLiteral("");
+    QTest::newRow("longer than declared") << QString(5000, 'x');
     QTest::newRow("null") << QString();
 }
 
 void tst_settings::values()
 {
     QFETCH(QString, value);
-    {
-        Sqlite settings;
-        QVERIFY(settings.open() && settings.createTable());
-        settings.addData(QStringLiteral("key"), value);
-        settings.addData(QStringLiteral("other"), QStringLiteral("o"));
-        settings.close();
-    }
-    Sqlite settings;
-    QVERIFY(settings.open());
-    QCOMPARE(settings.query(QStringLiteral("key")), value);
-    settings.deleteData(QStringLiteral("key"));
-    QCOMPARE(settings.query(QStringLiteral("key")), QString());
-    QCOMPARE(settings.query(QStringLiteral("other")), QStringLiteral("o"));
-    settings.close();
-    QVERIFY(m_messages->isEmpty());
+    QVERIFY(makeTable());
+    QVERIFY(Settings::write("key", value));
+    QVERIFY(Settings::write("other", "o"));
+    QCOMPARE(Settings::read("key"), value);
+    QCOMPARE(Settings::read("other"), QStringLiteral("o"));
+    QCOMPARE(m_lastMessage, QString());
 }
 
 void tst_settings::newValueTakesANewRow()
 {
-    Sqlite settings;
-    QVERIFY(settings.open() && settings.createTable());
-    settings.addData(QStringLiteral("key"), QStringLiteral("1"));
-    settings.addData(QStringLiteral("key"), QStringLiteral("2"));
-    QSqlQuery rows(QStringLiteral("SELECT id, value FROM sys_config WHERE code = 'key'"));
+    Sqlite table;
+    QVERIFY(table.open() && table.createTable());
+    QVERIFY(table.addData("key", "1") && table.addData("key", "2"));
+    QSqlQuery rows("SELECT id, value FROM sys_config WHERE code = 'key'");
     QVERIFY(rows.next());
-    QCOMPARE(rows.value(0).toInt(), 2);
-    QCOMPARE(rows.value(1).toString(), QStringLiteral("2"));
-    QVERIFY(!rows.next());
+    QVERIFY(rows.value(0) == 2 && rows.value(1) == "2" && !rows.next());
 
     // Rows without a positive number don't count.
-    QVERIFY(QSqlQuery().exec(QStringLiteral("UPDATE sys_config SET id = 0 WHERE code = 'key'")));
-    QCOMPARE(settings.query(QStringLiteral("key")), QString());
-    settings.close();
+    QVERIFY(QSqlQuery().exec("UPDATE sys_config SET id = 0 WHERE code = 'key'"));
+    QCOMPARE(table.query("key"), QString());
+    table.close();
 }
 
-void tst_settings::databaseThatCannotBeOpened()
+void tst_settings::unusableDatabase()
 {
-    QVERIFY(QDir().mkdir(QStringLiteral("kv_panel_v2.db")));
-    Sqlite settings;
-    QVERIFY(!settings.open());
-    QCOMPARE(lastMessage(), QStringLiteral("初始化数据库失败"));
-}
+    QVERIFY(QDir().mkdir("kv_panel_v2.db"));
+    QVERIFY(!Settings::write("key", "value"));
+    QCOMPARE(m_lastMessage, QStringLiteral("error|初始化数据库失败"));
 
-void tst_settings::databaseThatIsNone()
-{
-    QFile file(QStringLiteral("kv_panel_v2.db"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray(4096, 'x'));
+    QFile file("kv_panel_v2.db");
+    QVERIFY(QDir().rmdir(file.fileName()) && file.open(QIODevice::WriteOnly) &&
+            file.write(QByteArray(4096, 'x')));
     file.close();
-    Sqlite settings;
-    QVERIFY(settings.open());
-    QVERIFY(!settings.createTable());
-    QVERIFY(lastMessage().startsWith(QStringLiteral("创建数据库表失败[")));
-    QVERIFY(lastMessage().size() > QStringLiteral("创建数据库表失败[]").size());
-    settings.close();
+    QVERIFY(!makeTable());
+    QVERIFY2(m_lastMessage.startsWith("error|创建数据库表失败["), qPrintable(m_lastMessage));
+    QVERIFY(!Settings::write("key", "value"));
+}
+
+/// A setting that was never stored is what the shared state begins with.
+void tst_settings::defaults()
+{
+    QVERIFY(makeTable());
+    for (const Settings::Key& key : Settings::keys()) {
+        if (key.number)
+            QCOMPARE(Settings::text(key.name).toInt(), GlobalConfig::getInstance()->*key.number);
+    }
+    QVERIFY(Settings::write("tts_speed", "") && Settings::write("print", "前台"));
+    QCOMPARE(Settings::text("tts_speed") + Settings::text("print"), QStringLiteral("0前台"));
 }
 
 QTEST_GUILESS_MAIN(tst_settings)

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import GlobalConfig 1.0
+import Modules 1.0
 import "../Components"
 
 // Below the tiles: settings, the day's sums, a person's sums, and the vendor block, which opens the line dialog.
@@ -18,15 +19,11 @@ Item {
         spacing: Theme.spacing
 
         Repeater {
-            model: [
-                {code: "SYS_CTRL", image: "sys_config.png", name: "系统设置"},
-                {code: "JRZB", image: "person.png", name: "今日指标"},
-                {code: "YJ", image: "gryj.png", name: "个人业绩"}
-            ]
+            model: Modules.buttons
 
             Rectangle {
                 objectName: "bottom_" + modelData.code
-                visible: modelData.code !== "SYS_CTRL" || GlobalConfig.isVisSysConfig
+                visible: !modelData.needsRight || GlobalConfig.isVisSysConfig
                 width: 72
                 height: 72
                 radius: 36

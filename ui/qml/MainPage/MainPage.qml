@@ -2,6 +2,7 @@ import QtQuick 2.15
 import QtQuick.Controls 2.15
 import GlobalConfig 1.0
 import MainClass 1.0
+import Modules 1.0
 import "../Components"
 import "../DlgManager.js" as Dlg
 import "../../js/Func.js" as JsFunc
@@ -10,50 +11,28 @@ import "../../js/Func.js" as JsFunc
 Rectangle {
     id: page
 
-    // Module word of the login where it isn't the tile's code.
-    readonly property var loginWords: ({YJ: "CONSUME_CTRL", JRZB: "CONSUME_CTRL", TRANSFER_CTRL: "PAY_CTRL"})
-
-    // What a tile opens: the module's page with what it gets from the login.
-    readonly property var modules: ({
-        CONSUME_CTRL: {page: "Module2", properties: res => ({})},
-        ROOMINFO_CTRL: {page: "Module1", properties: res => ({})},
-        STAFF_QTZ_CTRL: {page: "Module3", properties: res => ({staffNo: res.staffNo})},
-        HELP_BASH_WAIT: {page: "Module4", properties: res => ({staffNo: res.userNo, staffPwd: res.pwd, staffUid: res.staffUid, staffId: res.staffId})},
-        SYS_CTRL: {page: "Module5", properties: res => ({})},
-        NO_ITEM_SERVER: {page: "Module6", properties: res => ({staffNo: res.staffNo, staffId: res.staffId})},
-        SELF_ORDER: {page: "Module7", properties: res => ({})},
-        ZZC_CTRL: {page: "Module8", properties: res => ({})},
-        TRANSFER_CTRL: {page: "Module9", properties: res => ({})}
-    })
-
-    // The modules that have a page.
-    readonly property var pages: ({Module1: "qrc:/qml/Module1/Module1.qml"})
-
-    // Dialogs that a tile opens in place of a page.
-    readonly property var summaries: ({YJ: "sellSumDlg", JRZB: "todaySumDlg"})
-
     function isLoggedIn(word) {
         const res = Dlg.showDialog("loginDlg", {funcVal: word})
         return res !== undefined && res.dlgResult ? res : undefined
     }
 
     function onSelectMenu(code) {
-        const word = loginWords[code] || code
-        const res = isLoggedIn(word)
-        if (res === undefined)
+        const word = Modules.of(code).loginWord
+        const login = isLoggedIn(word)
+        if (login === undefined)
             return
         GlobalConfig.currentMod = word
-        if (modules[code] !== undefined)
-            openModule(modules[code].page, modules[code].properties(res))
-        else if (summaries[code] !== undefined)
-            Dlg.showDialog(summaries[code], {})
+        openModule(code, login)
     }
 
-    function openModule(name, properties) {
-        if (pages[name] !== undefined)
-            stackView.push(pages[name], properties)
+    function openModule(code, login) {
+        const module = Modules.of(code)
+        if (module.dialog !== "")
+            Dlg.showDialog(module.dialog, {})
+        else if (module.url !== "")
+            stackView.push(module.url, Modules.arguments(code, login))
         else
-            stackView.push(modulePage, {module: name})
+            stackView.push(unbuiltPage, {module: module.page})
     }
 
     function leaveModule() {
@@ -143,7 +122,7 @@ Rectangle {
     }
 
     Component {
-        id: modulePage
+        id: unbuiltPage
         ModulePage {}
     }
 }

@@ -13,6 +13,8 @@ Item {
     signal chosen(string code)
     signal linesAsked()
 
+    objectName: "tileGrid"
+
     GridLayout {
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: parent.top

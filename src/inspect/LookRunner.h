@@ -24,13 +24,13 @@ struct Look
 /// Looks at one thing after the other while the pages live on. Each is looked at until it stands still; what
 /// the pages complain of, and every error that the user is shown meanwhile, counts as a failure of its own. A
 /// line for each goes to the standard output and into the log. Main thread.
-class Looks : public QObject
+class LookRunner : public QObject
 {
     Q_OBJECT
 
 public:
     /// A picture of each is saved in the folder, which is made; none for an empty text.
-    Looks(QQmlEngine& engine, const QString& pictureFolder, QObject* parent = nullptr);
+    LookRunner(QQmlEngine& engine, const QString& pictureFolder, QObject* parent = nullptr);
 
     /// What comes after everything that is planned.
     void append(const Look& look) { m_looks.push_back(look); }
@@ -40,6 +40,8 @@ public:
     /// Whether an error that the user is shown counts as a failure; else it only stands in the line. True at
     /// first.
     void setCountsMessages(bool counts) { m_countsMessages = counts; }
+    /// What counts against what is being looked at.
+    void complain(const QString& complaint) { m_complaints.append(complaint); }
     /// What is worth a line, but no failure.
     void report(const QString& line);
 

@@ -1,4 +1,4 @@
-#include "entry/PageItems.h"
+#include "inspect/ScreenItems.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>

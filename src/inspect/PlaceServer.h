@@ -10,12 +10,12 @@ class QLocalSocket;
 /// A question is one line with an object name; the answer is one line: "x y width height" in pixels of the
 /// screen, then what the item shows as text, if anything. It is "-" while there is no such item
 /// or it is disabled, and "..." during a back-end call, when no item takes a tap.
-class Places : public QObject
+class PlaceServer : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit Places(const QString& socket, QObject* parent = nullptr);
+    explicit PlaceServer(const QString& socket, QObject* parent = nullptr);
 
     bool isOpen() const { return m_server.isListening(); }
 

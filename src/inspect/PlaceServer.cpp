@@ -1,6 +1,6 @@
-#include "entry/Places.h"
+#include "inspect/PlaceServer.h"
 
-#include "entry/PageItems.h"
+#include "inspect/ScreenItems.h"
 
 #include <QLocalSocket>
 #include <QQuickItem>
@@ -28,7 +28,7 @@ QByteArray placeOf(const QString& name)
 
 } // namespace
 
-Places::Places(const QString& socket, QObject* parent) : QObject(parent)
+PlaceServer::PlaceServer(const QString& socket, QObject* parent) : QObject(parent)
 {
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&m_server, &QLocalServer::newConnection, this, [this] {
@@ -40,7 +40,7 @@ Places::Places(const QString& socket, QObject* parent) : QObject(parent)
     m_server.listen(socket);
 }
 
-void Places::answer(QLocalSocket* asker)
+void PlaceServer::answer(QLocalSocket* asker)
 {
     while (asker->canReadLine())
         asker->write(placeOf(QString::fromUtf8(asker->readLine()).trimmed()) + '\n');

@@ -1,7 +1,7 @@
-#include "entry/Looks.h"
+#include "inspect/LookRunner.h"
 
 #include "common/MyMessage.h"
-#include "entry/PageItems.h"
+#include "inspect/ScreenItems.h"
 #include "net/NetServer.h"
 
 #include <QDebug>
@@ -26,7 +26,7 @@ bool isQuiet() { return takesInput() && NetWorkUtls::NetServer::underWay() == 0;
 
 } // namespace
 
-Looks::Looks(QQmlEngine& engine, const QString& pictureFolder, QObject* parent)
+LookRunner::LookRunner(QQmlEngine& engine, const QString& pictureFolder, QObject* parent)
     : QObject(parent), m_pictureFolder(pictureFolder)
 {
     connect(&engine, &QQmlEngine::warnings, this, [this](const QList<QQmlError>& warnings) {
@@ -39,10 +39,10 @@ Looks::Looks(QQmlEngine& engine, const QString& pictureFolder, QObject* parent)
                     (m_countsMessages ? m_complaints : m_remarks)
                         .append(text.isEmpty() ? QStringLiteral("an error without a text") : text);
             });
-    connect(&m_timer, &QTimer::timeout, this, &Looks::tick);
+    connect(&m_timer, &QTimer::timeout, this, &LookRunner::tick);
 }
 
-void Looks::start()
+void LookRunner::start()
 {
     if (!m_pictureFolder.isEmpty() && !QDir().mkpath(m_pictureFolder)) {
         report(QStringLiteral("FAILED  the folder of the pictures can't be made: ") + m_pictureFolder);
@@ -51,7 +51,7 @@ void Looks::start()
     m_timer.start(tickMs);
 }
 
-void Looks::report(const QString& line)
+void LookRunner::report(const QString& line)
 {
     std::fputs(qPrintable(line + QLatin1Char('\n')), stdout);
     std::fflush(stdout);
@@ -60,7 +60,7 @@ void Looks::report(const QString& line)
 
 /// A dialog holds the stack of whoever opens it, so that everything is done from here, in whatever event loop
 /// runs.
-void Looks::tick()
+void LookRunner::tick()
 {
     if (m_isTicking)
         return;
@@ -73,7 +73,7 @@ void Looks::tick()
     m_isTicking = false;
 }
 
-void Looks::begin()
+void LookRunner::begin()
 {
     if (m_looks.empty()) {
         m_timer.stop();
@@ -86,7 +86,7 @@ void Looks::begin()
     QTimer::singleShot(0, this, m_looks.front().open);
 }
 
-void Looks::watch()
+void LookRunner::watch()
 {
     closeUninvited();
     QObject* seen = m_looks.front().find();
@@ -104,7 +104,7 @@ void Looks::watch()
     }
 }
 
-void Looks::end(QObject* seen)
+void LookRunner::end(QObject* seen)
 {
     const Look look = m_looks.front();
     m_looks.pop_front();
@@ -125,7 +125,7 @@ void Looks::end(QObject* seen)
 }
 
 /// A dialog that a call opens waits for a user, who isn't there.
-void Looks::closeUninvited()
+void LookRunner::closeUninvited()
 {
     for (const char* name : {"authDlg", "cloudDlg"}) {
         QObject* dialog = findDialog(QLatin1String(name));
@@ -137,7 +137,7 @@ void Looks::closeUninvited()
 }
 
 /// The root window with whatever windows stand above it.
-bool Looks::isPictureSaved(const QString& name) const
+bool LookRunner::isPictureSaved(const QString& name) const
 {
     QImage picture;
     QPoint corner;

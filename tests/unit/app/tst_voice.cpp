@@ -1,0 +1,121 @@
+#include "app/MainClass.h"
+#include "app/Voice.h"
+#include "common/Settings.h"
+#include "common/Sqlite.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTextToSpeech>
+#include <QtTest>
+
+class tst_voice : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase() { QDir::setCurrent(QDir::rootPath()); }
+
+    void settings_data();
+    void settings();
+    void everyTextToItsEnd_data();
+    void everyTextToItsEnd();
+    void tooManyAreDropped();
+    void leavingTheModuleSilences();
+
+private:
+    /// The engine shows that it is busy "early" or "late".
+    static void start(Voice& voice, const char* engine)
+    {
+        qApp->setProperty("engine", engine);
+        voice.init();
+        voice.findChild<QTimer*>()->setInterval(2);
+    }
+    static QStringList heard() { return qApp->property("heard").toStringList(); }
+
+    QTemporaryDir m_folder;
+};
+
+void tst_voice::initTestCase()
+{
+    QVERIFY(QDir::setCurrent(m_folder.path()));
+    Sqlite table;
+    QVERIFY(table.open() && table.createTable());
+}
+
+void tst_voice::settings_data()
+{
+    QTest::addColumn<QStringList>("stored"); // language, voice, speed
+    QTest::addColumn<QStringList>("spoken"); // locale, voice, rate
+    const QString chinese = QStringLiteral("简体中文 (中国)");
+    // clang-format off
+    QTest::newRow("none") << QStringList{"", "", ""} << QStringList{"en_US", "Default", "0"};
+    QTest::newRow("all") << QStringList{chinese, "Ting", "-10"} << QStringList{"zh_CN", "Ting", "-10"};
+    QTest::newRow("voice of another language")
+        << QStringList{"Klingon ()", "Ting", "3"} << QStringList{"en_US", "Default", "3"};
+}
+
+void tst_voice::settings()
+{
+    QFETCH(QStringList, stored);
+    QFETCH(QStringList, spoken);
+    QVERIFY(Settings::write("tts_language", stored[0]) && Settings::write("tts_voice", stored[1]) &&
+            Settings::write("tts_speed", stored[2]));
+    Voice voice;
+    start(voice, "early");
+    const auto* engine = voice.findChild<QTextToSpeech*>();
+    QCOMPARE((QStringList{engine->locale().name(), engine->voice().name(), QString::number(engine->rate())}),
+             spoken);
+    QCOMPARE(engine->volume(), 1.0);
+}
+
+void tst_voice::everyTextToItsEnd_data()
+{
+    QTest::addColumn<QByteArray>("engine");
+    QTest::newRow("busy at once") << QByteArray("early");
+    QTest::newRow("busy later") << QByteArray("late");
+}
+
+void tst_voice::everyTextToItsEnd()
+{
+    QFETCH(QByteArray, engine);
+    Voice voice;
+    start(voice, engine);
+    voice.add("nothing", 0);
+    for (const char* card : {"0012", "1001", "1002"})
+        voice.add(card, 2);
+    QTRY_COMPARE(heard(), (QStringList{"0012", "0012", "1001", "1001", "1002", "1002"}));
+}
+
+void tst_voice::tooManyAreDropped()
+{
+    Voice voice;
+    for (int i = 0; i < 101; ++i)
+        voice.add("old", 1);
+    start(voice, "late");
+    QTest::qWait(50);
+    for (int i = 0; i < 100; ++i)
+        voice.add("new", 1);
+    QTRY_COMPARE(heard().count("new"), 100);
+    QCOMPARE(heard().count("old"), 0);
+}
+
+void tst_voice::leavingTheModuleSilences()
+{
+    MainClass* program = MainClass::getInstance();
+    qApp->setProperty("engine", "stuck");
+    program->initTts();
+    program->findChild<Voice*>()->findChild<QTimer*>()->setInterval(2);
+    program->ttsAddData("broken off", 2);
+    program->ttsAddData("never said");
+    QTest::qWait(50);
+    QCOMPARE(heard(), QStringList());
+    program->stopTimer();
+    QCOMPARE(heard(), QStringList{"cut:broken off"});
+    qApp->setProperty("engine", "early");
+    program->ttsAddData("next");
+    QTRY_COMPARE(heard(), (QStringList{"cut:broken off", "next"}));
+}
+
+QTEST_GUILESS_MAIN(tst_voice)
+#include "tst_voice.moc"
