@@ -246,7 +246,7 @@ class Stand:
 
     def log(self):
         """What the terminal has logged; of a copied program this stand's alone."""
-        return "".join(file.read_text("utf-8", "replace") for file in sorted((self.bin / "log").glob("*.log")))
+        return "".join(file.read_text("utf-8", "replace") for file in sorted((self.bin / "log").glob("*.log*"), reverse=True))
 
     def slip_pictures(self):
         return sorted(self.slips.glob("*.png"))

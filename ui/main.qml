@@ -61,7 +61,8 @@ ApplicationWindow {
     }
 
     function showCloud() {
-        Dlg.showDialog("cloudDlg", {})
+        const res = Dlg.showDialog("cloudDlg", {})
+        DlgManager.cloudResult(res !== undefined && res.dlgResult)
     }
 
     objectName: "root"

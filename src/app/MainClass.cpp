@@ -43,6 +43,7 @@ MainClass::~MainClass()
 
 void MainClass::init()
 {
+    setStartFailure({});
     if (!initSysConfig())
         return;
     initMqtt(true);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/Property.h"
 #include "common/Singleton.h"
 #include "devices/ReaderStacks.h"
 
@@ -21,12 +22,14 @@ class Voice;
 class MainClass : public QObject, public Singleton<MainClass>
 {
     Q_OBJECT
+    PROPERTY(QString, startFailure, setStartFailure, {}) // why the start-up ended, empty while it runs
+    PROPERTY(bool, isBrokerAway, setIsBrokerAway, false) // what others change doesn't arrive
 
 public:
     ~MainClass() override;
 
     /// Second half of the start-up, called by the waiting page once it stands. On a failure the page stays,
-    /// with the cause shown.
+    /// with the cause shown, and may call it again.
     Q_INVOKABLE void init();
     /// The answer of the confirmation dialog: 1 yes, 0 no.
     Q_INVOKABLE void msgConfirmResult(int result);
@@ -81,6 +84,7 @@ private:
 
     void initReaders();
     bool initSysConfig();
+    bool failStart(const QString& cause);
     bool fetchLines();
     void chooseLine();
     bool fetchSysInit();

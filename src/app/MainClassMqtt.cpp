@@ -39,6 +39,8 @@ void MainClass::initMqtt(bool keepParameters)
                                   m_config->mqttPwd(), clientId, this);
     connect(m_mqttClient, &MqttClient::mqttMsgSignal, this, &MainClass::onMqttMessage);
     connect(m_mqttClient, &MqttClient::connected, this, &MainClass::mqttConnected);
+    connect(m_mqttClient, &MqttClient::connected, this, [this] { setIsBrokerAway(false); });
+    connect(m_mqttClient, &MqttClient::disconnected, this, [this] { setIsBrokerAway(true); });
 }
 
 void MainClass::setMqttTopics(const QList<QString>& topics)

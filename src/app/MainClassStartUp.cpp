@@ -19,19 +19,20 @@ bool hasLines(const GlobalConfig& config)
     return config.sysApiReq() && !config.sysApiReq()->reqLines().isEmpty();
 }
 
-/// Lets the user choose another line. A dialog that couldn't be shown returns at once; the pause keeps the
-/// caller from asking the back end without end.
-void askForLine()
+/// Lets the user choose another line; whether he has. A dialog that couldn't be shown returns at once; the
+/// pause keeps the caller from asking the back end without end.
+bool askForLine()
 {
     constexpr int leastMs = 1000;
     QElapsedTimer shown;
     shown.start();
-    DlgManager::getInstance()->showCloudDlg();
+    const bool isChosen = DlgManager::getInstance()->showCloudDlg();
     if (shown.elapsed() < leastMs) {
         QEventLoop pause;
         QTimer::singleShot(leastMs - static_cast<int>(shown.elapsed()), &pause, &QEventLoop::quit);
         pause.exec();
     }
+    return isChosen;
 }
 
 } // namespace
@@ -45,6 +46,13 @@ bool MainClass::initSysConfig()
         return false;
     m_config->setISysStatus(2);
     return true;
+}
+
+/// The waiting page shows it, with a way to try again; always false.
+bool MainClass::failStart(const QString& cause)
+{
+    setStartFailure(cause.isEmpty() ? QStringLiteral("请求失败") : cause);
+    return false;
 }
 
 bool MainClass::fetchLines()
@@ -65,10 +73,9 @@ bool MainClass::fetchLines()
     }
     if (!hasLines(*m_config)) {
         m_message->showError(reply->msg());
-        return false;
+        return failStart(reply->msg());
     }
-    askForLine();
-    return true;
+    return askForLine() || failStart(reply->msg());
 }
 
 void MainClass::chooseLine()
@@ -95,11 +102,12 @@ bool MainClass::fetchSysInit()
         m_config->setSecretKey(GlobalConfig::getRegValue(QStringLiteral("secretKey")));
         const auto reply = held(m_baa00->getSysInitByAuthCode(m_config->secretKey()));
         if (reply->code() == QLatin1String("NET_LINE_ERR_0000") && hasLines(*m_config)) {
-            askForLine();
+            if (!askForLine())
+                return failStart(reply->msg());
             continue;
         }
         if (!isOkOrShown(*reply))
-            return false;
+            return failStart(reply->msg());
         if (reply->data())
             applySysInit(reply->data(), m_config);
         return true;

@@ -11,7 +11,12 @@ Authoriser DlgManager::showAuthDlg(const QString& call)
     return std::exchange(m_authoriser, {});
 }
 
-void DlgManager::showCloudDlg() { Q_EMIT cloudSignal(); }
+bool DlgManager::showCloudDlg()
+{
+    m_isLineChosen = false;
+    Q_EMIT cloudSignal();
+    return m_isLineChosen;
+}
 
 void DlgManager::authResult(const QString& id, const QString& no, const QString& name)
 {

@@ -21,10 +21,12 @@ class DlgManager : public QObject, public Singleton<DlgManager>
 public:
     /// Asks for a supervisor on the spot; the call is told in words, if there are any.
     Authoriser showAuthDlg(const QString& call = {});
-    /// Lets the user choose a line.
-    void showCloudDlg();
+    /// Lets the user choose a line; whether he has.
+    bool showCloudDlg();
     /// What the supervisor dialog delivers, from its page.
     Q_INVOKABLE void authResult(const QString& id, const QString& no, const QString& name);
+    /// What the line dialog delivers.
+    Q_INVOKABLE void cloudResult(bool isChosen) { m_isLineChosen = isChosen; }
 
 Q_SIGNALS:
     void authSignal();
@@ -35,4 +37,5 @@ private:
     DlgManager() = default;
 
     Authoriser m_authoriser;
+    bool m_isLineChosen = false;
 };

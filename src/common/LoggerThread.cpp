@@ -91,10 +91,8 @@ void LoggerThread::run()
 
     QFile file(todaysName());
     while (goesOn()) {
-        if (file.isOpen() && file.size() >= m_limits.fileBytes) {
+        if (file.isOpen() && file.size() >= m_limits.fileBytes)
             file.close();
-            m_fullName = file.fileName();
-        }
         if (!file.isOpen() && !openFile(file))
             continue;
         writeQueue(file);
@@ -107,11 +105,8 @@ bool LoggerThread::openFile(QFile& file)
 {
     const QString name = todaysName();
     file.setFileName(name);
-    if (name == m_fullName || file.size() >= m_limits.fileBytes) {
-        m_fullName = name;
-        pause(m_limits.pauseMs);
-        return false;
-    }
+    if (file.size() >= m_limits.fileBytes)
+        putAside(name);
     // Unbuffered, so that a full disk shows at the line that it hits.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) {
         std::printf("#LogerThread# run() open log file fail! %s %s\n", qPrintable(file.errorString()),
@@ -120,7 +115,19 @@ bool LoggerThread::openFile(QFile& file)
         pause(m_limits.failedOpenPauseMs);
         return false;
     }
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     return true;
+}
+
+/// One that can't be moved is written on: better a long file than none.
+void LoggerThread::putAside(const QString& name) const
+{
+    constexpr int keptFiles = 9;
+    const auto aside = [&](int number) { return QStringLiteral("%1.%2").arg(name).arg(number); };
+    QFile::remove(aside(keptFiles));
+    for (int number = keptFiles - 1; number > 0; --number)
+        QFile::rename(aside(number), aside(number + 1));
+    QFile::rename(name, aside(1));
 }
 
 void LoggerThread::writeQueue(QFile& file)
@@ -138,11 +145,13 @@ void LoggerThread::writeQueue(QFile& file)
     }
 
     QString line;
-    while (file.size() < m_limits.fileBytes && takeLine(line)) {
+    while (takeLine(line)) {
         if (!writeLine(file, line)) {
             putBack(line);
             return;
         }
+        if (file.size() >= m_limits.fileBytes)
+            return;
     }
 }
 

@@ -11,9 +11,10 @@ class QFile;
 
 /// Writes log lines to one file a day, so that no caller waits for the disk.
 ///
-/// A file that has reached its size limit gets no more lines that day. Lines that can't be written wait in
-/// memory, up to a bound; beyond it the oldest are dropped and counted, and the count is written when writing
-/// goes on.
+/// A file that has reached its size limit is put aside as ".1", those before it move on up to ".9", and the
+/// day's file begins anew: the last 100 MiB of a day are on record. The files are their user's alone. Lines
+/// that can't be written wait in memory, up to a bound; beyond it the oldest are dropped and counted, and the
+/// count is written when writing goes on.
 class LoggerThread : public QThread
 {
     Q_OBJECT
@@ -22,7 +23,7 @@ public:
     /// What bounds the writer; the defaults are the program's.
     struct Limits
     {
-        qint64 fileBytes = 10485760;  ///< at this size or above a file is closed
+        qint64 fileBytes = 10485760;  ///< at this size or above a file is put aside
         int queuedLines = 20000;      ///< lines that wait in memory at most
         qint64 queuedChars = 4000000; ///< their characters at most, for whole replies are logged
         int pauseMs = 500;            ///< after each round
@@ -54,11 +55,11 @@ private:
     bool takeLine(QString& line);
     void putBack(const QString& line);
     void dropOverflow();
+    void putAside(const QString& name) const;
     QString todaysName() const;
 
     const QString m_folder;
     const Limits m_limits;
-    QString m_fullName; ///< today's file once it stands at its limit; the writer's own
 
     std::mutex m_mutex; ///< guards what follows
     std::condition_variable m_wake;

@@ -1,6 +1,7 @@
 #include "common/Modules.h"
 
 #include "Glyphs.h"
+#include "common/GlobalConfig.h"
 
 #include <QFile>
 
@@ -10,14 +11,14 @@ const std::vector<Module>& Modules::all()
 {
     // clang-format off
     static const std::vector<Module> table{
-        {"ROOMINFO_CTRL",  "ROOMINFO_CTRL",  Module::Tile,          "Module1", "", "", "", "", Glyph::moduleRooms, "#4FA3F7", "#2F6FE4"},
-        {"CONSUME_CTRL",   "CONSUME_CTRL",   Module::Tile,          "Module2", "", "", "", "", Glyph::moduleConsume, "#F7768E", "#DE4668"},
-        {"STAFF_QTZ_CTRL", "STAFF_QTZ_CTRL", Module::Tile,          "Module3", "", "staffNo", "", "", Glyph::moduleClock, "#38C6B4", "#17958F"},
-        {"HELP_BASH_WAIT", "HELP_BASH_WAIT", Module::Tile,          "Module4", "", "staffNo=userNo staffPwd=pwd staffUid staffId", "", "", Glyph::moduleHelper, "#F7A54F", "#E4762F"},
-        {"NO_ITEM_SERVER", "NO_ITEM_SERVER", Module::Tile,          "Module6", "", "staffNo staffId", "", "", Glyph::moduleTimer, "#9C7BF2", "#7150D6"},
-        {"SELF_ORDER",     "SELF_ORDER",     Module::Tile,          "Module7", "", "", "", "", Glyph::moduleSelf, "#5CC96B", "#2F9E4B"},
-        {"ZZC_CTRL",       "ZZC_CTRL",       Module::Tile,          "Module8", "", "", "", "", Glyph::moduleBuffet, "#E9B93A", "#C98F13"},
-        {"TRANSFER_CTRL",  "PAY_CTRL",       Module::FreeTile,      "Module9", "", "", "手牌转账", "", Glyph::moduleTransfer, "#4FB8D9", "#2689B5"},
+        {"ROOMINFO_CTRL",  "ROOMINFO_CTRL",  Module::Tile,          "Module1", "", "", "", "", Glyph::moduleRooms, "#2F6FE4", "#2257B8"},
+        {"CONSUME_CTRL",   "CONSUME_CTRL",   Module::Tile,          "Module2", "", "", "", "", Glyph::moduleConsume, "#C93756", "#A32543"},
+        {"STAFF_QTZ_CTRL", "STAFF_QTZ_CTRL", Module::Tile,          "Module3", "", "staffNo", "", "", Glyph::moduleClock, "#12756F", "#0C5B57"},
+        {"HELP_BASH_WAIT", "HELP_BASH_WAIT", Module::Tile,          "Module4", "", "staffNo=userNo staffPwd=pwd staffUid staffId", "", "", Glyph::moduleHelper, "#B4541A", "#934012"},
+        {"NO_ITEM_SERVER", "NO_ITEM_SERVER", Module::Tile,          "Module6", "", "staffNo staffId", "", "", Glyph::moduleTimer, "#6B4BCB", "#5236A8"},
+        {"SELF_ORDER",     "SELF_ORDER",     Module::Tile,          "Module7", "", "", "", "", Glyph::moduleSelf, "#2A7F3D", "#1F6630"},
+        {"ZZC_CTRL",       "ZZC_CTRL",       Module::Tile,          "Module8", "", "", "", "", Glyph::moduleBuffet, "#8F6400", "#745100"},
+        {"TRANSFER_CTRL",  "PAY_CTRL",       Module::FreeTile,      "Module9", "", "", "手牌转账", "", Glyph::moduleTransfer, "#1B7396", "#135A76"},
         {"SYS_CTRL",       "SYS_CTRL",       Module::RightedButton, "Module5", "", "", "系统设置", "sys_config.png"},
         {"JRZB",           "CONSUME_CTRL",   Module::Button,        "", "todaySumDlg", "", "今日指标", "person.png"},
         {"YJ",             "CONSUME_CTRL",   Module::Button,        "", "sellSumDlg", "", "个人业绩", "gryj.png"},
@@ -29,7 +30,7 @@ const std::vector<Module>& Modules::all()
 const Module& Modules::find(const QString& code)
 {
     static const Module unknown{"", "", Module::Tile,       "",        "",       "",
-                                "", "", Glyph::moduleOther, "#8FA3B8", "#64788F"};
+                                "", "", Glyph::moduleOther, "#5B6E84", "#465669"};
     const auto found = std::find_if(all().begin(), all().end(),
                                     [&](const Module& module) { return code == QLatin1String(module.code); });
     return found == all().end() ? unknown : *found;
@@ -52,6 +53,16 @@ QVariantList Modules::buttons() const
                                      {QStringLiteral("needsRight"), module.entry == Module::RightedButton}});
     }
     return found;
+}
+
+QString Modules::nameOf(const QString& code) const
+{
+    if (const FuncMenuModel* menu = GlobalConfig::getInstance()->funcMenu()) {
+        const int tile = menu->find([&](const Func_Menu_struct& entry) { return entry.funcVal == code; });
+        if (tile >= 0)
+            return menu->row(tile).authName;
+    }
+    return QString::fromUtf8(find(code).name);
 }
 
 QVariantMap Modules::of(const QString& code) const

@@ -46,6 +46,8 @@ public:
     static QString urlOf(const QString& page);
 
     QVariantList buttons() const;
+    /// What the user knows it by, once the start-up has told.
+    Q_INVOKABLE QString nameOf(const QString& code) const;
     /// loginWord, page, dialog, and url, which is empty as long as the page isn't built.
     Q_INVOKABLE QVariantMap of(const QString& code) const;
     /// What the module's page gets from the result of the login dialog.

@@ -78,8 +78,10 @@ void MqttClient::onConnected()
 
 void MqttClient::onDisconnected()
 {
-    if (!m_isClosing)
-        m_reconnectTimer->start(m_delayMs);
+    if (m_isClosing)
+        return;
+    m_reconnectTimer->start(m_delayMs);
+    Q_EMIT disconnected();
 }
 
 void MqttClient::onMessageReceived(const QByteArray& message, const QMqttTopicName& topic)

@@ -31,6 +31,8 @@ Q_SIGNALS:
     void mqttMsgSignal(const QString& topic, const QString& msg);
     /// The channel stands, for the first time or again. What was published before is lost.
     void connected();
+    /// The channel is lost, or could not be made.
+    void disconnected();
 
 private:
     void onConnected();

@@ -25,7 +25,7 @@ struct Road
 {
     const char* name;
     /// dead: no line answers; lines and record: what the back end answers in place of its own; faults: by
-    /// paths; dialogs: how often the user closes the line dialog before he ends the program; settings and
+    /// paths; dialogs: how often the user chooses a line before he only closes the dialog; settings and
     /// values: stored
     const char* before;
     const char* after;
@@ -57,7 +57,9 @@ const Road roads[] = {
     {"line errors until it works", R"({"faults": {"RECORD": "refuse:NET_LINE_ERR_0000"}, "times": 2, "dialogs": 5})",
      R"({"iSysStatus": 2, "dialogs": 2, "records": 3, "messages": ""})"},
     {"line errors until the user gives up", R"({"faults": {"RECORD": "refuse:NET_LINE_ERR_0000"}, "dialogs": 1})",
-     R"({"iSysStatus": 0, "dialogs": 2})"},
+     R"({"iSysStatus": 0, "dialogs": 2, "startFailure": "*"})"},
+    {"no line, cache, no choice", R"({"dead": true, "settings": {"sys_api_req": "CACHE"}})",
+     R"({"iSysStatus": 0, "dialogs": 1, "startFailure": "请求服务器失败"})"},
     {"line error without lines", R"({"faults": {"RECORD": "refuse:NET_LINE_ERR_0000"}, "lines": {"apiUrl": "HOUSE"}, "dialogs": 1})",
      R"({"iSysStatus": 0, "dialogs": 0, "records": 1})"},
 
@@ -122,8 +124,7 @@ int probe(QCoreApplication& application, int dialogLimit)
     QObject::connect(MyMessage::getInstance(), &MyMessage::showMessageSignal, &application,
                      [&](const QString& text, const QString& type) { messages.append(type + "|" + text); });
     QObject::connect(DlgManager::getInstance(), &DlgManager::cloudSignal, &application, [&] {
-        if (++dialogs > dialogLimit)
-            QCoreApplication::quit();
+        DlgManager::getInstance()->cloudResult(++dialogs <= dialogLimit);
     });
     MainClass* program = MainClass::getInstance();
     if (!GlobalConfig::getInstance()->initLibcurl())
@@ -135,6 +136,7 @@ int probe(QCoreApplication& application, int dialogLimit)
     QCoreApplication::exec();
     QJsonObject state = stateOf(*GlobalConfig::getInstance());
     state.insert("messages", messages.join(' '));
+    state.insert("startFailure", program->startFailure());
     state.insert("dialogs", dialogs);
     std::printf("%s\n", QJsonDocument(state).toJson(QJsonDocument::Compact).constData());
     return 0;

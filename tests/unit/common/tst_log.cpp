@@ -46,7 +46,7 @@ private Q_SLOTS:
     void cleanup() { Clock::setSource(nullptr); }
 
     void linesInOrder();
-    void fullFileWaitsForTheNextDay();
+    void fullFileIsPutAside();
     void bounds_data();
     void bounds();
     void removesOldFilesOnly();
@@ -77,33 +77,23 @@ void tst_log::linesInOrder()
     QVERIFY(!QFile::exists(fileOf(2)));
 }
 
-void tst_log::fullFileWaitsForTheNextDay()
+void tst_log::fullFileIsPutAside()
 {
     LoggerThread::Limits limits = quick();
     limits.fileBytes = 20;
-    limits.queuedLines = 3;
-    {
-        LoggerThread logger(m_folder, limits);
-        for (int i = 0; i < 2; ++i)
-            logger.log("0123456789");
-        QTRY_COMPARE(contentOf(fileOf(1)).size(), 22);
-        for (int i = 0; i < 5; ++i)
-            logger.log(QString::number(i));
-        QTest::qWait(50);
-        QCOMPARE(contentOf(fileOf(1)).size(), 22);
-
-        setDay(2);
-        QTRY_COMPARE(contentOf(fileOf(2)), QByteArray("#LogerThread# 2 lines dropped\n"));
-        setDay(3); // the count alone has filled this small file
-        QTRY_COMPARE(contentOf(fileOf(3)), QByteArray("2\n3\n4\n"));
-        QCOMPARE(contentOf(fileOf(1)).size(), 22);
-    }
-    // A file that is full when the program starts gets nothing either.
-    setDay(1);
     LoggerThread logger(m_folder, limits);
-    logger.log("late");
-    QTest::qWait(50);
-    QCOMPARE(contentOf(fileOf(1)).size(), 22);
+    for (int i = 0; i < 23; ++i)
+        logger.log(QString::number(1000000 + i)); // three fill a file
+    const auto aside = [&](int number) { return contentOf(fileOf(1) + '.' + QByteArray::number(number)); };
+    QTRY_COMPARE(contentOf(fileOf(1)), QByteArray("1000021\n1000022\n"));
+    QCOMPARE(aside(1), QByteArray("1000018\n1000019\n1000020\n"));
+    QCOMPARE(aside(7), QByteArray("1000000\n1000001\n1000002\n"));
+    for (int i = 23; i < 32; ++i)
+        logger.log(QString::number(1000000 + i));
+    QTRY_COMPARE(contentOf(fileOf(1)), QByteArray("1000030\n1000031\n"));
+    QCOMPARE(aside(9), QByteArray("1000003\n1000004\n1000005\n")); // the oldest has gone
+    QVERIFY(!QFile::exists(fileOf(1) + ".10"));
+    QCOMPARE(QFile::permissions(fileOf(1)) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
 }
 
 void tst_log::bounds_data()

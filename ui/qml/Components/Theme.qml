@@ -12,6 +12,7 @@ QtObject {
     readonly property color surfaceMuted: "#EEF3F8"
     readonly property color line: "#D0DAE5"
     readonly property color shade: "#80102030"
+    readonly property color glass: "#66FFFFFF"
 
     // Type
     readonly property color text: "#1F2D3D"

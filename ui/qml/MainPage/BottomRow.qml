@@ -21,15 +21,16 @@ Item {
         Repeater {
             model: Modules.buttons
 
-            Rectangle {
+            Tappable {
                 objectName: "bottom_" + modelData.code
                 visible: !modelData.needsRight || GlobalConfig.isVisSysConfig
                 width: 72
                 height: 72
                 radius: 36
-                color: area.pressed ? Theme.accentPressed : Theme.accent
-                Accessible.role: Accessible.Button
-                Accessible.name: modelData.name
+                label: modelData.name
+                restColor: Theme.accent
+                pressedColor: Theme.accentPressed
+                onClicked: row.chosen(modelData.code)
 
                 Image {
                     anchors.centerIn: parent
@@ -38,27 +39,20 @@ Item {
                     source: "qrc:/images/" + modelData.image
                     smooth: true
                 }
-
-                MouseArea {
-                    id: area
-                    anchors.fill: parent
-                    onClicked: row.chosen(modelData.code)
-                }
             }
         }
     }
 
-    Rectangle {
+    Tappable {
         objectName: "vendorBlock"
         anchors.right: parent.right
         anchors.rightMargin: Theme.spacing * 2
         anchors.verticalCenter: parent.verticalCenter
         width: 300
         height: 72
-        radius: Theme.radius
-        color: vendorArea.pressed ? Theme.keyPressed : "#66FFFFFF"
-        Accessible.role: Accessible.Button
-        Accessible.name: "链路切换"
+        label: "链路切换"
+        restColor: Theme.glass
+        onClicked: row.linesAsked()
 
         Image {
             id: logo
@@ -82,22 +76,12 @@ Item {
             Repeater {
                 model: GlobalConfig.vendorText
 
-                Text {
+                PlainText {
                     width: parent.width
                     text: modelData
-                    textFormat: Text.PlainText
-                    elide: Text.ElideRight
-                    font.family: Pinfang
                     font.pixelSize: 18
-                    color: Theme.text
                 }
             }
-        }
-
-        MouseArea {
-            id: vendorArea
-            anchors.fill: parent
-            onClicked: row.linesAsked()
         }
     }
 }

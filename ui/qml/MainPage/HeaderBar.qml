@@ -1,14 +1,17 @@
 import QtQuick 2.15
 import Fps 1.0
 import GlobalConfig 1.0
+import MainClass 1.0
 import "../Components"
 import "../../js/Glyphs.js" as Glyphs
 
-// Store, frame rate and clock; with a module open the way back, the operator and the lock, else the way out.
+// Store, frame rate and clock; with a module open the way back, the operator and the lock, else the way out. While the
+// broker is away it says so, and since when what others change is missing.
 Item {
     id: header
 
     property bool isModuleOpen: false
+    property double awaySince: 0 // ms
 
     signal back()
     signal lock()
@@ -19,7 +22,15 @@ Item {
         id: counter
     }
 
+    Connections {
+        target: MainClass
+        function onIsBrokerAwayChanged() {
+            header.awaySince = Date.now()
+        }
+    }
+
     Row {
+        id: left
         anchors.left: parent.left
         anchors.leftMargin: Theme.spacing
         anchors.verticalCenter: parent.verticalCenter
@@ -33,32 +44,44 @@ Item {
             onClicked: header.back()
         }
 
-        Text {
+        PlainText {
             objectName: "operatorText"
             anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, header.width * 0.22)
             text: GlobalConfig.userInfo.name + "[" + GlobalConfig.userInfo.code + "]"
-            textFormat: Text.PlainText
-            font.family: Pinfang
-            font.pixelSize: Theme.textSize
-            color: Theme.text
         }
     }
 
-    Text {
+    PlainText {
         objectName: "storeName"
         anchors.centerIn: parent
+        width: Math.min(implicitWidth, header.width * 0.36)
         text: GlobalConfig.storeName + "        FPS: " + counter.fps
-        textFormat: Text.PlainText
-        font.family: Pinfang
-        font.pixelSize: Theme.textSize
-        color: Theme.text
     }
 
     Row {
+        id: right
         anchors.right: parent.right
         anchors.rightMargin: Theme.spacing
         anchors.verticalCenter: parent.verticalCenter
         spacing: 8
+
+        Rectangle {
+            anchors.verticalCenter: parent.verticalCenter
+            objectName: "awayMark"
+            visible: MainClass.isBrokerAway && awayText.text !== ""
+            width: awayText.width + 16
+            height: Theme.px(32)
+            radius: 6
+            color: Theme.danger
+
+            PlainText {
+                id: awayText
+                anchors.centerIn: parent
+                font.pixelSize: Theme.captionSize
+                color: Theme.textOnColor
+            }
+        }
 
         IconButton {
             objectName: "lockButton"
@@ -69,12 +92,9 @@ Item {
             onClicked: header.lock()
         }
 
-        Text {
+        PlainText {
             id: clock
             anchors.verticalCenter: parent.verticalCenter
-            font.family: Pinfang
-            font.pixelSize: Theme.textSize
-            color: Theme.text
         }
 
         IconButton {
@@ -91,6 +111,11 @@ Item {
         running: true
         repeat: true
         triggeredOnStart: true
-        onTriggered: clock.text = Qt.formatDateTime(new Date(), "yyyy-MM-dd hh:mm:ss")
+        onTriggered: {
+            clock.text = Qt.formatDateTime(new Date(), "yyyy-MM-dd hh:mm:ss")
+            // One that is back within seconds was no outage.
+            const seconds = MainClass.isBrokerAway ? Math.floor((Date.now() - header.awaySince) / 1000) : 0
+            awayText.text = seconds < 3 ? "" : "实时中断 " + (seconds < 60 ? seconds + "秒" : Math.floor(seconds / 60) + "分")
+        }
     }
 }

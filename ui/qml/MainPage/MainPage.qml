@@ -11,17 +11,20 @@ import "../../js/Func.js" as JsFunc
 Rectangle {
     id: page
 
-    function isLoggedIn(word) {
-        const res = Dlg.showDialog("loginDlg", {funcVal: word})
+    property string moduleName: "" // of the module that was opened last, in words
+
+    function isLoggedIn(word, name) {
+        const res = Dlg.showDialog("loginDlg", {funcVal: word, moduleName: name || page.moduleName})
         return res !== undefined && res.dlgResult ? res : undefined
     }
 
     function onSelectMenu(code) {
         const word = Modules.of(code).loginWord
-        const login = isLoggedIn(word)
+        const login = isLoggedIn(word, Modules.nameOf(code))
         if (login === undefined)
             return
         GlobalConfig.currentMod = word
+        moduleName = Modules.nameOf(code)
         openModule(code, login)
     }
 
@@ -44,10 +47,18 @@ Rectangle {
         gc()
     }
 
+    // What was decided before the login is what it becomes, and only while a module is still open.
     function toggleLock() {
-        if (GlobalConfig.isCurrentModeLocked && isLoggedIn(GlobalConfig.currentMod) === undefined)
+        const wanted = !GlobalConfig.isCurrentModeLocked
+        if (!wanted && isLoggedIn(GlobalConfig.currentMod) === undefined)
             return
-        GlobalConfig.isCurrentModeLocked = !GlobalConfig.isCurrentModeLocked
+        if (stackView.depth > 1)
+            GlobalConfig.isCurrentModeLocked = wanted
+    }
+
+    // Whatever is tapped on this page begins once, and nothing else of it until that has ended.
+    function begin(action) {
+        JsFunc.singly(GlobalConfig.dlgDeplyTime, () => page && action())
     }
 
     objectName: "mainPage"
@@ -87,8 +98,8 @@ Rectangle {
         anchors.right: parent.right
         anchors.top: parent.top
         isModuleOpen: stackView.depth > 1
-        onBack: JsFunc.timerOnce(GlobalConfig.dlgDeplyTime, () => page.leaveModule())
-        onLock: JsFunc.timerOnce(GlobalConfig.dlgDeplyTime, () => page.toggleLock())
+        onBack: page.begin(page.leaveModule)
+        onLock: page.begin(page.toggleLock)
     }
 
     StackView {
@@ -116,8 +127,8 @@ Rectangle {
         id: tileGrid
 
         TileGrid {
-            onChosen: page.onSelectMenu(code)
-            onLinesAsked: Dlg.showDialog("cloudDlg", {})
+            onChosen: page.begin(() => page.onSelectMenu(code))
+            onLinesAsked: page.begin(() => Dlg.showDialog("cloudDlg", {}))
         }
     }
 

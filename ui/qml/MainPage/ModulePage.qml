@@ -7,11 +7,9 @@ Item {
 
     objectName: module
 
-    Text {
+    PlainText {
         anchors.centerIn: parent
         text: "模块尚未开通"
-        font.family: Pinfang
         font.pixelSize: Theme.titleSize
-        color: Theme.textMuted
     }
 }

@@ -1,8 +1,6 @@
 import QtQuick 2.15
 import QtQuick.Layouts 1.15
 import GlobalConfig 1.0
-import "../Components"
-import "../../js/Func.js" as JsFunc
 
 // First page of the stack: the tiles of the terminal's modules.
 Item {
@@ -29,12 +27,12 @@ Item {
             FuncTile {
                 objectName: "tile_" + model.funcVal
                 side: page.side
-                title: model.name
+                label: model.name
                 glyph: model.icon
                 fromColor: model.fromColor
                 toColor: model.toColor
                 glyphColor: model.iconColor
-                onChosen: page.chosen(model.funcVal)
+                onClicked: page.chosen(model.funcVal)
             }
         }
     }
@@ -43,7 +41,7 @@ Item {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        onChosen: JsFunc.delay15(() => page.chosen(code))
-        onLinesAsked: JsFunc.delay15(() => page.linesAsked())
+        onChosen: page.chosen(code)
+        onLinesAsked: page.linesAsked()
     }
 }

@@ -1,10 +1,16 @@
 import QtQuick 2.15
 import MainClass 1.0
 import "../Components"
+import "../DlgManager.js" as Dlg
 import "../../js/Glyphs.js" as Glyphs
 
-// Shown until the terminal has its lines and its system-init record.
+// Shown until the terminal has its lines and its system-init record. Where that fails it says why, and offers another
+// try and the line dialog.
 Rectangle {
+    id: page
+
+    readonly property bool isFailed: MainClass.startFailure !== ""
+
     gradient: Gradient {
         GradientStop { position: 0; color: Theme.backgroundFrom }
         GradientStop { position: 1; color: Theme.backgroundTo }
@@ -12,18 +18,46 @@ Rectangle {
 
     Column {
         anchors.centerIn: parent
+        width: parent.width * 0.8
         spacing: Theme.spacing * 2
 
         BusyIndicator {
             anchors.horizontalCenter: parent.horizontalCenter
+            visible: !page.isFailed
         }
 
-        Text {
+        PlainText {
             objectName: "startingText"
-            text: "系统启动中........."
-            font.family: Pinfang
+            width: parent.width
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+            text: page.isFailed ? "启动失败: " + MainClass.startFailure : "系统启动中........."
             font.pixelSize: Theme.titleSize
-            color: Theme.text
+        }
+
+        Row {
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: Theme.spacing * 2
+            visible: page.isFailed
+
+            PushButton {
+                objectName: "retryButton"
+                width: Theme.px(180)
+                text: "重试"
+                action: () => MainClass.init()
+            }
+
+            PushButton {
+                objectName: "linesButton"
+                width: Theme.px(180)
+                role: "plain"
+                text: "线路"
+                action: () => {
+                    const answer = Dlg.showDialog("cloudDlg", {})
+                    if (answer !== undefined && answer.dlgResult)
+                        MainClass.init()
+                }
+            }
         }
     }
 
