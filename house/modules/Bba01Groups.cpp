@@ -1,26 +1,49 @@
-#include "src/state/Asked.h"
-#include "src/state/RoomGroups.h"
+#include "src/Asked.h"
+#include "src/state/RoomDesk.h"
 
 namespace house {
 namespace {
 
 using nlohmann::json;
 
-Complaint mergeRoom(House& house, const Call& call)
+Reply mergeRoom(House& house, const Call& call)
 {
-    return mergeRooms(house.state, roomsAsked(house, call, "roomIdArr"));
+    mergeRooms(house.state, roomsOfIds(house, textsOf(call.body, "roomIdArr")));
+    return roomsChanged(house);
 }
 
-Complaint splitRoom(House& house, const Call& call)
+Reply splitRoom(House& house, const Call& call)
 {
-    return splitRooms(house.state, call.text("groupKey"), roomsAsked(house, call, "roomIdArr"));
+    const std::string groupKey = call.text("groupKey");
+    const std::vector<Room*> rooms = roomsOfIds(house, textsOf(call.body, "roomIdArr"));
+    for (const Room* room : rooms)
+        demand(!groupKey.empty() && room->groupKey == groupKey, roomFault,
+               "房间" + room->code + "不在该团体中");
+    for (Room* room : rooms)
+        leaveGroup(house.state, *room);
+    return roomsChanged(house);
 }
 
-Complaint unpackRoom(House& house, const Call& call)
+/// Cards go with their lines into another massage or rest room, or open an empty one as a massage room.
+Reply unpackRoom(House& house, const Call& call)
 {
-    return moveCards(house.state, roomAsked(house, call, "oldRoomId"),
-                     roomByCodeAsked(house, call, "newRoomNo"), cardsAsked(house, call, "cardIds"),
-                     actOf(call));
+    Room& from = roomOfId(house, call.text("oldRoomId"));
+    Room& to = roomOfCode(house, call.text("newRoomNo"));
+    const Cards cards = cardsOfIds(house, textsOf(call.body, "cardIds"));
+    demand(from.status == RoomStatus::Massage, roomFault, roomHasChanged);
+    const bool isOpenable = to.status == RoomStatus::Empty && !to.isReserved;
+    demand(&from != &to && (isOpenable || isInUse(to)), roomFault, "房间" + to.code + "不能转入手牌");
+    demand(!cards.empty(), roomFault, "请选择需要拆离的手牌");
+    demandInside(from, cards);
+    if (isOpenable)
+        startUse(to, RoomStatus::Massage, from.hours, call.staff->id, call.now);
+    for (Card* card : cards) {
+        for (Order* order : house.state.ordersOfRoom(from.id))
+            if (order->cardId == card->id)
+                order->roomId = to.id;
+        house.state.seat(*card, to, call.now);
+    }
+    return roomsChanged(house);
 }
 
 /// A guest who has a room of his own may come over, unless a technician is at work on him there.
@@ -36,33 +59,28 @@ bool isHeldElsewhere(House& house, const Card& card, const Room& room)
 
 Reply roomAddCard(House& house, const Call& call)
 {
-    Room& room = roomByCodeAsked(house, call, "roomNo");
-    const Cards cards = cardsAsked(house, call, "cardids");
-    json refused = json::array();
+    Room& room = roomOfCode(house, call.text("roomNo"));
+    const Cards cards = cardsOfIds(house, textsOf(call.body, "cardids"));
+    json held = json::array();
     for (const Card* card : cards)
         if (isHeldElsewhere(house, *card, room))
-            refused.push_back({{"cardNo", card->number}, {"roomNo", house.state.roomCode(card->roomId)}});
-    if (!refused.empty())
-        return Reply::with({{"flg", false}, {"roomcard", refused}});
-    const Complaint complaint = addCards(house.state, room, cards, actOf(call));
-    if (!complaint.empty())
-        return Reply::refuse("ROOM_ERR_0002", complaint);
+            held.push_back({{"cardNo", card->number}, {"roomNo", house.state.roomCode(card->roomId)}});
+    if (!held.empty())
+        return Reply::with({{"flg", false}, {"roomcard", held}});
+    demand(isInUse(room), roomFault, roomHasChanged);
+    demand(!cards.empty(), roomFault, "请先添加手牌");
+    demandUsable(cards);
+    for (Card* card : cards)
+        house.state.seat(*card, room, call.now);
     announceRooms(house);
-    return Reply::with({{"flg", true}, {"roomcard", json::array()}});
+    return Reply::with({{"flg", true}, {"roomcard", held}});
 }
 
 const ModuleRegistration registration([](EndpointTable& table) {
-    table.post("/bba01/mergeRoom", roomAction(mergeRoom)).needs("roomIdArr", Kind::Array);
-    table.post("/bba01/splitRoom", roomAction(splitRoom))
-        .needs("groupKey", Kind::Text)
-        .needs("roomIdArr", Kind::Array);
-    table.post("/bba01/unpackRoom", roomAction(unpackRoom))
-        .needs("oldRoomId", Kind::Text)
-        .needs("newRoomNo", Kind::Text)
-        .needs("cardIds", Kind::Array);
-    table.post("/bba01/roomAddCard", asked(roomAddCard))
-        .needs("roomNo", Kind::Text)
-        .needs("cardids", Kind::Array);
+    table.post("/bba01/mergeRoom", "roomIdArr[]", mergeRoom);
+    table.post("/bba01/splitRoom", "groupKey roomIdArr[]", splitRoom);
+    table.post("/bba01/unpackRoom", "oldRoomId newRoomNo cardIds[]", unpackRoom);
+    table.post("/bba01/roomAddCard", "roomNo cardids[]", roomAddCard);
 });
 
 } // namespace

@@ -1,4 +1,6 @@
-#include "src/state/Asked.h"
+#include "src/Asked.h"
+#include "src/Unread.h"
+#include "src/state/RoomDesk.h"
 #include "src/state/RoomRecords.h"
 
 #include <algorithm>
@@ -9,11 +11,8 @@ namespace {
 
 using nlohmann::json;
 
-constexpr char noSuchRoom[] = "房间不存在";
 /// The one status filter that stands for several statuses.
 const std::string inUseFilter = "7";
-
-Reply refuseRoom(const std::string& msg) { return Reply::refuse("ROOM_ERR_0001", msg); }
 
 std::set<std::string> idsOf(const Call& call, const char* field)
 {
@@ -105,33 +104,25 @@ Reply getOverTime(House& house, const Call& call)
 
 Reply getRoomDetailNew(House& house, const Call& call)
 {
-    const Room* room = call.body.contains("roomId") ? house.state.rooms.find(call.text("roomId"))
-                                                    : house.state.roomByCode(call.text("roomNo"));
-    if (!room)
-        return refuseRoom(noSuchRoom);
-    return Reply::with(RoomRecords(house, call.now).detail(*room));
+    const Room& room = call.body.contains("roomId") ? roomOfId(house, call.text("roomId"))
+                                                    : roomOfCode(house, call.text("roomNo"));
+    return Reply::with(RoomRecords(house, call.now).detail(room));
 }
 
 Reply getRoomConsList(House& house, const Call& call)
 {
-    const Room* room = house.state.rooms.find(call.text("roomId"));
-    return room ? Reply::with(RoomRecords(house, call.now).consumption(*room)) : refuseRoom(noSuchRoom);
+    return Reply::with(RoomRecords(house, call.now).consumption(roomOfId(house, call.text("roomId"))));
 }
 
 Reply getPlanListNew(House& house, const Call& call)
 {
-    const Room* room = house.state.rooms.find(call.text("roomId"));
-    if (!room)
-        return refuseRoom(noSuchRoom);
+    const Room& room = roomOfId(house, call.text("roomId"));
     json list = json::array();
     for (const Plan& plan : house.state.plans)
-        if (plan.roomTypeId == room->typeId)
-            list.push_back({{"id", plan.id},
-                            {"name", plan.name},
-                            {"min_time", plan.hours},
-                            {"min_fee", plan.fee},
-                            {"remark", plan.remark},
-                            {"day_price", plan.dayPrice}});
+        if (plan.roomTypeId == room.typeId)
+            list.push_back(withUnread(
+                {{"id", plan.id}, {"name", plan.name}, {"min_time", plan.hours}, {"min_fee", plan.fee}},
+                {"remark"}, {"day_price"}));
     return Reply::with(list);
 }
 
@@ -157,41 +148,28 @@ Reply getEmptyRoomList(House& house, const Call& call)
 
 Reply getCanMergeRoomList(House& house, const Call& call)
 {
-    const Room* own = house.state.roomByCode(call.text("roomNo"));
-    if (!own)
-        return refuseRoom(noSuchRoom);
+    const Room& own = roomOfCode(house, call.text("roomNo"));
     const RoomRecords records(house, call.now);
     json list = json::array();
     for (const Room& room : house.state.rooms) {
-        const bool isOfOwnGroup = !own->groupKey.empty() && room.groupKey == own->groupKey;
-        if (isInUse(room) && &room != own && !isOfOwnGroup && startsWith(room.code, call.text("schRoomNo")))
+        const bool isOfOwnGroup = !own.groupKey.empty() && room.groupKey == own.groupKey;
+        if (isInUse(room) && &room != &own && !isOfOwnGroup && startsWith(room.code, call.text("schRoomNo")))
             list.push_back(records.candidate(room));
     }
     return Reply::with(list);
 }
 
 const ModuleRegistration registration([](EndpointTable& table) {
-    table.get("/bba01/getRoomList", getRoomList)
-        .takes("status", Kind::Any)
-        .takes("floorId", Kind::Array)
-        .takes("houseType", Kind::Array)
-        .takes("roomno", Kind::Text)
-        .takes("sortType", Kind::Number);
-    table.get("/bba01/getFloorSum", getFloorSum);
-    table.get("/bba01/getRoomTypeSum", getRoomTypeSum);
-    table.get("/bba01/getOverTime", getOverTime);
-    table.get("/bba01/getRoomDetailNew", getRoomDetailNew)
-        .takes("roomId", Kind::Text)
-        .takes("roomNo", Kind::Text);
-    table.get("/bba01/getRoomConsList", getRoomConsList).needs("roomId", Kind::Text);
-    table.get("/bba01/getPlanListNew", getPlanListNew)
-        .needs("roomId", Kind::Text)
-        .needs("planType", Kind::Number);
-    table.get("/bba01/getOccTypeList", getOccTypeList);
-    table.get("/bba01/getEmptyRoomList", getEmptyRoomList).needs("roomNo", Kind::Text);
-    table.get("/bba01/getCanMergeRoomList", getCanMergeRoomList)
-        .needs("roomNo", Kind::Text)
-        .needs("schRoomNo", Kind::Text);
+    table.get("/bba01/getRoomList", "status*? floorId[]? houseType[]? roomno? sortType#?", getRoomList);
+    table.get("/bba01/getFloorSum", "", getFloorSum);
+    table.get("/bba01/getRoomTypeSum", "", getRoomTypeSum);
+    table.get("/bba01/getOverTime", "", getOverTime);
+    table.get("/bba01/getRoomDetailNew", "roomId? roomNo?", getRoomDetailNew);
+    table.get("/bba01/getRoomConsList", "roomId", getRoomConsList);
+    table.get("/bba01/getPlanListNew", "roomId planType#", getPlanListNew);
+    table.get("/bba01/getOccTypeList", "", getOccTypeList);
+    table.get("/bba01/getEmptyRoomList", "roomNo", getEmptyRoomList);
+    table.get("/bba01/getCanMergeRoomList", "roomNo schRoomNo", getCanMergeRoomList);
 });
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "src/Lookup.h"
+#include "src/Asked.h"
 
 #include <algorithm>
 
@@ -41,33 +41,27 @@ Reply getHardCardAssessOrders(House& house, const Call& call)
 Reply assessHardCardOrders(House& house, const Call& call)
 {
     staffOfId(house, call.text("staffId"));
-    const Card& card = cardAsked(house, call.text("hardCardId"));
+    const Card& card = cardOfId(house, call.text("hardCardId"));
     const json known = grades(house);
     std::vector<Order*> graded;
     for (const json& row : call.body["hardOrderAssess"]) {
-        const std::string gradeId = row.at("assessInfoId").get<std::string>();
-        if (std::none_of(known.begin(), known.end(), [&](const json& grade) { return grade["id"] == gradeId; }))
-            refuse("ASSESS_ERR_0001", "评价项不存在");
+        const auto isNamed = [&](const json& grade) { return grade["id"] == row.at("assessInfoId"); };
+        demand(std::any_of(known.begin(), known.end(), isNamed), "ASSESS_ERR_0001", "评价项不存在");
         Order* order = house.state.orders.find(row.at("hardOrderId").get<std::string>());
-        if (!order || order->cardId != card.id || !isGradable(*order))
-            refuse("ASSESS_ERR_0002", "订单不属于手牌【" + card.number + "】，不能评价");
+        demand(order && order->cardId == card.id && isGradable(*order), "ASSESS_ERR_0002",
+               "订单不属于手牌【" + card.number + "】，不能评价");
         graded.push_back(order);
     }
-    if (graded.empty())
-        refuse("ASSESS_ERR_0003", "没有需要评价的订单");
+    demand(!graded.empty(), "ASSESS_ERR_0003", "没有需要评价的订单");
     for (Order* order : graded)
         order->isAssessed = true;
     return Reply::done();
 }
 
 const ModuleRegistration registration([](EndpointTable& table) {
-    withActingStaff(table.get("/bca01/getHardCardAssessOrders", asked(getHardCardAssessOrders)))
-        .takes("cardUid", Kind::Text)
-        .takes("hardCardNo", Kind::Text);
-    table.post("/bca01/assessHardCardOrders", asked(assessHardCardOrders))
-        .needs("hardCardId", Kind::Text)
-        .needs("staffId", Kind::Text)
-        .needs("hardOrderAssess", Kind::Array);
+    table.get("/bca01/getHardCardAssessOrders", std::string(actingStaffFields) + "cardUid? hardCardNo?",
+              getHardCardAssessOrders);
+    table.post("/bca01/assessHardCardOrders", "hardCardId staffId hardOrderAssess[]", assessHardCardOrders);
 });
 
 } // namespace

@@ -1,5 +1,5 @@
-#include "src/Lookup.h"
-#include "src/Text.h"
+#include "src/Asked.h"
+#include "src/Unread.h"
 
 namespace house {
 namespace {
@@ -8,34 +8,33 @@ using nlohmann::json;
 
 json recordOf(House& house, const PassRecord& passed)
 {
-    const Card& card = cardAsked(house, passed.cardId);
-    const Staff& person = staffOfId(house, passed.staffId);
-    return {
-        {"hardCardNo", card.number},          {"hardCardTypeName", house.state.cardTypes.find(card.type)->name},
-        {"statusVal", wordOf(passed.status)}, {"callNum", passed.callNum},
-        {"operatorCode", person.code},        {"operatorName", person.name},
-        {"createTime", timeText(passed.at)},  {"hardCardId", card.id}};
+    const Card& card = cardOfId(house, passed.cardId);
+    return withUnread({{"hardCardNo", card.number},
+                       {"hardCardTypeName", house.state.cardTypes.find(card.type)->name},
+                       {"statusVal", wordOf(passed.status)},
+                       {"callNum", passed.callNum},
+                       {"operatorCode", staffOfId(house, passed.staffId).code},
+                       {"createTime", timeText(passed.at)},
+                       {"hardCardId", card.id}},
+                      {"operatorName"});
 }
 
 Reply getHelpCallBashApiLogPageList(House& house, const Call& call)
 {
     const Seconds from = timeOf(call.text("startTime"));
     const Seconds to = timeOf(call.text("endTime"));
-    const auto page = decimal(call.params.at("page"));
-    const auto limit = decimal(call.params.at("limit"));
-    if (from == 0 || to == 0 || from > to)
-        refuse("CALL_ERR_0002", "查询时间不正确");
-    if (!page || !limit || *page < 1 || *limit < 1)
-        refuse("CALL_ERR_0002", "分页参数不正确");
+    demand(from != 0 && from <= to, "CALL_ERR_0002", "查询时间不正确");
+    const std::size_t limit = positive(call, "limit");
+    const std::size_t page = positive(call, "page");
 
     json list = json::array();
-    long long total = 0;
+    std::size_t total = 0;
     const std::vector<PassRecord>& records = house.state.calls.passRecords();
     // The latest first.
     for (auto record = records.rbegin(); record != records.rend(); ++record) {
         if (record->at < from || record->at > to)
             continue;
-        if (total / *limit == *page - 1)
+        if (total / limit == page - 1)
             list.push_back(recordOf(house, *record));
         ++total;
     }
@@ -43,11 +42,9 @@ Reply getHelpCallBashApiLogPageList(House& house, const Call& call)
 }
 
 const ModuleRegistration registration([](EndpointTable& table) {
-    table.get("/bca01/getHelpCallBashApiLogPageList", asked(getHelpCallBashApiLogPageList))
+    table.get("/bca01/getHelpCallBashApiLogPageList", "startTime endTime", getHelpCallBashApiLogPageList)
         .query({"limit", "page"})
-        .withoutOperator()
-        .needs("startTime", Kind::Text)
-        .needs("endTime", Kind::Text);
+        .withoutOperator();
 });
 
 } // namespace

@@ -1,4 +1,5 @@
-#include "src/House.h"
+#include "src/Asked.h"
+#include "src/Unread.h"
 
 #include <algorithm>
 #include <cctype>
@@ -9,18 +10,16 @@ namespace {
 
 using nlohmann::json;
 
-bool isSoldIn(const Item& item, const std::string& areaId)
+const std::string& areaAsked(const House& house, const Call& call)
 {
-    return std::find(item.areaIds.begin(), item.areaIds.end(), areaId) != item.areaIds.end();
+    const WorkArea* area = house.seed.area(call.text("selAreaId"));
+    demand(area, "ITEM_ERR_0001", "营业区域不存在");
+    return area->id;
 }
-
-Reply unknownArea() { return Reply::refuse("ITEM_ERR_0001", "营业区域不存在"); }
 
 Reply getTypeList(House& house, const Call& call)
 {
-    const std::string areaId = call.text("selAreaId");
-    if (!house.seed.area(areaId))
-        return unknownArea();
+    const std::string& areaId = areaAsked(house, call);
     std::set<std::string> sold;
     for (const Item& item : house.state.items)
         if (isSoldIn(item, areaId))
@@ -34,26 +33,24 @@ Reply getTypeList(House& house, const Call& call)
 
 json itemRecord(const Item& item)
 {
-    return {{"id", item.id},
-            {"name", item.name},
-            {"price", item.price},
-            {"typeId", item.typeId},
-            {"pic_path", item.picture},
-            {"server_type", static_cast<int>(item.kind)},
-            {"is_desk_no", item.needsDesk ? 1 : 0},
-            {"spec", item.spec},
-            {"tagId", item.tagId},
-            {"sell_flg", item.sellFlg},
-            {"is_pack_ticket", item.isPackTicket},
-            {"unit", item.unit},
-            {"worker_type", item.workerType},
-            {"times", item.minutes}};
+    return withUnread({{"id", item.id},
+                       {"name", item.name},
+                       {"price", item.price},
+                       {"pic_path", item.picture},
+                       {"server_type", static_cast<int>(item.kind)},
+                       {"is_desk_no", item.needsDesk ? 1 : 0},
+                       {"tagId", item.tagId},
+                       {"sell_flg", item.sellFlg},
+                       {"is_pack_ticket", item.isPackTicket},
+                       {"unit", item.unit},
+                       {"worker_type", item.workerType},
+                       {"times", item.minutes}},
+                      {"typeId"}, {"spec"});
 }
 
 Reply getItemList(House& house, const Call& call)
 {
-    if (!house.seed.area(call.text("selAreaId")))
-        return unknownArea();
+    const std::string& areaId = areaAsked(house, call);
     const std::string typeId = call.text("typeId");
     const std::string barCode = call.text("barCode");
     std::string initials = call.text("plucode");
@@ -61,7 +58,7 @@ Reply getItemList(House& house, const Call& call)
                    [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
     json list = json::array();
     for (const Item& item : house.state.items)
-        if (isSoldIn(item, call.text("selAreaId")) && (typeId.empty() || item.typeId == typeId) &&
+        if (isSoldIn(item, areaId) && (typeId.empty() || item.typeId == typeId) &&
             (barCode.empty() || item.barCode == barCode) && item.initials.find(initials) != std::string::npos)
             list.push_back(itemRecord(item));
     return Reply::with({{"itemList", list}});
@@ -69,30 +66,24 @@ Reply getItemList(House& house, const Call& call)
 
 Reply getTagList(House& house, const Call& call)
 {
-    const Item* item = house.state.items.find(call.text("itemId"));
-    if (!item)
-        return Reply::refuse("ITEM_ERR_0002", "项目不存在");
+    const Item& item = itemOfId(house, call.text("itemId"));
     json list = json::array();
     for (const TasteGroup& group : house.state.tastes) {
-        if (group.tagId != item->tagId)
+        if (group.tagId != item.tagId)
             continue;
         json choices = json::array();
         for (const TasteChoice& choice : group.choices)
             choices.push_back({{"name", choice.name}, {"id", choice.id}});
-        list.push_back(
-            {{"name", group.name}, {"mulFlg", group.isMultiple ? 1 : 0}, {"sels", choices}, {"id", group.id}});
+        list.push_back(withUnread(
+            {{"name", group.name}, {"mulFlg", group.isMultiple ? 1 : 0}, {"sels", choices}}, {"id"}));
     }
     return Reply::with({{"tagList", list}});
 }
 
 const ModuleRegistration registration([](EndpointTable& table) {
-    table.get("/bca01/getTypeList", getTypeList).needs("selAreaId", Kind::Text);
-    table.get("/bca01/getItemList", getItemList)
-        .needs("selAreaId", Kind::Text)
-        .takes("typeId", Kind::Text)
-        .takes("plucode", Kind::Text)
-        .takes("barCode", Kind::Text);
-    table.get("/bca01/getTagList", getTagList).needs("itemId", Kind::Text);
+    table.get("/bca01/getTypeList", "selAreaId", getTypeList);
+    table.get("/bca01/getItemList", "selAreaId typeId? plucode? barCode?", getItemList);
+    table.get("/bca01/getTagList", "itemId", getTagList);
 });
 
 } // namespace

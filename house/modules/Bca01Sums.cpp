@@ -1,5 +1,7 @@
-#include "src/House.h"
+#include "src/Asked.h"
+#include "src/Unread.h"
 
+#include <algorithm>
 #include <map>
 
 namespace house {
@@ -34,21 +36,15 @@ json lineRecord(const House& house, const Order& order)
 {
     const Item* item = house.state.items.find(order.itemId);
     const double amount = amountOf(order);
-    return {{"itemId", order.itemId},
-            {"name", order.itemName},
-            {"num", order.num},
-            {"price", order.price},
-            {"unit", item ? item->unit : ""},
-            {"amount", amount},
-            {"statusVal", order.status == LineStatus::Gift ? "赠送" : "正常"},
-            {"isParent", false},
-            {"performerAmt", item ? roundMoney(amount * item->commission) : 0.0}};
-}
-
-void add(json& sum, const json& line, std::initializer_list<const char*> fields)
-{
-    for (const char* field : fields)
-        sum[field] = roundMoney(sum[field].get<double>() + line[field].get<double>());
+    return withUnread({{"name", order.itemName},
+                       {"num", order.num},
+                       {"price", order.price},
+                       {"unit", item ? item->unit : ""},
+                       {"amount", amount},
+                       {"statusVal", order.status == LineStatus::Gift ? "赠送" : "正常"},
+                       {"isParent", false},
+                       {"performerAmt", item ? roundMoney(amount * item->commission) : 0.0}},
+                      {"itemId"});
 }
 
 /// One line for each item at each price and status.
@@ -57,15 +53,15 @@ json mergedLines(const House& house, const std::vector<const Order*>& orders)
     json lines = json::array();
     for (const Order* order : orders) {
         const json line = lineRecord(house, *order);
-        json* same = nullptr;
-        for (json& other : lines)
-            if (other["itemId"] == line["itemId"] && other["price"] == line["price"] &&
-                other["statusVal"] == line["statusVal"])
-                same = &other;
-        if (same)
-            add(*same, line, {"num", "amount", "performerAmt"});
-        else
+        const auto same = std::find_if(lines.begin(), lines.end(), [&](const json& other) {
+            return other["name"] == line["name"] && other["price"] == line["price"] &&
+                   other["statusVal"] == line["statusVal"];
+        });
+        if (same == lines.end())
             lines.push_back(line);
+        else
+            for (const char* field : {"num", "amount", "performerAmt"})
+                (*same)[field] = roundMoney((*same)[field].get<double>() + line[field].get<double>());
     }
     return lines;
 }
@@ -86,8 +82,7 @@ json groupedLines(const House& house, const std::vector<const Order*>& orders)
 Reply getSumList(House& house, const Call& call)
 {
     const Range range{timeOf(call.text("starttime")), timeOf(call.text("endtime"))};
-    if (range.start == 0 || range.end == 0 || range.start > range.end)
-        return Reply::refuse("SUM_ERR_0001", "查询时间不正确");
+    demand(range.start != 0 && range.start <= range.end, "SUM_ERR_0001", "查询时间不正确");
     std::map<std::string, std::vector<const Order*>> byArea;
     for (const Order& order : house.state.orders)
         if (isCounted(house, call, order, range))
@@ -95,31 +90,24 @@ Reply getSumList(House& house, const Call& call)
     const bool isMerged = call.body["isOneItem"] == 1;
     json list = json::array();
     for (const auto& [areaId, orders] : byArea) {
-        json area = {{"areaName", house.seed.area(areaId)->name},
-                     {"totalNum", 0.0},
-                     {"totalAmount", 0.0},
-                     {"orderlist", json::array()},
-                     {"parentList", json::array()}};
+        double num = 0;
+        double amount = 0;
         for (const Order* order : orders) {
-            area["totalNum"] = area["totalNum"].get<double>() + order->num;
-            area["totalAmount"] = roundMoney(area["totalAmount"].get<double>() + amountOf(*order));
+            num += order->num;
+            amount += amountOf(*order);
         }
-        area[isMerged ? "orderlist" : "parentList"] =
-            isMerged ? mergedLines(house, orders) : groupedLines(house, orders);
-        list.push_back(std::move(area));
+        list.push_back({{"areaName", house.seed.area(areaId)->name},
+                        {"totalNum", num},
+                        {"totalAmount", roundMoney(amount)},
+                        {"orderlist", isMerged ? mergedLines(house, orders) : json::array()},
+                        {"parentList", isMerged ? json::array() : groupedLines(house, orders)}});
     }
     return Reply::with(list);
 }
 
 const ModuleRegistration registration([](EndpointTable& table) {
-    table.get("/bca01/getSumList", getSumList)
-        .needs("starttime", Kind::Text)
-        .needs("endtime", Kind::Text)
-        .needs("isOneItem", Kind::Number)
-        .needs("selectLocal", Kind::Any)
-        .needs("orderType", Kind::Number)
-        .takes("code", Kind::Text)
-        .takes("areaId", Kind::Text);
+    table.get("/bca01/getSumList", "starttime endtime isOneItem# selectLocal* orderType# code? areaId?",
+              getSumList);
 });
 
 } // namespace

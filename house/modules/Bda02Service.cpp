@@ -1,5 +1,9 @@
-#include "src/Lookup.h"
+#include "src/Asked.h"
+#include "src/Unread.h"
+#include "src/state/RoomDesk.h"
 #include "src/state/ServiceClock.h"
+
+#include <algorithm>
 
 namespace house {
 namespace {
@@ -7,151 +11,194 @@ namespace {
 using nlohmann::json;
 
 constexpr char serviceFault[] = "BDA_ERR_0001";
-constexpr char startRight[] = "405787820965498883";
-constexpr char endRight[] = "405774559473831939";
-constexpr char changeItemRight[] = "405775476587761665";
-constexpr char changeCardRight[] = "405775602253303810";
+constexpr char notRunning[] = "该服务已停钟或已退钟";
 
 Clock& clockOf(House& house, const std::string& staffId)
 {
     return *house.state.clocks.find(staffOfId(house, staffId).id);
 }
 
-/// The clock that stands on this line or on the service it belongs to.
-Clock& clockOfLine(House& house, const std::string& orderId)
+Order& runningLineAsked(House& house, const Call& call)
 {
-    const Order* line = house.state.orders.find(orderId);
-    if (!line)
-        refuse(serviceFault, "服务订单不存在");
-    return clockOf(house, line->staffId);
+    Order* line = runningLine(house.state, call.text("orderId"));
+    demand(line, serviceFault, notRunning);
+    return *line;
+}
+
+ServiceLines runningLinesOf(House& house, const Clock& clock)
+{
+    ServiceLines lines = runningLines(house.state, clock);
+    demand(!lines.empty(), serviceFault, "该技师不在上钟状态");
+    return lines;
 }
 
 /// A changed service shows on the board as well.
-Reply changed(House& house, const Clock& clock)
+Reply changed(House& house, const std::string& staffId)
 {
-    announce(house, "STAFFSTATUS", staffOfId(house, clock.id).code);
-    announceRooms(house);
-    return Reply::done();
+    announce(house, "STAFFSTATUS", staffOfId(house, staffId).code);
+    return roomsChanged(house);
 }
 
-const Item& servableItem(const House& house, const Clock& clock, const std::string& itemId)
+const Item& itemAsked(const House& house, const Call& call, const std::string& staffId)
 {
-    const Staff& person = staffOfId(house, clock.id);
+    const Staff& person = staffOfId(house, staffId);
     for (const Item* item : servableItems(house.state, person.workerTypes))
-        if (item->id == itemId)
+        if (item->id == call.text("itemId"))
             return *item;
     refuse(serviceFault, "技师【" + person.code + "】不能做此项目");
 }
 
-int clockKindIn(const Call& call, const char* field)
+int clockKindAsked(const Call& call, const char* field)
 {
     const int kind = call.body[field].get<int>();
-    if (kind < firstClockKind || kind > addedClockKind)
-        refuse(serviceFault, "起钟类别不存在");
+    demand(kind >= firstClockKind && kind <= addedClockKind, serviceFault, "起钟类别不存在");
     return kind;
 }
 
-/// Without a room in the request the guest is served where he is.
-ServiceTarget targetIn(House& house, const Call& call)
+/// Puts an item on a line that keeps its quantity.
+void setItem(Order& line, const Item& item)
 {
-    ServiceTarget target;
-    const std::string cardNo = call.text("cardNo");
-    if (!cardNo.empty())
-        target.card = &guestCard(house, cardNo, {});
-    else if (!house.seed.document["sysconfig"].value("custCanAssign", false))
-        refuse(serviceFault, "请输入手牌");
-    const std::string roomNo = call.text("roomNo");
-    if (!roomNo.empty())
-        target.room = &roomInUse(house, roomNo);
-    else if (target.card)
-        target.room = house.state.rooms.find(target.card->roomId);
-    if (call.body.contains("pushNo"))
-        target.pushId = staffOfCode(house, call.text("pushNo")).id;
-    target.clockKind = clockKindIn(call, "orderType");
-    target.deviceId = call.terminal->id;
-    return target;
+    line.itemId = item.id;
+    line.itemName = item.name;
+    line.price = item.price;
+    line.minutes = static_cast<int>(item.minutes * line.num);
 }
 
+/// Where the service is booked. Without a room in the request the guest is served where he is.
+void setTarget(House& house, const Call& call, Order& line)
+{
+    const std::string cardNo = call.text("cardNo");
+    const std::string roomNo = call.text("roomNo");
+    const bool mayLackCard = house.seed.document.at("sysconfig").value("custCanAssign", false);
+    demand(!cardNo.empty() || mayLackCard, serviceFault, "请输入手牌");
+    const Card* card = cardNo.empty() ? nullptr : &guestCard(house, cardNo, {});
+    const Room* room = roomNo.empty() ? nullptr : &roomOfCode(house, roomNo);
+    demand(!room || isInUse(*room), serviceFault, "房间【" + roomNo + "】未开房");
+    line.clockKind = clockKindAsked(call, "orderType");
+    line.cardId = card ? card->id : "";
+    line.roomId = room ? room->id : card ? card->roomId : "";
+    line.deviceId = call.terminal->id;
+}
+
+/// Starts what he was assigned; the item may have changed meanwhile.
 Reply startServer(House& house, const Call& call)
 {
     Clock& clock = clockOf(house, call.text("staffId"));
-    refuseIf(serviceFault,
-             startAssigned(house.state, clock, call.text("orderId"),
-                           servableItem(house, clock, call.text("itemId")), targetIn(house, call), call.now));
-    return changed(house, clock);
+    const Item& item = itemAsked(house, call, clock.id);
+    Order* line = house.state.orders.find(call.text("orderId"));
+    demand(line && clock.workStatus == WorkAssigned && clock.orderId == line->id &&
+               line->progress == Progress::Pending && line->status != LineStatus::Void,
+           serviceFault, "派钟信息已发生变化，请重新进入");
+    setTarget(house, call, *line);
+    // A price made at the sale stays, as long as the item does.
+    if (line->itemId != item.id)
+        setItem(*line, item);
+    run(*line, clock, call.now);
+    return changed(house, clock.id);
 }
 
 Reply startServerWithoutOrder(House& house, const Call& call)
 {
     Clock& clock = clockOf(house, call.text("staffId"));
-    refuseIf(serviceFault, startService(house.state, clock, servableItem(house, clock, call.text("itemId")),
-                                        targetIn(house, call), call.now));
-    return changed(house, clock);
+    Order line = lineOf(itemAsked(house, call, clock.id));
+    demand(clock.workStatus == WorkWaiting, serviceFault, "该技师不在待钟状态，不能起钟");
+    setTarget(house, call, line);
+    line.staffId = line.enteredBy = clock.id;
+    line.pushId = call.body.contains("pushNo") ? staffOfCode(house, call.text("pushNo")).id : "";
+    line.createdAt = call.now;
+    run(house.state.addOrder(std::move(line)), clock, call.now);
+    return changed(house, clock.id);
 }
 
-// The card, the room, the pusher and the kinds in the request repeat what the running service has.
+/// A further line of the running service; the card, the room, the pusher and the kinds in the request repeat
+/// what that has.
 Reply addServer(House& house, const Call& call)
 {
-    Clock& clock = clockOf(house, call.text("staffId"));
-    const double num = call.body["num"].get<double>();
-    if (num < 1)
-        refuse(serviceFault, "加钟数量不正确");
-    refuseIf(serviceFault,
-             addClock(house.state, clock, servableItem(house, clock, call.text("itemId")), num, call.now));
-    return changed(house, clock);
+    const Clock& clock = clockOf(house, call.text("staffId"));
+    const Item& item = itemAsked(house, call, clock.id);
+    // Sharing the batch is what makes it one service.
+    Order line = *runningLinesOf(house, clock).front();
+    line.num = call.body["num"].get<double>();
+    demand(line.num >= 1, serviceFault, "加钟数量不正确");
+    line.status = LineStatus::Normal;
+    line.areaId = item.areaIds.front();
+    line.clockKind = addedClockKind;
+    line.createdAt = line.startedAt = call.now;
+    setItem(line, item);
+    house.state.addOrder(std::move(line));
+    return changed(house, clock.id);
 }
 
 Reply changeServer(House& house, const Call& call)
 {
-    const Clock& clock = clockOfLine(house, call.text("orderId"));
-    refuseIf(serviceFault,
-             changeItem(house.state, call.text("orderId"), servableItem(house, clock, call.text("itemId"))));
-    return changed(house, clock);
+    Order& line = runningLineAsked(house, call);
+    setItem(line, itemAsked(house, call, line.staffId));
+    return changed(house, line.staffId);
 }
 
 Reply changeCard(House& house, const Call& call)
 {
-    Clock& clock = clockOf(house, call.text("staffId"));
-    refuseIf(serviceFault, moveToCard(house.state, clock, guestCard(house, call.text("cardNo"), {})));
-    return changed(house, clock);
+    const Clock& clock = clockOf(house, call.text("staffId"));
+    const Card& card = guestCard(house, call.text("cardNo"), {});
+    const ServiceLines lines = runningLinesOf(house, clock);
+    demand(lines.front()->cardId != card.id, serviceFault, "新手牌与原手牌相同");
+    for (Order* line : lines)
+        house.state.moveLine(*line, card);
+    return changed(house, clock.id);
 }
 
 Reply chgAssignType(House& house, const Call& call)
 {
-    refuseIf(serviceFault, changeKind(house.state, call.text("orderId"), clockKindIn(call, "newType")));
-    return changed(house, clockOfLine(house, call.text("orderId")));
+    Order& line = runningLineAsked(house, call);
+    line.clockKind = clockKindAsked(call, "newType");
+    return changed(house, line.staffId);
 }
 
-Reply chargeBackLines(House& house, const Call& call)
+/// Without a line left he waits again.
+Reply chargeBack(House& house, const Call& call)
 {
     Clock& clock = clockOf(house, call.text("staffId"));
-    refuseIf(serviceFault, chargeBack(house.state, clock, textsOf(call.body, "orderIds")));
-    return changed(house, clock);
+    const ServiceLines lines = runningLines(house.state, clock);
+    ServiceLines given;
+    for (const std::string& id : textsOf(call.body, "orderIds")) {
+        const auto line = std::find(lines.begin(), lines.end(), runningLine(house.state, id));
+        demand(line != lines.end(), serviceFault, notRunning);
+        given.push_back(*line);
+    }
+    demand(!given.empty(), serviceFault, "请选择需要退钟的项目");
+    for (Order* line : given)
+        line->status = LineStatus::Void;
+    const auto left = std::find_if(lines.begin(), lines.end(),
+                                   [](const Order* line) { return line->status != LineStatus::Void; });
+    if (left == lines.end())
+        standStill(clock);
+    else
+        clock.orderId = (*left)->id;
+    return changed(house, clock.id);
 }
 
-json voucherLine(const Order& line)
-{
-    return {{"itemName", line.itemName},
-            {"assignType", clockKindWord(line.clockKind)},
-            {"price", line.price},
-            {"num", line.num},
-            {"amount", amountOf(line)},
-            {"startTime", timeText(line.startedAt)},
-            {"endTime", timeText(line.endedAt)}};
-}
-
+/// Ends the whole service and hands out its lines.
 Reply endServer(House& house, const Call& call)
 {
-    Clock& clock = clockOfLine(house, call.text("orderId"));
-    const long long surplus = surplusMinutes(runningLines(house.state, clock), call.now);
-    const ServiceLines lines =
-        clock.workStatus == WorkServing ? endService(house.state, clock, call.now) : ServiceLines{};
-    if (lines.empty())
-        refuse(serviceFault, "该技师不在上钟状态");
+    const Order* asked = house.state.orders.find(call.text("orderId"));
+    demand(asked, serviceFault, "服务订单不存在");
+    Clock& clock = clockOf(house, asked->staffId);
+    const ServiceLines lines = runningLinesOf(house, clock);
+    const long long surplus = surplusMinutes(lines, call.now);
     json printed = json::array();
-    for (const Order* line : lines)
-        printed.push_back(voucherLine(*line));
-    changed(house, clock);
+    for (Order* line : lines) {
+        line->progress = Progress::Finished;
+        line->endedAt = call.now;
+        printed.push_back({{"itemName", line->itemName},
+                           {"assignType", clockKindWord(line->clockKind)},
+                           {"price", line->price},
+                           {"num", line->num},
+                           {"amount", amountOf(*line)},
+                           {"startTime", timeText(line->startedAt)},
+                           {"endTime", timeText(line->endedAt)}});
+    }
+    standStill(clock);
+    changed(house, clock.id);
     return Reply::with({{"staffNo", staffOfId(house, clock.id).code},
                         {"roomNo", house.state.roomCode(lines.front()->roomId)},
                         {"cardNo", house.state.cardNumber(lines.front()->cardId)},
@@ -159,55 +206,20 @@ Reply endServer(House& house, const Call& call)
                         {"printlist", printed}});
 }
 
-void addStarts(EndpointTable& table)
-{
-    const auto start = [&table](const std::string& path, Handler handler) -> Endpoint& {
-        return table.post(path, asked(std::move(handler)))
-            .needs("staffId", Kind::Text)
-            .needs("itemId", Kind::Text)
-            .needs("cardNo", Kind::Text)
-            .needs("orderType", Kind::Number)
-            .takes("roomNo", Kind::Text);
-    };
-    start("/bda02/startServer", startServer).needs("orderId", Kind::Text);
-    start("/bda02/startServerWithoutOrder", startServerWithoutOrder)
-        .takes("pushNo", Kind::Text)
-        .guardedBy({startRight, "", "", "", ""});
-}
-
 const ModuleRegistration registration([](EndpointTable& table) {
-    addStarts(table);
-    table.post("/bda02/addServer", asked(addServer))
-        .needs("staffId", Kind::Text)
-        .needs("hardCardId", Kind::Text)
-        .needs("itemId", Kind::Text)
-        .needs("typeId", Kind::Text)
-        .needs("onTypeId", Kind::Text)
-        .needs("pushId", Kind::Text)
-        .needs("num", Kind::Number)
-        .takes("roomId", Kind::Text);
-    table.post("/bda02/changeServer", asked(changeServer))
-        .needs("orderId", Kind::Text)
-        .needs("itemId", Kind::Text)
-        .needs("typeId", Kind::Text)
-        .needs("onTypeId", Kind::Text)
-        .guardedBy({changeItemRight, "", "", "", ""});
-    table.post("/bda02/changeCard", asked(changeCard))
-        .needs("staffId", Kind::Text)
-        .needs("cardId", Kind::Text)
-        .needs("cardNo", Kind::Text)
-        .takes("roomId", Kind::Text)
-        .guardedBy({changeCardRight, "", "", "", ""});
-    table.post("/bda02/chgAssignType", asked(chgAssignType))
-        .needs("newType", Kind::Number)
-        .needs("orderId", Kind::Text);
-    table.post("/bda02/chargeBack", asked(chargeBackLines))
-        .needs("staffId", Kind::Text)
-        .needs("orderIds", Kind::Array);
-    table.post("/bda02/endServer", asked(endServer))
-        .needs("orderId", Kind::Text)
-        .needs("pageType", Kind::Number)
-        .guardedBy({endRight, "", "", "", ""});
+    table.post("/bda02/startServer", "staffId itemId cardNo orderType# roomNo? orderId", startServer);
+    table
+        .post("/bda02/startServerWithoutOrder", "staffId itemId cardNo orderType# roomNo? pushNo?",
+              startServerWithoutOrder)
+        .guardedBy("405787820965498883");
+    table.post("/bda02/addServer", "staffId hardCardId itemId typeId onTypeId pushId num# roomId?", addServer);
+    table.post("/bda02/changeServer", "orderId itemId typeId onTypeId", changeServer)
+        .guardedBy("405775476587761665");
+    table.post("/bda02/changeCard", "staffId cardId cardNo roomId?", changeCard)
+        .guardedBy("405775602253303810");
+    table.post("/bda02/chgAssignType", "newType# orderId", chgAssignType);
+    table.post("/bda02/chargeBack", "staffId orderIds[]", chargeBack);
+    table.post("/bda02/endServer", "orderId pageType#", endServer).guardedBy("405774559473831939");
 });
 
 } // namespace

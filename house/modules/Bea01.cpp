@@ -1,4 +1,5 @@
-#include "src/state/Asked.h"
+#include "src/Asked.h"
+#include "src/Unread.h"
 
 namespace house {
 namespace {
@@ -7,53 +8,42 @@ using nlohmann::json;
 
 Reply getOrderListNew(House& house, const Call& call)
 {
-    const Card* card = house.state.cardByNumber(call.text("cardno"));
-    if (!card)
-        return Reply::refuse("CARD_ERR_0001", "手牌" + call.text("cardno") + "不存在");
+    const Card& card = cardOf(house, call.text("cardno"), {});
     json orders = json::array();
-    for (const Order* order : house.state.ordersOfCard(card->id))
-        orders.push_back({{"orderId", order->id},
-                          {"itemName", order->itemName},
-                          {"itemId", order->itemId},
-                          {"num", order->num},
-                          {"price", order->status == LineStatus::Gift ? 0.0 : order->price},
-                          {"createtime", timeText(order->createdAt)},
-                          {"cardno", card->number}});
-    return Reply::with({{"cardinfo",
-                         {{"id", card->id},
-                          {"cardno", card->number},
-                          {"name", house.state.cardTypes.find(card->type)->name},
-                          {"status", std::to_string(static_cast<int>(card->status))}}},
-                        {"orderinfo", orders}});
+    for (const Order* order : house.state.ordersOfCard(card.id))
+        orders.push_back(withUnread({{"orderId", order->id},
+                                     {"itemName", order->itemName},
+                                     {"num", order->num},
+                                     {"price", order->status == LineStatus::Gift ? 0.0 : order->price},
+                                     {"createtime", timeText(order->createdAt)},
+                                     {"cardno", card.number}},
+                                    {"itemId"}));
+    const json info = withUnread(
+        {{"id", card.id}, {"cardno", card.number}, {"status", std::to_string(static_cast<int>(card.status))}},
+        {"name"});
+    return Reply::with({{"cardinfo", info}, {"orderinfo", orders}});
 }
 
 /// Looks at everything first, so that a refused transfer moves nothing.
 Reply transferAct(House& house, const Call& call)
 {
-    const Card& target = cardAsked(house, call.text("newCardId"));
-    if (target.number != call.text("newCardNo") || target.status != CardStatus::InUse)
-        return Reply::refuse("CARD_ERR_0004", "转入手牌不处于在用状态");
+    const Card& target = cardOfId(house, call.text("newCardId"));
+    demand(target.number == call.text("newCardNo") && target.status == CardStatus::InUse, "CARD_ERR_0004",
+           "转入手牌不处于在用状态");
     std::vector<Order*> moved;
     for (const json& source : call.body["srcCardInfo"]) {
-        const Card& card = cardAsked(house, source.at("cardId").get<std::string>());
+        const Card& card = cardOfId(house, source.at("cardId").get<std::string>());
         for (const std::string& orderId : textsOf(source, "orderIds")) {
             Order* order = house.state.orders.find(orderId);
-            if (!order || order->cardId != card.id || !isOpen(*order))
-                return Reply::refuse("CARD_ERR_0005",
-                                     "手牌" + card.number + "的消费已变化，请重新查询后再转账");
+            demand(order && order->cardId == card.id && isOpen(*order), "CARD_ERR_0005",
+                   "手牌" + card.number + "的消费已变化，请重新查询后再转账");
             moved.push_back(order);
         }
     }
-    if (moved.empty())
-        return Reply::refuse("CARD_ERR_0006", "请选择需要转账的手牌或消费");
-    for (Order* order : moved) {
-        if (order->cardId == target.id)
-            continue;
-        order->oldCardNo = house.state.cardNumber(order->cardId);
-        order->cardId = target.id;
-    }
-    announceRooms(house);
-    return Reply::done();
+    demand(!moved.empty(), "CARD_ERR_0006", "请选择需要转账的手牌或消费");
+    for (Order* order : moved)
+        house.state.moveLine(*order, target);
+    return roomsChanged(house);
 }
 
 Reply getStaffList(House& house, const Call& call)
@@ -67,12 +57,9 @@ Reply getStaffList(House& house, const Call& call)
 }
 
 const ModuleRegistration registration([](EndpointTable& table) {
-    table.get("/bea01/getOrderListNew", getOrderListNew).needs("cardno", Kind::Text);
-    table.post("/bea01/transferAct", asked(transferAct))
-        .needs("srcCardInfo", Kind::Array)
-        .needs("newCardId", Kind::Text)
-        .needs("newCardNo", Kind::Text);
-    table.get("/bea01/getStaffList", getStaffList).needs("staffNo", Kind::Text);
+    table.get("/bea01/getOrderListNew", "cardno", getOrderListNew);
+    table.post("/bea01/transferAct", "srcCardInfo[] newCardId newCardNo", transferAct);
+    table.get("/bea01/getStaffList", "staffNo", getStaffList);
 });
 
 } // namespace

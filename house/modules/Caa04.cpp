@@ -1,21 +1,20 @@
-#include "src/Lookup.h"
+#include "src/Asked.h"
+#include "src/state/RoomDesk.h"
 
 namespace house {
 namespace {
 
-/// A guest's call reaches the staff's own devices over the broker; the house only counts it.
+constexpr char callFault[] = "CAA_ERR_0001";
+
+/// A guest's call reaches the staff's own devices over the broker.
 Reply callStaff(House& house, const Call& call)
 {
-    Room& room = roomAsked(house, call, "roomId");
-    if (!isInUse(room))
-        refuse("CAA_ERR_0001", roomHasChanged);
+    const Room& room = roomOfId(house, call.text("roomId"));
     const CallContent* content = house.state.callContents.find(call.text("contId"));
-    if (!content)
-        refuse("CAA_ERR_0001", "呼叫内容不存在");
     const int num = call.body["num"].get<int>();
-    if (num < 1)
-        refuse("CAA_ERR_0001", "呼叫数量不正确");
-    room.callCount += num;
+    demand(isInUse(room), callFault, roomHasChanged);
+    demand(content, callFault, "呼叫内容不存在");
+    demand(num > 0, callFault, "呼叫数量不正确");
     announceRooms(house);
     announce(house, "CALLCHGDATA",
              nlohmann::json{{"roomNo", room.code}, {"content", content->name}, {"num", num}}.dump());
@@ -23,10 +22,7 @@ Reply callStaff(House& house, const Call& call)
 }
 
 const ModuleRegistration registration([](EndpointTable& table) {
-    table.post("/caa04/callStaff", asked(callStaff))
-        .needs("roomId", Kind::Text)
-        .needs("contId", Kind::Text)
-        .needs("num", Kind::Number);
+    table.post("/caa04/callStaff", "roomId contId num#", callStaff);
 });
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "src/House.h"
+#include "src/Refusal.h"
 
 namespace house {
 namespace {
@@ -8,22 +9,19 @@ constexpr int touchTerminalLines = 2;
 
 Reply getSysApiReqUrls(House& house, const Call& call)
 {
-    if (call.body["type"] != touchTerminalLines)
-        return Reply::refuse("LINE_ERR_0001", "线路类型不存在");
-    if (!house.seed.terminalByAuthCode(call.text("tAuthCode")))
-        return Reply::refuse("TERMINAL_ERR_0002", "终端编码未登记，请联系管理员");
+    demand(call.body["type"] == touchTerminalLines, "LINE_ERR_0001", "线路类型不存在");
+    demand(house.seed.terminalByAuthCode(call.text("tAuthCode")), "TERMINAL_ERR_0002",
+           "终端编码未登记，请联系管理员");
     return Reply::with(house.seed.document["lines"]);
 }
 
 Reply getSysMqttInfo(House& house, const Call&) { return Reply::with(house.seed.document["mqttInfo"]); }
 
 const ModuleRegistration registration([](EndpointTable& table) {
-    table.get("/kvsystem/common/getSysApiReqUrls", getSysApiReqUrls)
+    table.get("/kvsystem/common/getSysApiReqUrls", "type# tAuthCode", getSysApiReqUrls)
         .open(Access::LineList)
-        .withoutIds()
-        .needs("type", Kind::Number)
-        .needs("tAuthCode", Kind::Text);
-    table.get("/kvsystem/common/getSysMqttInfo", getSysMqttInfo).open(Access::Open).withoutIds();
+        .withoutIds();
+    table.get("/kvsystem/common/getSysMqttInfo", "", getSysMqttInfo).open(Access::Open).withoutIds();
 });
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "src/Connection.h"
 
 #include <algorithm>
-#include <arpa/inet.h>
 #include <chrono>
 #include <filesystem>
 #include <netinet/in.h>
@@ -12,43 +11,28 @@
 namespace house {
 namespace {
 
-struct Address
-{
-    std::string host;
-    int port = 0;
-};
+using NameCall = int (*)(int, sockaddr*, socklen_t*);
 
-using AddressCall = int (*)(int, sockaddr*, socklen_t*);
-
-/// An empty host and port 0 when the descriptor is no connected internet socket.
-Address addressOf(int descriptor, AddressCall call)
+/// The port of one end, 0 when the descriptor is no connected socket of the internet's.
+int portOf(int descriptor, NameCall nameOf)
 {
-    sockaddr_storage storage{};
-    socklen_t size = sizeof storage;
-    if (call(descriptor, reinterpret_cast<sockaddr*>(&storage), &size) != 0)
-        return {};
-    char host[INET6_ADDRSTRLEN] = "";
-    if (storage.ss_family == AF_INET) {
-        const auto* v4 = reinterpret_cast<const sockaddr_in*>(&storage);
-        inet_ntop(AF_INET, &v4->sin_addr, host, sizeof host);
-        return {host, ntohs(v4->sin_port)};
-    }
-    if (storage.ss_family == AF_INET6) {
-        const auto* v6 = reinterpret_cast<const sockaddr_in6*>(&storage);
-        inet_ntop(AF_INET6, &v6->sin6_addr, host, sizeof host);
-        return {host, ntohs(v6->sin6_port)};
-    }
-    return {};
+    sockaddr_in address{};
+    socklen_t size = sizeof address;
+    if (nameOf(descriptor, reinterpret_cast<sockaddr*>(&address), &size) != 0 || address.sin_family != AF_INET)
+        return 0;
+    return ntohs(address.sin_port);
 }
 
-int peerName(int descriptor, sockaddr* address, socklen_t* size)
+int peerPort(int descriptor)
 {
-    return getpeername(descriptor, address, size);
+    return portOf(descriptor,
+                  [](int socket, sockaddr* name, socklen_t* size) { return getpeername(socket, name, size); });
 }
 
-int ownName(int descriptor, sockaddr* address, socklen_t* size)
+int ownPort(int descriptor)
 {
-    return getsockname(descriptor, address, size);
+    return portOf(descriptor,
+                  [](int socket, sockaddr* name, socklen_t* size) { return getsockname(socket, name, size); });
 }
 
 std::vector<int> openDescriptors()
@@ -62,14 +46,11 @@ std::vector<int> openDescriptors()
 
 } // namespace
 
-int findConnection(const std::string& peerAddress, int peerPort, int localPort)
+int findConnection(int fromPort, int localPort)
 {
-    for (const int descriptor : openDescriptors()) {
-        const Address peer = addressOf(descriptor, peerName);
-        if (peer.port == peerPort && peer.host == peerAddress &&
-            addressOf(descriptor, ownName).port == localPort)
+    for (const int descriptor : openDescriptors())
+        if (peerPort(descriptor) == fromPort && ownPort(descriptor) == localPort)
             return descriptor;
-    }
     return -1;
 }
 
@@ -78,7 +59,7 @@ void cutConnection(int descriptor) { shutdown(descriptor, SHUT_RDWR); }
 void cutAllConnections(int localPort)
 {
     for (const int descriptor : openDescriptors())
-        if (addressOf(descriptor, peerName).port != 0 && addressOf(descriptor, ownName).port == localPort)
+        if (peerPort(descriptor) != 0 && ownPort(descriptor) == localPort)
             cutConnection(descriptor);
 }
 

@@ -1,13 +1,12 @@
 #pragma once
 
 #include <atomic>
-#include <string>
 
-/// The sockets under the HTTP library, which keeps them to itself: found by their two addresses.
+/// The sockets under the HTTP library, which keeps them to itself: found by their ports on this machine.
 namespace house {
 
-/// The descriptor of the connection between a peer and a port of ours; -1 when there is none.
-int findConnection(const std::string& peerAddress, int peerPort, int localPort);
+/// The descriptor of the connection between a peer's port and one of ours; -1 when there is none.
+int findConnection(int fromPort, int localPort);
 
 /// Cuts a connection in both directions, so that nothing more is sent; the library closes it afterwards.
 void cutConnection(int descriptor);

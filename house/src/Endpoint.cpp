@@ -1,5 +1,9 @@
 #include "src/Endpoint.h"
 
+#include "src/Refusal.h"
+
+#include <sstream>
+
 namespace house {
 namespace {
 
@@ -7,6 +11,14 @@ std::vector<ModuleRegistration::Add>& registrations()
 {
     static std::vector<ModuleRegistration::Add> list;
     return list;
+}
+
+bool takesEnd(std::string& text, const std::string& end)
+{
+    if (text.size() < end.size() || text.compare(text.size() - end.size(), end.size(), end) != 0)
+        return false;
+    text.resize(text.size() - end.size());
+    return true;
 }
 
 } // namespace
@@ -19,18 +31,21 @@ std::string Reply::text() const
     return envelope.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
-std::string Call::text(const std::string& field) const { return body.value(field, std::string()); }
-
-Endpoint& Endpoint::needs(std::string name, Kind kind)
+std::vector<Field> fieldsOf(const std::string& list)
 {
-    fields.push_back({std::move(name), kind, true});
-    return *this;
-}
-
-Endpoint& Endpoint::takes(std::string name, Kind kind)
-{
-    fields.push_back({std::move(name), kind, false});
-    return *this;
+    std::vector<Field> fields;
+    std::istringstream words(list);
+    for (std::string name; words >> name;) {
+        Field field;
+        field.isRequired = !takesEnd(name, "?");
+        field.kind = takesEnd(name, "#")    ? Kind::Number
+                     : takesEnd(name, "[]") ? Kind::Array
+                     : takesEnd(name, "*")  ? Kind::Any
+                                            : Kind::Text;
+        field.name = name;
+        fields.push_back(std::move(field));
+    }
+    return fields;
 }
 
 Endpoint& Endpoint::query(std::vector<std::string> names)
@@ -45,9 +60,9 @@ Endpoint& Endpoint::open(Access kind)
     return *this;
 }
 
-Endpoint& Endpoint::guardedBy(RightRule rule)
+Endpoint& Endpoint::guardedBy(std::string rightId, std::string field, std::string value)
 {
-    rights.push_back(std::move(rule));
+    rights.push_back({std::move(rightId), std::move(field), std::move(value)});
     return *this;
 }
 
@@ -63,25 +78,35 @@ Endpoint& Endpoint::withoutIds()
     return *this;
 }
 
+Reply Endpoint::answer(House& house, const Call& call) const
+{
+    try {
+        return handler(house, call);
+    } catch (const Refusal& refusal) {
+        return Reply::refuse(refusal.code, refusal.msg);
+    }
+}
+
 EndpointTable::EndpointTable()
 {
     for (const ModuleRegistration::Add add : registrations())
         add(*this);
 }
 
-const Endpoint* EndpointTable::find(const std::string& path) const
-{
-    const auto found = endpoints.find(path);
-    return found == endpoints.end() ? nullptr : &found->second;
-}
-
-Endpoint& EndpointTable::add(Verb verb, const std::string& path, Handler handler)
+Endpoint& EndpointTable::add(Verb verb, const std::string& path, const std::string& fields, Handler handler)
 {
     Endpoint& endpoint = endpoints[path];
     endpoint.verb = verb;
     endpoint.path = path;
+    endpoint.fields = fieldsOf(fields);
     endpoint.handler = std::move(handler);
     return endpoint;
+}
+
+const Endpoint* EndpointTable::find(const std::string& path) const
+{
+    const auto found = endpoints.find(path);
+    return found == endpoints.end() ? nullptr : &found->second;
 }
 
 ModuleRegistration::ModuleRegistration(Add add) { registrations().push_back(add); }

@@ -42,9 +42,10 @@ struct Call
     std::int64_t now = 0;         ///< Unix seconds
 
     /// A text field, empty when it is missing.
-    std::string text(const std::string& field) const;
+    std::string text(const std::string& field) const { return body.value(field, std::string()); }
 };
 
+/// May refuse from within.
 using Handler = std::function<Reply(House&, const Call&)>;
 
 enum class Verb { Get, Post };
@@ -66,25 +67,30 @@ struct Field
     bool isRequired = true;
 };
 
+/// Reads a list such as "id hours# cardids[] status* remark?": a text, a number, an array, anything, and a text
+/// that may be missing.
+std::vector<Field> fieldsOf(const std::string& list);
+
 struct Endpoint
 {
     Verb verb = Verb::Get;
     std::string path;
+    std::vector<Field> fields; ///< beside the common ones; any other is refused
     Handler handler;
     Access access = Access::Session;
     std::vector<std::string> params; ///< query parameters, in key order, all required
-    std::vector<Field> fields;       ///< fields beside the common ones; any other is refused
     std::vector<RightRule> rights;
     bool hasOperator = true; ///< the request names the operator
     bool mayLackIds = false; ///< the terminal may call before it knows its store
 
-    Endpoint& needs(std::string name, Kind kind);
-    Endpoint& takes(std::string name, Kind kind); ///< a field that may be missing
     Endpoint& query(std::vector<std::string> names);
     Endpoint& open(Access kind);
-    Endpoint& guardedBy(RightRule rule);
+    Endpoint& guardedBy(std::string rightId, std::string field = {}, std::string value = {});
     Endpoint& withoutOperator();
     Endpoint& withoutIds();
+
+    /// What the handler answers or refuses with.
+    Reply answer(House& house, const Call& call) const;
 };
 
 class EndpointTable
@@ -93,15 +99,19 @@ public:
     /// Holds the endpoints of every registered module.
     EndpointTable();
 
-    Endpoint& get(const std::string& path, Handler handler) { return add(Verb::Get, path, std::move(handler)); }
-    Endpoint& post(const std::string& path, Handler handler)
+    Endpoint& get(const std::string& path, const std::string& fields, Handler handler)
     {
-        return add(Verb::Post, path, std::move(handler));
+        return add(Verb::Get, path, fields, std::move(handler));
+    }
+    Endpoint& post(const std::string& path, const std::string& fields, Handler handler)
+    {
+        return add(Verb::Post, path, fields, std::move(handler));
     }
     const Endpoint* find(const std::string& path) const;
 
 private:
-    Endpoint& add(Verb verb, const std::string& path, Handler handler);
+    Endpoint& add(Verb verb, const std::string& path, const std::string& fields, Handler handler);
+
     std::map<std::string, Endpoint> endpoints;
 };
 

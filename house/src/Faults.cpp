@@ -2,6 +2,8 @@
 
 #include "src/Text.h"
 
+#include <stdexcept>
+
 namespace house {
 namespace {
 
@@ -15,26 +17,25 @@ constexpr long long longestDelayMs = 3'600'000;
 
 } // namespace
 
-std::variant<Fault, std::string> makeFault(const std::string& text)
+Fault makeFault(const std::string& text)
 {
     const std::size_t colon = text.find(':');
     const std::string word = text.substr(0, colon);
     const std::string argument = colon == std::string::npos ? std::string() : text.substr(colon + 1);
     const auto found = faultWords.find(word);
     if (found == faultWords.end())
-        return "unknown fault \"" + word + "\"";
+        throw std::invalid_argument("unknown fault \"" + word + "\"");
     Fault fault;
     fault.kind = found->second;
     if (fault.kind == FaultKind::Delay) {
         const auto delayMs = decimal(argument);
         if (!delayMs || *delayMs > longestDelayMs)
-            return "the fault \"delay\" needs milliseconds, got \"" + argument + "\"";
+            throw std::invalid_argument("the fault \"delay\" needs milliseconds, got \"" + argument + "\"");
         fault.delayMs = static_cast<int>(*delayMs);
-    } else if (fault.kind == FaultKind::Refuse) {
-        if (argument.empty())
-            return std::string("the fault \"refuse\" needs a code");
-        fault.code = argument;
     }
+    if (fault.kind == FaultKind::Refuse && argument.empty())
+        throw std::invalid_argument("the fault \"refuse\" needs a code");
+    fault.code = argument;
     return fault;
 }
 

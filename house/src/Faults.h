@@ -3,12 +3,12 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <variant>
 
 /// Misbehaviour that can be switched on for a path, and answers laid down by a test.
 namespace house {
 
 enum class FaultKind {
+    None,
     Delay,     ///< executes, then answers late
     Drop,      ///< closes the connection without executing
     DropAfter, ///< executes, then closes the connection without an answer
@@ -27,14 +27,9 @@ struct Fault
     std::string code; ///< of a refusal
 };
 
-/// Builds a fault from "KIND" or "KIND:ARG": "delay" needs milliseconds, "refuse" a code, the others ignore it.
-/// On failure the text tells what is wrong.
-std::variant<Fault, std::string> makeFault(const std::string& text);
-
-struct ScriptedAnswer
-{
-    std::string body;
-};
+/// Builds a fault from "KIND" or "KIND:ARG": "delay" needs milliseconds, "refuse" a code. Throws
+/// std::invalid_argument, which tells what is wrong.
+Fault makeFault(const std::string& text);
 
 /// One entry for a path; "*" stands for every path without an entry of its own. An entry with a count goes away
 /// when it has served that many requests.
@@ -66,7 +61,6 @@ public:
     }
 
     void clear() { entries.clear(); }
-    void clear(const std::string& path) { entries.erase(path); }
 
 private:
     struct Entry

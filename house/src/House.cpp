@@ -17,4 +17,12 @@ void announce(House& house, const char* topicWord, const std::string& payload)
     house.publisher->publish(topic.replace(place, 2, house.seed.storeId), payload);
 }
 
+Seconds businessDayStart(const House& house, Seconds now)
+{
+    constexpr Seconds daySeconds = 24 * 60 * 60;
+    const std::string startTime = house.seed.document.at("sysconfig").value("startTime", "00:00:00");
+    const Seconds start = timeOn(now, startTime);
+    return start > now ? start - daySeconds : start;
+}
+
 } // namespace house

@@ -38,7 +38,7 @@ struct House
     Sessions sessions;
     NonceLog nonces;
     PerPath<Fault> faults;
-    PerPath<ScriptedAnswer> answers;
+    PerPath<std::string> answers; ///< bodies that stand in for what an endpoint says
     Journal journal;
     Holds holds;
     OthersOrder others;
@@ -52,5 +52,8 @@ void orderOthers(House& house, double perSecond, std::uint64_t seed);
 
 /// Publishes on the store's topic of this word, such as "ROOMSTATUS". The caller holds the mutex.
 void announce(House& house, const char* topicWord, const std::string& payload);
+
+/// When the running business day began, today or yesterday.
+Seconds businessDayStart(const House& house, Seconds now);
 
 } // namespace house

@@ -42,16 +42,14 @@ nlohmann::json Journal::requests(const std::string& path) const
         nlohmann::json headers = nlohmann::json::array();
         for (const auto& [name, value] : entry.headers)
             headers.push_back({{"name", name}, {"value", value}});
-        const std::string text = decodeLoose(encodedJson(entry.request));
+        const nlohmann::json json =
+            nlohmann::json::parse(decodeLoose(encodedJson(entry.request)), nullptr, false);
         list.push_back({{"method", entry.request.method},
                         {"target", entry.request.target},
                         {"headers", headers},
                         {"body", entry.request.body},
-                        {"jsonText", text},
-                        {"json", nlohmann::json::parse(text, nullptr, false)},
+                        {"json", json.is_discarded() ? nlohmann::json() : json},
                         {"code", entry.code}});
-        if (list.back()["json"].is_discarded())
-            list.back()["json"] = nullptr;
     }
     return list;
 }

@@ -6,7 +6,7 @@
 #include <charconv>
 #include <functional>
 #include <map>
-#include <optional>
+#include <stdexcept>
 
 namespace house {
 namespace {
@@ -18,14 +18,11 @@ constexpr int mostRooms = 5000;
 constexpr char helpText[] = R"(kv_house --seed FILE [options]
 
   --seed FILE             the house: store, terminals, staff, rights (JSON)
-  --host ADDRESS          address to listen on (127.0.0.1)
-  --port N                port to listen on; 0 picks a free one (0)
+  --port N                port to listen on, on this machine; 0 picks a free one (0)
   --rooms N               number of rooms instead of those of the seed
-  --room-mode             the house works by rooms, without guests' hand cards: each room's number is its card
   --others N              other terminals change N rooms, orders and services a second, such as 0.2; 0 for none
                           (0). What a caller has named in the last ten minutes they leave alone
   --tls CERT KEY          serve HTTPS with this certificate and key (PEM files)
-  --public-url URL        the house's own address in the line list, when it stands behind another one
   --url-file FILE         write the address to this file when ready
   --log FILE              write the log to this file instead of the standard error stream
   --fault PATH=KIND[:ARG] misbehave on a path, or on all with "*"; may be repeated. Kinds: delay:MS, drop,
@@ -39,62 +36,52 @@ constexpr char helpText[] = R"(kv_house --seed FILE [options]
 When ready, one line goes to the standard output: "kv_house ready URL". SIGTERM and SIGINT end it.
 )";
 
-/// Nothing when the value is good, else what is wrong with it.
-using Complaint = std::optional<std::string>;
-
-Complaint readNumber(const std::string& text, int highest, int& number)
+/// The readers throw std::invalid_argument, which tells what is wrong with the value.
+int readNumber(const std::string& text, int highest)
 {
     const auto value = decimal(text);
     if (!value || *value > highest)
-        return "needs a number from 0 to " + std::to_string(highest) + ", got \"" + text + "\"";
-    number = static_cast<int>(*value);
-    return {};
+        throw std::invalid_argument("needs a number from 0 to " + std::to_string(highest));
+    return static_cast<int>(*value);
 }
 
-Complaint readRate(const std::string& text, double& perSecond)
+double readRate(const std::string& text)
 {
+    double perSecond = 0;
     const char* end = text.data() + text.size();
     const auto [rest, fault] = std::from_chars(text.data(), end, perSecond, std::chars_format::fixed);
-    if (fault == std::errc() && rest == end && perSecond >= 0 && perSecond <= OthersOrder::highestPerSecond)
-        return {};
-    return "needs a number of changes per second, got \"" + text + "\"";
+    const bool isNumber = fault == std::errc() && rest == end;
+    if (!isNumber || !(perSecond >= 0 && perSecond <= OthersOrder::highestPerSecond))
+        throw std::invalid_argument("needs a number of changes per second");
+    return perSecond;
 }
 
-Complaint readFault(const std::string& text, Options& options)
+std::pair<std::string, Fault> readFault(const std::string& text)
 {
     const std::size_t equals = text.find('=');
     if (equals == 0 || equals == std::string::npos)
-        return "needs PATH=KIND[:ARG], got \"" + text + "\"";
-    const auto fault = makeFault(text.substr(equals + 1));
-    if (const std::string* error = std::get_if<std::string>(&fault))
-        return *error;
-    options.faults.emplace_back(text.substr(0, equals), std::get<Fault>(fault));
-    return {};
+        throw std::invalid_argument("needs PATH=KIND[:ARG]");
+    return {text.substr(0, equals), makeFault(text.substr(equals + 1))};
 }
 
-using Reader = std::function<Complaint(const std::string& value)>;
+using Reader = std::function<void(const std::string& value)>;
 
 std::map<std::string, Reader> readers(Options& options)
 {
     const auto keep = [](std::string& target) -> Reader {
-        return [&target](const std::string& value) -> Complaint {
-            target = value;
-            return {};
-        };
+        return [&target](const std::string& value) { target = value; };
     };
     return {
         {"--seed", keep(options.seedFile)},
-        {"--host", keep(options.host)},
         {"--log", keep(options.logFile)},
         {"--url-file", keep(options.urlFile)},
-        {"--public-url", keep(options.publicUrl)},
         {"--mqtt-url", keep(options.mqttUrl)},
         {"--mqtt-user", keep(options.mqttUser)},
         {"--mqtt-pwd", keep(options.mqttPassword)},
-        {"--port", [&](const std::string& value) { return readNumber(value, highestPort, options.port); }},
-        {"--rooms", [&](const std::string& value) { return readNumber(value, mostRooms, options.rooms); }},
-        {"--others", [&](const std::string& value) { return readRate(value, options.othersPerSecond); }},
-        {"--fault", [&](const std::string& value) { return readFault(value, options); }},
+        {"--port", [&](const std::string& value) { options.port = readNumber(value, highestPort); }},
+        {"--rooms", [&](const std::string& value) { options.rooms = readNumber(value, mostRooms); }},
+        {"--others", [&](const std::string& value) { options.othersPerSecond = readRate(value); }},
+        {"--fault", [&](const std::string& value) { options.faults.push_back(readFault(value)); }},
     };
 }
 
@@ -118,24 +105,19 @@ std::variant<Options, EarlyExit> parseOptions(const std::vector<std::string>& ar
             options.publishes = false;
             continue;
         }
-        if (name == "--room-mode") {
-            options.worksByRooms = true;
-            continue;
-        }
-        if (name == "--tls") {
-            if (following < 2)
-                return wrongUse("--tls needs a certificate and a key");
+        if (name == "--tls" && following >= 2) {
             options.certFile = arguments[++i];
             options.keyFile = arguments[++i];
             continue;
         }
         const auto reader = known.find(name);
-        if (reader == known.end())
-            return wrongUse("unknown option " + name);
-        if (following < 1)
-            return wrongUse(name + " needs a value");
-        if (const Complaint fault = reader->second(arguments[++i]))
-            return wrongUse(name + ": " + *fault);
+        if (reader == known.end() || following < 1)
+            return wrongUse((reader == known.end() ? "unknown or incomplete option " : "no value for ") + name);
+        try {
+            reader->second(arguments[++i]);
+        } catch (const std::invalid_argument& fault) {
+            return wrongUse(name + " " + arguments[i] + ": " + fault.what());
+        }
     }
     if (options.seedFile.empty())
         return wrongUse("--seed is missing");

@@ -12,20 +12,17 @@ namespace house {
 struct Options
 {
     std::string seedFile;
-    std::string host = "127.0.0.1";
     int port = 0;  ///< 0 picks a free one
     int rooms = 0; ///< 0 leaves the rooms of the seed
     std::string certFile;
     std::string keyFile; ///< both empty without TLS
     std::string logFile;
     std::string urlFile;
-    std::string publicUrl;
     std::string mqttUrl;
     std::string mqttUser;
     std::string mqttPassword;
     double othersPerSecond = 0;
-    bool worksByRooms = false; ///< without guests' hand cards
-    bool publishes = true;     ///< announces changes on the broker told to the terminals
+    bool publishes = true; ///< announces changes on the broker told to the terminals
     std::vector<std::pair<std::string, Fault>> faults; ///< path and fault
 };
 

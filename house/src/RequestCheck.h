@@ -5,7 +5,6 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
-#include <variant>
 
 /// The strict check that every request passes before its endpoint sees it.
 namespace house {
@@ -25,9 +24,8 @@ struct WireRequest
 /// The percent-encoded JSON of a request, empty when it has none: a GET's "data" parameter or a POST's body.
 std::string encodedJson(const WireRequest& request);
 
-/// Either the call for the handler, or the refusal with a code "REQ_ERR_…" or "AUTH_ERR_0002".
-/// The caller holds the house's mutex. A request that passes has used up its nonce,
-/// and what it names is held for its caller.
-std::variant<Call, Reply> checkRequest(House& house, const Endpoint& endpoint, const WireRequest& request);
+/// The call for the handler. Refuses with a code "REQ_ERR_…" or "AUTH_ERR_0002". The caller holds the house's
+/// mutex. A request that passes has used up its nonce, and what it names is held for its caller.
+Call checkRequest(House& house, const Endpoint& endpoint, const WireRequest& request);
 
 } // namespace house

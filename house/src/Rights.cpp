@@ -1,5 +1,7 @@
 #include "src/Rights.h"
 
+#include <stdexcept>
+
 namespace house {
 namespace {
 
@@ -15,7 +17,7 @@ bool names(const std::string& entry, const RightCode& right)
 
 } // namespace
 
-std::optional<std::set<std::string>> rightsOf(const std::vector<std::string>& entries, std::string& fault)
+std::set<std::string> rightsOf(const std::vector<std::string>& entries)
 {
     std::set<std::string> ids;
     for (const std::string& entry : entries) {
@@ -31,10 +33,8 @@ std::optional<std::set<std::string>> rightsOf(const std::vector<std::string>& en
             else
                 ids.insert(right.id);
         }
-        if (!found) {
-            fault = entry;
-            return {};
-        }
+        if (!found)
+            throw std::runtime_error("unknown right \"" + entry + "\"");
     }
     return ids;
 }
@@ -42,12 +42,9 @@ std::optional<std::set<std::string>> rightsOf(const std::vector<std::string>& en
 std::vector<std::string> demandedRights(const std::vector<RightRule>& rules, const nlohmann::json& body)
 {
     std::vector<std::string> ids;
-    for (const RightRule& rule : rules) {
-        const bool first = rule.field.empty() || fieldAsText(body, rule.field) == rule.value;
-        const bool second = rule.field1.empty() || fieldAsText(body, rule.field1) == rule.value1;
-        if (first && second)
+    for (const RightRule& rule : rules)
+        if (rule.field.empty() || fieldAsText(body, rule.field) == rule.value)
             ids.push_back(rule.id);
-    }
     return ids;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
-#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -20,18 +19,15 @@ const std::vector<RightCode>& rightTable();
 
 /// Turns a role's list into right ids. An entry is a code, a bare id, or the start of a code with "*"; a
 /// leading
-/// "-" takes away what the entries before it gave. Nothing on an entry that names no right; `fault` is that
-/// entry.
-std::optional<std::set<std::string>> rightsOf(const std::vector<std::string>& entries, std::string& fault);
+/// "-" takes away what the entries before it gave. Throws std::runtime_error when an entry names no right.
+std::set<std::string> rightsOf(const std::vector<std::string>& entries);
 
-/// One condition under which an endpoint demands a right; empty field names are no condition.
+/// A right that an endpoint demands when a field of the request has this value; always, without a field.
 struct RightRule
 {
     std::string id;
     std::string field;
     std::string value;
-    std::string field1;
-    std::string value1;
 };
 
 /// The ids demanded by a request, in the order of the rules.

@@ -3,7 +3,6 @@
 #include <nlohmann/json.hpp>
 #include <set>
 #include <string>
-#include <variant>
 #include <vector>
 
 /// What the house is at its start, read from a JSON file and the further files that it names.
@@ -47,6 +46,7 @@ struct Seed
     std::vector<Staff> staff;
     std::vector<WorkArea> areas;
     long long tokenLifetimeSeconds = 0;
+    std::string picture; ///< a PNG, for every item
 
     const Terminal* terminalById(const std::string& id) const;
     const Terminal* terminalByAuthCode(const std::string& authCode) const;
@@ -55,12 +55,14 @@ struct Seed
     const Staff* staffByCode(const std::string& code) const;
     const Staff* staffByCard(const std::string& card) const;
     const WorkArea* area(const std::string& id) const;
+    const WorkArea& areaNamed(const std::string& name) const; ///< throws std::runtime_error
 
     /// Puts the house's own address for "{url}", "{scheme}" and "{port}" in every text of the document.
     void fillAddress(const std::string& url, const std::string& scheme, int port);
 };
 
-/// Reads and checks a seed file. On failure the text tells what is wrong, for the person who starts the house.
-std::variant<Seed, std::string> loadSeed(const std::string& path);
+/// Reads the seed file and the files beside it. Throws a std::exception that tells what is wrong, for the
+/// person who starts the house.
+Seed loadSeed(const std::string& path);
 
 } // namespace house

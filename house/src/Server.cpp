@@ -2,7 +2,7 @@
 
 #include "src/Connection.h"
 #include "src/Control.h"
-#include "src/Picture.h"
+#include "src/Refusal.h"
 #include "src/Text.h"
 
 #include <chrono>
@@ -16,10 +16,9 @@ namespace {
 constexpr std::size_t servingThreads = 64;
 constexpr std::chrono::seconds readTimeout{5};
 constexpr char anyPath[] = ".*";
+constexpr char jsonType[] = "application/json;charset=UTF-8";
 const std::string controlStart = "/_control/";
 const std::string pictureStart = "/kvupload/";
-
-Reply systemError() { return Reply::refuse("SYS_ERR_0500", "系统繁忙，请稍后再试"); }
 
 WireRequest wireRequest(const httplib::Request& request, const httplib::ContentReader* reader)
 {
@@ -98,11 +97,10 @@ std::string Server::bind(const Options& options)
     http->Delete(anyPath, reading);
 
     if (options.port == 0)
-        listeningPort = http->bind_to_any_port(options.host);
+        listeningPort = http->bind_to_any_port(ownHost);
     else
-        listeningPort = http->bind_to_port(options.host, options.port) ? options.port : -1;
-    return listeningPort > 0 ? std::string()
-                             : "cannot listen on " + options.host + ":" + std::to_string(options.port);
+        listeningPort = http->bind_to_port(ownHost, options.port) ? options.port : -1;
+    return listeningPort > 0 ? std::string() : "cannot listen on port " + std::to_string(options.port);
 }
 
 void Server::start()
@@ -136,23 +134,14 @@ void Server::serve(const httplib::Request& request, httplib::Response& response,
 {
     const WireRequest wire = wireRequest(request, reader);
     if (wire.path.compare(0, controlStart.size(), controlStart) == 0) {
-        serveControl(wire, request.remote_addr, response);
-        return;
+        const ControlAnswer answer = handleControl(house, wire);
+        response.status = answer.status;
+        response.set_content(answer.body, jsonType);
+    } else if (wire.method == "GET" && wire.path.compare(0, pictureStart.size(), pictureStart) == 0) {
+        response.set_content(house.seed.picture, "image/png");
+    } else {
+        finish(decide(wire, headersOf(request)), wire, request, response);
     }
-    if (wire.method == "GET" && wire.path.compare(0, pictureStart.size(), pictureStart) == 0) {
-        response.set_content(pictureFor(wire.path), "image/png");
-        return;
-    }
-    finish(decide(wire, headersOf(request)), wire, request, response);
-}
-
-void Server::serveControl(const WireRequest& request, const std::string& peer, httplib::Response& response)
-{
-    ControlAnswer answer{403, "{\"error\":\"the control paths serve this machine only\"}\n"};
-    if (peer.compare(0, 4, "127.") == 0 || peer == "::1" || peer.compare(0, 11, "::ffff:127.") == 0)
-        answer = handleControl(house, request);
-    response.status = answer.status;
-    response.set_content(answer.body, "application/json;charset=UTF-8");
 }
 
 void Server::finish(const Outcome& outcome, const WireRequest& wire, const httplib::Request& request,
@@ -161,7 +150,7 @@ void Server::finish(const Outcome& outcome, const WireRequest& wire, const httpl
     using Ending = Outcome::Ending;
     bool isReached = true;
     if (outcome.ending == Ending::Cut || outcome.ending == Ending::Never || outcome.delayMs > 0) {
-        const int connection = findConnection(request.remote_addr, request.remote_port, listeningPort);
+        const int connection = findConnection(request.remote_port, listeningPort);
         if (outcome.ending == Ending::Never)
             waitOnConnection(connection, forever, stopping);
         else if (outcome.delayMs > 0)
@@ -188,53 +177,38 @@ void Server::finish(const Outcome& outcome, const WireRequest& wire, const httpl
 
 Server::Outcome Server::decide(const WireRequest& request, Journal::Headers headers)
 {
+    using Ending = Outcome::Ending;
     const std::lock_guard<std::mutex> lock(house.mutex);
     const std::uint64_t number = house.journal.add(request, std::move(headers));
     const std::optional<Fault> fault = house.faults.take(request.path);
+    const FaultKind kind = fault ? fault->kind : FaultKind::None;
     Outcome outcome;
-    if (fault) {
-        using Ending = Outcome::Ending;
-        switch (fault->kind) {
-        case FaultKind::Drop:
-            outcome.ending = Ending::Cut;
-            return outcome;
-        case FaultKind::Hang:
-            outcome.ending = Ending::Never;
-            return outcome;
-        case FaultKind::Garbage:
-            outcome.body = "<html>\xff\xfe 502 \x01</html>";
-            return outcome;
-        case FaultKind::Http500:
-            outcome.status = 500;
-            outcome.body = systemError().text();
-            return outcome;
-        case FaultKind::Http500Ok:
-            outcome.status = 500;
-            break;
-        case FaultKind::DropAfter:
-            outcome.ending = Ending::Cut;
-            break;
-        case FaultKind::Truncate:
-            outcome.ending = Ending::HalfAnswer;
-            break;
-        case FaultKind::Delay:
-            outcome.delayMs = fault->delayMs;
-            break;
-        case FaultKind::Refuse:
-            break;
-        }
-    }
-    execute(request, fault, number, outcome);
+    if (kind == FaultKind::Http500 || kind == FaultKind::Http500Ok)
+        outcome.status = 500;
+    if (kind == FaultKind::Drop || kind == FaultKind::DropAfter)
+        outcome.ending = Ending::Cut;
+    else if (kind == FaultKind::Hang)
+        outcome.ending = Ending::Never;
+    else if (kind == FaultKind::Truncate)
+        outcome.ending = Ending::HalfAnswer;
+    if (fault)
+        outcome.delayMs = fault->delayMs;
+    if (kind == FaultKind::Garbage)
+        outcome.body = "<html>\xff\xfe 502 \x01</html>";
+    else if (kind == FaultKind::Http500)
+        outcome.body = Reply::refuse("SYS_ERR_0500", "系统繁忙，请稍后再试").text();
+    else if (kind != FaultKind::Drop && kind != FaultKind::Hang)
+        execute(request, fault, number, outcome);
     return outcome;
 }
 
 void Server::execute(const WireRequest& request, const std::optional<Fault>& fault, std::uint64_t number,
                      Outcome& outcome)
 {
-    const std::optional<ScriptedAnswer> scripted = house.answers.take(request.path);
+    const std::optional<std::string> scripted = house.answers.take(request.path);
     const Endpoint* endpoint = house.endpoints.find(request.path);
     if (scripted)
-        outcome.body = scripted->body;
+        outcome.body = *scripted;
     if (!endpoint && scripted)
         return;
     if (!endpoint && request.path == house.seed.document["lines"].value("lineCheckHttpPath", "")) {
@@ -261,13 +235,13 @@ Reply Server::executeEndpoint(const Endpoint& endpoint, const WireRequest& reque
                               const std::optional<Reply>& instead)
 {
     try {
-        const std::variant<Call, Reply> checked = checkRequest(house, endpoint, request);
-        if (const Reply* refusal = std::get_if<Reply>(&checked))
-            return *refusal;
+        const Call call = checkRequest(house, endpoint, request);
         if (instead)
             return *instead;
         house.journal.noteExecuted(request.path);
-        return endpoint.handler(house, std::get<Call>(checked));
+        return endpoint.answer(house, call);
+    } catch (const Refusal& refusal) {
+        return Reply::refuse(refusal.code, refusal.msg);
     } catch (const nlohmann::json::exception& error) {
         return Reply::refuse("REQ_ERR_FIELD", std::string("请求错误：字段内容不正确，") + error.what());
     }

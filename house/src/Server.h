@@ -18,6 +18,9 @@ class ContentReader;
 
 namespace house {
 
+/// The house listens on this machine alone.
+constexpr char ownHost[] = "127.0.0.1";
+
 /// Carries the house over HTTP: one thread accepts, a pool serves, each connection one request.
 class Server
 {
@@ -46,7 +49,6 @@ private:
 
     void serve(const httplib::Request& request, httplib::Response& response,
                const httplib::ContentReader* reader);
-    void serveControl(const WireRequest& request, const std::string& peer, httplib::Response& response);
     void finish(const Outcome& outcome, const WireRequest& wire, const httplib::Request& request,
                 httplib::Response& response);
     Outcome decide(const WireRequest& request, Journal::Headers headers);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
-#include <nlohmann/json.hpp>
+#include <map>
 #include <openssl/evp.h>
 #include <openssl/rand.h>
 
@@ -37,51 +37,6 @@ std::string toHex(const unsigned char* bytes, std::size_t count)
     }
     return text;
 }
-
-/// Follows the keys of each open object and stops at the first that doesn't rise.
-class KeyOrderSax final : public nlohmann::json_sax<nlohmann::json>
-{
-public:
-    bool null() override { return true; }
-    bool boolean(bool) override { return true; }
-    bool number_integer(number_integer_t) override { return true; }
-    bool number_unsigned(number_unsigned_t) override { return true; }
-    bool number_float(number_float_t, const string_t&) override { return true; }
-    bool string(string_t&) override { return true; }
-    bool binary(binary_t&) override { return true; }
-    bool start_object(std::size_t) override
-    {
-        lastKeys.emplace_back();
-        return true;
-    }
-    bool end_object() override
-    {
-        lastKeys.pop_back();
-        return true;
-    }
-    bool start_array(std::size_t) override { return true; }
-    bool end_array() override { return true; }
-    bool key(string_t& name) override
-    {
-        std::optional<std::string>& last = lastKeys.back();
-        if (last && name == *last)
-            fault = "JSON键重复：" + name;
-        else if (last && name < *last)
-            fault = "JSON键未排序：" + name;
-        last = name;
-        return fault.empty();
-    }
-    bool parse_error(std::size_t position, const std::string&, const nlohmann::detail::exception&) override
-    {
-        fault = "不是合法的JSON，位置" + std::to_string(position);
-        return false;
-    }
-
-    std::string fault;
-
-private:
-    std::vector<std::optional<std::string>> lastKeys;
-};
 
 bool hasBlankOutsideStrings(const std::string& text)
 {
@@ -173,15 +128,33 @@ std::string decodeLoose(std::string_view raw)
     return decoded;
 }
 
-std::string jsonFormFault(const std::string& text)
+std::optional<nlohmann::json> parseSorted(const std::string& text, std::string& fault)
 {
-    if (text.empty() || text.front() != '{')
-        return "JSON须是一个对象";
-    KeyOrderSax sax;
-    nlohmann::json::sax_parse(text, &sax);
-    if (!sax.fault.empty())
-        return sax.fault;
-    return hasBlankOutsideStrings(text) ? "JSON须是紧凑格式，不得有空白" : std::string();
+    using Json = nlohmann::json;
+    std::map<int, std::string> lastKeys; // by depth of their object
+    const auto noteKey = [&](int depth, Json::parse_event_t event, Json& value) {
+        if (event == Json::parse_event_t::object_start)
+            lastKeys.erase(depth + 1);
+        if (event != Json::parse_event_t::key)
+            return true;
+        const std::string key = value;
+        const auto last = lastKeys.find(depth);
+        if (last != lastKeys.end() && key <= last->second && fault.empty())
+            fault = (key == last->second ? "JSON键重复：" : "JSON键未排序：") + key;
+        lastKeys[depth] = key;
+        return true;
+    };
+    try {
+        Json parsed = Json::parse(text, noteKey);
+        if (fault.empty() && !parsed.is_object())
+            fault = "JSON须是一个对象";
+        if (fault.empty() && hasBlankOutsideStrings(text))
+            fault = "JSON须是紧凑格式，不得有空白";
+        return fault.empty() ? std::make_optional(std::move(parsed)) : std::nullopt;
+    } catch (const Json::parse_error& error) {
+        fault = "不是合法的JSON，位置" + std::to_string(error.byte);
+        return {};
+    }
 }
 
 std::string md5Hex(std::string_view bytes)

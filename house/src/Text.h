@@ -1,5 +1,6 @@
 #pragma once
 
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,9 +28,9 @@ std::optional<std::string> decodeStrict(std::string_view raw, std::string& fault
 /// Decodes whatever can be decoded and leaves the rest as it stands.
 std::string decodeLoose(std::string_view raw);
 
-/// Tells in Chinese why a JSON text isn't an object in compact form with sorted, unrepeated keys; empty when it
-/// is.
-std::string jsonFormFault(const std::string& text);
+/// Parses an object in compact form with sorted, unrepeated keys. Nothing on any deviation; `fault` then tells
+/// it in Chinese.
+std::optional<nlohmann::json> parseSorted(const std::string& text, std::string& fault);
 
 /// 32 lower-case hexadecimal digits.
 std::string md5Hex(std::string_view bytes);

@@ -1,9 +1,8 @@
 #include "src/Broker.h"
 #include "src/House.h"
-#include "src/Log.h"
 #include "src/Options.h"
+#include "src/Others.h"
 #include "src/Server.h"
-#include "src/others/OthersTimer.h"
 #include "src/state/StateSeed.h"
 
 #include <csignal>
@@ -33,13 +32,6 @@ sigset_t endingSignals()
     return signals;
 }
 
-/// An address that anyone on the way to the house can use: a wildcard isn't one.
-std::string ownAddress(const Options& options, const std::string& scheme, int port)
-{
-    const bool isWildcard = options.host == "0.0.0.0" || options.host == "::";
-    return scheme + "://" + (isWildcard ? "127.0.0.1" : options.host) + ":" + std::to_string(port);
-}
-
 void overrideBroker(nlohmann::json& mqttInfo, const Options& options)
 {
     const std::pair<const char*, const std::string&> overrides[] = {
@@ -64,22 +56,13 @@ bool writeUrlFile(const std::string& path, const std::string& url)
 
 int run(const Options& options)
 {
-    std::variant<Seed, std::string> seed = loadSeed(options.seedFile);
-    if (const std::string* error = std::get_if<std::string>(&seed))
-        return fail(*error);
     Log log;
     if (!log.open(options.logFile))
         return fail("cannot write the log file " + options.logFile);
-
     House house;
-    house.seed = std::get<Seed>(std::move(seed));
     house.clock = [] { return static_cast<std::int64_t>(std::time(nullptr)); };
-    if (options.worksByRooms)
-        house.seed.document["sysconfig"]["usedRoomMod"] = 1;
-    std::variant<State, std::string> state = furnish(house.seed, options.rooms, house.clock());
-    if (const std::string* error = std::get_if<std::string>(&state))
-        return fail(*error);
-    house.state = std::get<State>(std::move(state));
+    house.seed = loadSeed(options.seedFile);
+    house.state = furnish(house.seed, options.rooms, house.clock());
     overrideBroker(house.seed.document["mqttInfo"], options);
     for (const auto& [path, fault] : options.faults)
         house.faults.set(path, fault, -1);
@@ -96,11 +79,11 @@ int run(const Options& options)
     if (!error.empty())
         return fail(error);
     const std::string scheme = options.certFile.empty() ? "http" : "https";
-    const std::string url = ownAddress(options, scheme, server.port());
-    house.seed.fillAddress(options.publicUrl.empty() ? url : options.publicUrl, scheme, server.port());
+    const std::string url = scheme + "://" + ownHost + ":" + std::to_string(server.port());
+    house.seed.fillAddress(url, scheme, server.port());
     orderOthers(house, options.othersPerSecond, OthersOrder().seed);
     server.start();
-    const OthersTimer others(house, log);
+    const Others others(house, log);
 
     if (!options.urlFile.empty() && !writeUrlFile(options.urlFile, url))
         return fail("cannot write the address file " + options.urlFile);
@@ -120,5 +103,9 @@ int main(int argc, char** argv)
         (exit->exitCode == 0 ? std::cout : std::cerr) << exit->text << std::flush;
         return exit->exitCode;
     }
-    return run(std::get<Options>(parsed));
+    try {
+        return run(std::get<Options>(parsed));
+    } catch (const std::exception& error) {
+        return fail(error.what());
+    }
 }

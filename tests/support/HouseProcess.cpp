@@ -60,7 +60,7 @@ QByteArray HouseProcess::control(const QString& command, const QJsonObject& body
 
 void HouseProcess::fault(const QString& path, const QString& kind, int arg, int count)
 {
-    QJsonObject body{{"path", path}, {"kind", kind}, {"arg", arg}};
+    QJsonObject body{{"path", path}, {"kind", arg > 0 ? kind + ':' + QString::number(arg) : kind}};
     if (count >= 0)
         body.insert("count", count);
     control(QStringLiteral("fault"), body);

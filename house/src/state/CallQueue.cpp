@@ -1,26 +1,28 @@
 #include "src/state/CallQueue.h"
 
+#include "src/Refusal.h"
+
 #include <algorithm>
 
 namespace house {
 namespace {
 
 constexpr std::size_t keptSpeeches = 200;
-
-bool isOpen(const QueueEntry& entry)
-{
-    return entry.status == CallStatus::Waiting || entry.status == CallStatus::Called ||
-           entry.status == CallStatus::Serving;
-}
-
 constexpr char notCalled[] = "该手牌不是已叫号状态，不能操作";
 constexpr char notWaiting[] = "该手牌已不在等待，不能操作";
+
+bool isWaiting(const QueueEntry& entry) { return entry.status == CallStatus::Waiting; }
+
+bool isCalled(const QueueEntry& entry)
+{
+    return entry.status == CallStatus::Called || entry.status == CallStatus::Serving;
+}
 
 void noteCall(QueueEntry& entry, const std::string& staffId, Seconds now)
 {
     entry.status = CallStatus::Called;
     entry.staffId = staffId;
-    entry.calledAt = now;
+    entry.calledAt = entry.since = now;
     ++entry.callNum;
 }
 
@@ -29,36 +31,27 @@ void noteCall(QueueEntry& entry, const std::string& staffId, Seconds now)
 QueueEntry* CallQueue::openEntry(const std::string& cardId)
 {
     for (QueueEntry& entry : entries)
-        if (entry.cardId == cardId && isOpen(entry))
+        if (entry.cardId == cardId && (isWaiting(entry) || isCalled(entry)))
             return &entry;
     return nullptr;
 }
 
-CallQueue::Entries CallQueue::waiting()
+CallQueue::Entries CallQueue::inOrder(bool (*isListed)(const QueueEntry&), Seconds QueueEntry::*time)
 {
     Entries found;
     for (QueueEntry& entry : entries)
-        if (entry.status == CallStatus::Waiting)
+        if (isListed(entry))
             found.push_back(&entry);
-    std::stable_sort(found.begin(), found.end(), [](const QueueEntry* left, const QueueEntry* right) {
-        return left->joinedAt < right->joinedAt;
+    std::stable_sort(found.begin(), found.end(), [&](const QueueEntry* left, const QueueEntry* right) {
+        return left->*time < right->*time;
     });
     return found;
 }
 
-CallQueue::Entries CallQueue::called()
-{
-    Entries found;
-    for (QueueEntry& entry : entries)
-        if (isOpen(entry) && entry.status != CallStatus::Waiting)
-            found.push_back(&entry);
-    std::stable_sort(found.begin(), found.end(), [](const QueueEntry* left, const QueueEntry* right) {
-        return left->calledAt < right->calledAt;
-    });
-    return found;
-}
+CallQueue::Entries CallQueue::waiting() { return inOrder(isWaiting, &QueueEntry::joinedAt); }
 
-// A rule of this house: a helper serves the guest he called himself before those of his colleagues.
+CallQueue::Entries CallQueue::called() { return inOrder(isCalled, &QueueEntry::calledAt); }
+
 QueueEntry* CallQueue::nextCalled(const std::string& staffId)
 {
     QueueEntry* next = nullptr;
@@ -69,89 +62,72 @@ QueueEntry* CallQueue::nextCalled(const std::string& staffId)
     return next;
 }
 
-std::string CallQueue::join(std::string id, const std::string& cardId, Seconds now)
+QueueEntry& CallQueue::join(std::string id, const std::string& cardId, Seconds now)
 {
-    if (openEntry(cardId))
-        return "该手牌已在排队中";
+    demand(!openEntry(cardId), queueFault, "该手牌已在排队中");
     QueueEntry entry;
     entry.id = std::move(id);
     entry.cardId = cardId;
-    entry.joinedAt = now;
-    entries.add(std::move(entry));
-    return {};
+    entry.joinedAt = entry.since = now;
+    return entries.add(std::move(entry));
 }
 
-std::string CallQueue::cancel(QueueEntry& entry)
+void CallQueue::cancel(QueueEntry& entry)
 {
-    if (entry.status != CallStatus::Waiting)
-        return notWaiting;
+    demand(isWaiting(entry), queueFault, notWaiting);
     entry.status = CallStatus::Cancelled;
-    return {};
 }
 
-std::string CallQueue::call(QueueEntry& entry, const std::string& staffId, Seconds now)
+void CallQueue::call(QueueEntry& entry, const std::string& staffId, Seconds now)
 {
-    if (entry.status != CallStatus::Waiting)
-        return notWaiting;
+    demand(isWaiting(entry), queueFault, notWaiting);
     noteCall(entry, staffId, now);
-    return {};
 }
 
-std::string CallQueue::callAgain(QueueEntry& entry, const std::string& staffId, Seconds now)
+void CallQueue::callAgain(QueueEntry& entry, const std::string& staffId, Seconds now)
 {
-    if (entry.status != CallStatus::Called)
-        return notCalled;
+    demand(entry.status == CallStatus::Called, queueFault, notCalled);
     noteCall(entry, staffId, now);
-    return {};
 }
 
-std::string CallQueue::passOver(QueueEntry& entry, bool isDeleted, const std::string& staffId, Seconds now)
+void CallQueue::passOver(QueueEntry& entry, bool isDeleted, const std::string& staffId, Seconds now)
 {
-    if (entry.status != CallStatus::Called)
-        return notCalled;
+    demand(entry.status == CallStatus::Called, queueFault, notCalled);
     entry.status = isDeleted ? CallStatus::Deleted : CallStatus::Passed;
     passed.push_back({entry.cardId, entry.status, entry.callNum, staffId, now});
-    return {};
 }
 
-std::string CallQueue::recall(std::string id, const std::string& cardId, const std::string& staffId,
+QueueEntry& CallQueue::recall(std::string id, const std::string& cardId, const std::string& staffId,
                               Seconds now)
 {
     const auto record = std::find_if(passed.rbegin(), passed.rend(),
                                      [&](const PassRecord& row) { return row.cardId == cardId; });
-    if (record == passed.rend())
-        return "该手牌没有过号记录";
-    if (std::string fault = join(id, cardId, now); !fault.empty())
-        return fault;
-    QueueEntry& entry = *entries.find(id);
+    demand(record != passed.rend(), queueFault, "该手牌没有过号记录");
+    QueueEntry& entry = join(std::move(id), cardId, now);
     entry.callNum = record->callNum;
     noteCall(entry, staffId, now);
-    return {};
+    return entry;
 }
 
-std::string CallQueue::serve(QueueEntry& entry, const std::string& staffId, Seconds now)
+void CallQueue::serve(QueueEntry& entry, const std::string& staffId, Seconds now)
 {
-    if (entry.status != CallStatus::Called)
-        return notCalled;
+    demand(entry.status == CallStatus::Called, queueFault, notCalled);
     entry.status = CallStatus::Serving;
     entry.staffId = staffId;
-    entry.servedAt = now;
-    return {};
+    entry.since = now;
 }
 
-std::string CallQueue::complete(QueueEntry& entry)
+void CallQueue::complete(QueueEntry& entry)
 {
-    if (entry.status != CallStatus::Serving)
-        return "该手牌还未开始服务";
+    demand(entry.status == CallStatus::Serving, queueFault, "该手牌还未开始服务");
     entry.status = CallStatus::Done;
-    return {};
 }
 
 std::string CallQueue::keepForSpeech(const Entries& calls)
 {
     const std::string key = "CALL" + std::to_string(++lastKey);
     for (const QueueEntry* entry : calls)
-        speech[key].push_back({entry->cardId, entry->callNum});
+        speech[key].push_back(entry->cardId);
     speechKeys.push_back(key);
     if (speechKeys.size() > keptSpeeches) {
         speech.erase(speechKeys.front());
@@ -160,7 +136,7 @@ std::string CallQueue::keepForSpeech(const Entries& calls)
     return key;
 }
 
-const std::vector<SpokenCall>* CallQueue::spoken(const std::string& key) const
+const CallQueue::Speech* CallQueue::spoken(const std::string& key) const
 {
     const auto found = speech.find(key);
     return found == speech.end() ? nullptr : &found->second;
@@ -168,23 +144,9 @@ const std::vector<SpokenCall>* CallQueue::spoken(const std::string& key) const
 
 const char* wordOf(CallStatus status)
 {
-    switch (status) {
-    case CallStatus::Waiting:
-        return "等待中";
-    case CallStatus::Called:
-        return "已叫号";
-    case CallStatus::Serving:
-        return "服务中";
-    case CallStatus::Done:
-        return "已完成";
-    case CallStatus::Passed:
-        return "已过号";
-    case CallStatus::Deleted:
-        return "已删除";
-    case CallStatus::Cancelled:
-        return "已取消";
-    }
-    return "";
+    static constexpr const char* words[] = {"",       "等待中", "已叫号", "服务中",
+                                            "已完成", "已过号", "已删除", "已取消"};
+    return words[static_cast<int>(status)];
 }
 
 } // namespace house

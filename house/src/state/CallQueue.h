@@ -30,7 +30,7 @@ struct QueueEntry
     std::string staffId; ///< who called last, or serves
     Seconds joinedAt = 0;
     Seconds calledAt = 0; ///< the last call
-    Seconds servedAt = 0;
+    Seconds since = 0;    ///< when it got its status, or was called again
 };
 
 /// A guest who was called and didn't come.
@@ -43,47 +43,45 @@ struct PassRecord
     Seconds at = 0;
 };
 
-/// One card to be spoken.
-struct SpokenCall
-{
-    std::string cardId;
-    int callNum = 0;
-};
+inline constexpr char queueFault[] = "CALL_ERR_0001";
 
-/// What goes wrong is told in Chinese for the user, empty when the thing is done.
+/// What can't be done is refused with queueFault.
 class CallQueue
 {
 public:
     using Entries = std::vector<QueueEntry*>;
+    using Speech = std::vector<std::string>; ///< ids of cards
 
     QueueEntry* find(const std::string& id) { return entries.find(id); }
     /// The card's entry that is waiting, called or being served.
     QueueEntry* openEntry(const std::string& cardId);
     Entries waiting(); ///< the longest waiting first
     Entries called();  ///< called or being served, the earliest call first
-    QueueEntry*
-    nextCalled(const std::string& staffId); ///< whom this helper serves next, null when nobody is due
+    /// Whom this helper serves next: the guest he called himself, else another one; null when nobody is due.
+    QueueEntry* nextCalled(const std::string& staffId);
 
-    std::string join(std::string id, const std::string& cardId, Seconds now);
-    std::string cancel(QueueEntry& entry);
-    std::string call(QueueEntry& entry, const std::string& staffId, Seconds now);
-    std::string callAgain(QueueEntry& entry, const std::string& staffId, Seconds now);
-    std::string passOver(QueueEntry& entry, bool isDeleted, const std::string& staffId, Seconds now);
+    QueueEntry& join(std::string id, const std::string& cardId, Seconds now);
+    void cancel(QueueEntry& entry);
+    void call(QueueEntry& entry, const std::string& staffId, Seconds now);
+    void callAgain(QueueEntry& entry, const std::string& staffId, Seconds now);
+    void passOver(QueueEntry& entry, bool isDeleted, const std::string& staffId, Seconds now);
     /// Somebody who was passed over gets a called entry of this id.
-    std::string recall(std::string id, const std::string& cardId, const std::string& staffId, Seconds now);
-    std::string serve(QueueEntry& entry, const std::string& staffId, Seconds now);
-    std::string complete(QueueEntry& entry);
+    QueueEntry& recall(std::string id, const std::string& cardId, const std::string& staffId, Seconds now);
+    void serve(QueueEntry& entry, const std::string& staffId, Seconds now);
+    void complete(QueueEntry& entry);
 
-    /// Keeps what is to be spoken; the key fetches it, by several terminals, for a while.
+    /// Keeps whom to call aloud; the key fetches it, by several terminals, for a while.
     std::string keepForSpeech(const Entries& calls);
     /// Null when the key is unknown or too old.
-    const std::vector<SpokenCall>* spoken(const std::string& key) const;
+    const Speech* spoken(const std::string& key) const;
     const std::vector<PassRecord>& passRecords() const { return passed; }
 
 private:
+    Entries inOrder(bool (*isListed)(const QueueEntry&), Seconds QueueEntry::*time);
+
     Table<QueueEntry> entries;
     std::vector<PassRecord> passed;
-    std::map<std::string, std::vector<SpokenCall>> speech;
+    std::map<std::string, Speech> speech;
     std::deque<std::string> speechKeys; ///< oldest first
     long long lastKey = 0;
 };

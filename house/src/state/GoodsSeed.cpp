@@ -7,40 +7,24 @@ namespace {
 
 using nlohmann::json;
 
-enum SeedTable { categoryIds = 11, itemIds = 12, tasteIds = 13, choiceIds = 14, mealIds = 15 };
-
 constexpr long firstTagId = 101;
-constexpr int marketPriceSale = 2;
-
-std::vector<std::string> areaIdsOf(const Seed& seed, const json& names)
-{
-    std::vector<std::string> ids;
-    for (const json& name : names) {
-        for (const WorkArea& area : seed.areas)
-            if (area.name == name)
-                ids.push_back(area.id);
-    }
-    if (ids.size() != names.size())
-        throw FurnishError("a category names an unknown work area: " + names.dump());
-    return ids;
-}
 
 /// The tag ids of the tastes by their name.
 std::map<std::string, long> furnishTastes(const Seed& seed, State& state)
 {
     std::map<std::string, long> tagIds;
-    int choices = 0;
+    std::size_t choices = 0;
     for (const json& row : seed.document.at("tastes")) {
         const long tagId = firstTagId + static_cast<long>(tagIds.size());
         tagIds[row.at("taste").get<std::string>()] = tagId;
         for (const json& groupRow : row.at("groups")) {
             TasteGroup group;
-            group.id = seedId(tasteIds, static_cast<int>(state.tastes.size()) + 1);
+            group.id = nextId(TasteIds, state.tastes);
             group.name = groupRow.at("name").get<std::string>();
             group.tagId = tagId;
             group.isMultiple = groupRow.at("multiple").get<bool>();
             for (const json& choice : groupRow.at("choices"))
-                group.choices.push_back({seedId(choiceIds, ++choices), choice.get<std::string>()});
+                group.choices.push_back({seedId(ChoiceIds, ++choices), choice.get<std::string>()});
             state.tastes.add(std::move(group));
         }
     }
@@ -75,16 +59,14 @@ void furnishGoods(const Seed& seed, State& state)
     const std::map<std::string, long> tagIds = furnishTastes(seed, state);
     for (const json& row : seed.document.at("categories")) {
         Category category;
-        category.id = seedId(categoryIds, static_cast<int>(state.categories.size()) + 1);
+        category.id = nextId(CategoryIds, state.categories);
         category.name = row.at("name").get<std::string>();
-        const std::vector<std::string> areaIds = areaIdsOf(seed, row.at("areas"));
         for (const json& itemRow : row.at("items")) {
             Item item = readItem(row, itemRow, tagIds);
-            if (state.items.findBy(&Item::name, item.name))
-                throw FurnishError("the item \"" + item.name + "\" is given twice");
-            item.id = seedId(itemIds, static_cast<int>(state.items.size()) + 1);
+            item.id = nextId(ItemIds, state.items);
             item.typeId = category.id;
-            item.areaIds = areaIds;
+            for (const json& name : row.at("areas"))
+                item.areaIds.push_back(seed.areaNamed(name.get<std::string>()).id);
             item.picture = "items/" + item.initials + ".png";
             state.items.add(std::move(item));
         }
@@ -92,7 +74,7 @@ void furnishGoods(const Seed& seed, State& state)
     }
     for (const json& row : seed.document.at("meals")) {
         Meal meal;
-        meal.id = seedId(mealIds, static_cast<int>(state.meals.size()) + 1);
+        meal.id = nextId(MealIds, state.meals);
         meal.name = row.at("name").get<std::string>();
         meal.startTime = row.at("start").get<std::string>();
         meal.endTime = row.at("end").get<std::string>();

@@ -5,23 +5,15 @@
 #include <string>
 #include <vector>
 
-/// What may be done to a room, and what it does to the room, its guests and its charge.
+/// The steps that the changes of a room share.
 namespace house {
 
-/// Chinese text for the user, empty when the thing is done. A refused call changes nothing.
-using Complaint = std::string;
-
+inline constexpr char roomFault[] = "ROOM_ERR_0002";
 /// Somebody else was faster.
 inline constexpr char roomHasChanged[] = "房间状态已变化，请刷新后再试";
 
-using Cards = std::vector<Card*>;
-
-/// Who does it, and when.
-struct Act
-{
-    std::string staffId;
-    Seconds now = 0;
-};
+constexpr int houseOpening = 1;
+constexpr int guestRoomOpening = 2;
 
 bool isGuestRoom(const Room& room); ///< let as in a hotel; terminals show it and leave it alone
 bool isInUse(const Room& room);     ///< as a massage room or a rest room
@@ -30,36 +22,29 @@ bool hasGuests(const Room& room);   ///< in use, or a guest room that is let
 /// Negative when overrun, 0 for a room that nobody has opened.
 long long minutesLeft(const Room& room, Seconds now);
 
-/// Guests who sit elsewhere come over; with `isJoined` their rooms and this one become a group.
-Complaint openMassageRoom(State& state, Room& room, const Cards& cards, int hours, bool isJoined,
-                          const Act& act);
-Complaint openRestRoom(State& state, Room& room, const Cards& cards, const Plan& plan, const Act& act);
-Complaint occupyRoom(Room& room, const OccupationType& type, const std::string& remark, const Act& act);
-Complaint releaseRoom(Room& room, const Act& act);
-Complaint sendToCleaning(Room& room, const Act& act);
-/// Cleaning goes on by one step; `cleanFlg` tells to which, 1 or 2.
-Complaint setCleaning(Room& room, int cleanFlg, const std::string& cleanerId, const Act& act);
-/// The cleaned room is empty again.
-Complaint endCleaning(Room& room, const Act& act);
-/// The opening was a mistake: the guests stay guests, the charge falls away.
-Complaint cancelOpening(State& state, Room& room, const Act& act);
-/// Guests leave. In a rest room `consumer` takes over what is booked on the room. The last one closes it.
-Complaint leaveRoom(State& state, Room& room, const Cards& cards, const Card* consumer, bool needsCleaning,
-                    const Act& act);
+// These refuse with roomFault.
 
-// Steps that the conversions of a room share.
+void demandUsable(const Cards& cards);
+void demandInside(const Room& room, const Cards& cards);
+void demandPlanFor(const Room& room, const Plan& plan);
+void demandNoService(State& state, const Room& room);
 
-Complaint unusableCard(const Cards& cards);
-bool hasRunningService(State& state, const Room& room);
-Order& addRoomFee(State& state, Room& room, const std::string& name, double fee, const std::string& staffId,
-                  Seconds at);
+/// What this person opens from now on.
+void startUse(Room& room, RoomStatus status, int hours, const std::string& staffId, Seconds now);
+/// As a rest room under this plan, with the charge for it.
+void startRest(State& state, Room& room, const Cards& cards, const Plan& plan, const std::string& staffId,
+               Seconds now);
+void addRoomFee(State& state, const Room& room, const std::string& name, double price, int num,
+                const std::string& staffId, Seconds at);
 /// Room fees and lines without a card go to a card.
 void bookOnCard(State& state, const Room& room, const Card& consumer);
 /// Seats these and no others.
 void setCards(State& state, Room& room, const Cards& cards, Seconds now);
-void startUse(Room& room, RoomStatus status, int hours, const Act& act);
 /// Empties the room; lines on cards live on without it.
 void closeRoom(State& state, Room& room, bool needsCleaning, Seconds now);
+
+/// The last room is the one from which the others were chosen: its group takes them in, each leaving its own.
+void mergeRooms(State& state, const std::vector<Room*>& rooms);
 void leaveGroup(State& state, Room& room);
 
 } // namespace house

@@ -1,5 +1,6 @@
 #include "src/state/RoomRecords.h"
 
+#include "src/Unread.h"
 #include "src/state/RoomDesk.h"
 
 #include <algorithm>
@@ -11,12 +12,7 @@ using nlohmann::json;
 
 constexpr Seconds minute = 60;
 constexpr Seconds hour = 60 * minute;
-constexpr std::size_t dateLength = 10;
-
-/// "21:40" of a time's text.
-std::string clockText(Seconds time) { return timeText(time).substr(dateLength + 1, 5); }
-
-Seconds dueTime(const Room& room) { return room.openedAt + room.hours * hour; }
+constexpr std::size_t clockStart = 11; ///< of the time of day in a time's text
 
 } // namespace
 
@@ -66,8 +62,8 @@ std::string RoomRecords::lastService(const Room& room) const
         ended = std::max(ended, order->endedAt);
     }
     if (running > 0)
-        return "预计下钟 " + clockText(running);
-    return ended > 0 ? "末次下钟 " + clockText(ended) : std::string();
+        return "预计下钟 " + timeText(running).substr(clockStart, 5);
+    return ended > 0 ? "末次下钟 " + timeText(ended).substr(clockStart, 5) : std::string();
 }
 
 std::string RoomRecords::staffCodes(const Room& room, Progress progress) const
@@ -99,94 +95,70 @@ json RoomRecords::board(const Room& room) const
         cards.push_back(house.state.cardNumber(id));
     const OccupationType* occupation = house.state.occupationTypes.find(room.occupationTypeId);
     const Staff* cleaner = staff(room.cleanerId);
-    double groupAmount = 0;
-    const auto group = groups.find(room.groupKey);
-    if (group != groups.end())
-        for (const Room* member : group->second)
-            groupAmount += due(*member);
-    const Lines& ordered = linesOf(room);
-    const bool hasService = std::any_of(ordered.begin(), ordered.end(), [](const Order* order) {
-        return order->kind == OrderKind::Technician;
-    });
-    const bool isLeavingToday = room.openedAt > 0 && timeText(dueTime(room)).substr(0, dateLength) ==
-                                                         timeText(now).substr(0, dateLength);
-    return {{"id", room.id},
-            {"code", room.code},
-            {"name", room.name},
-            {"floorname", floorName(room)},
-            {"typename", typeName(room)},
-            {"status", static_cast<int>(room.status)},
-            {"statusStr", statusWord(room.status)},
-            {"openType", room.openType},
-            {"cardnos", joined(cards)},
-            {"staffnos", staffCodes(room, Progress::Running)},
-            {"completedStaffnos", staffCodes(room, Progress::Finished)},
-            {"cooName", occupation ? occupation->name : ""},
-            {"hours", room.hours},
-            {"surplus", minutesLeft(room, now)},
-            {"start_time", timeText(room.openedAt)},
-            {"last_time", timeText(room.changedAt)},
-            {"lastSvrTime", lastService(room)},
-            {"group_key", room.groupKey},
-            {"groupRoom", groupRooms(room)},
-            {"isStaffOrder", hasService},
-            {"callCount", room.callCount},
-            {"needPayAmount", due(room)},
-            {"isSettle", room.isSettled},
-            {"roomLock", room.isReserved},
-            {"remark", room.remark},
-            {"cleanerNo", codeOf(cleaner)},
-            {"cleanerName", nameOf(cleaner)},
-            {"cleanFlg", room.cleanFlg},
-            {"dirtyFlg", room.isDirty},
-            {"todayLeave", isLeavingToday},
-            {"groupDepositAmt", 0.0},
-            {"groupPayAmt", roundMoney(groupAmount)},
-            {"srcAlias", room.openedBy.empty() ? "" : "前台"},
-            {"innum", room.cardIds.size()},
-            {"num", house.state.roomTypes.find(room.typeId)->capacity}};
+    return withUnread({{"id", room.id},
+                       {"code", room.code},
+                       {"name", room.name},
+                       {"floorname", floorName(room)},
+                       {"typename", typeName(room)},
+                       {"status", static_cast<int>(room.status)},
+                       {"statusStr", statusWord(room.status)},
+                       {"openType", room.openType},
+                       {"cardnos", joined(cards)},
+                       {"staffnos", staffCodes(room, Progress::Running)},
+                       {"completedStaffnos", staffCodes(room, Progress::Finished)},
+                       {"cooName", occupation ? occupation->name : ""},
+                       {"hours", room.hours},
+                       {"surplus", minutesLeft(room, now)},
+                       {"lastSvrTime", lastService(room)},
+                       {"groupRoom", groupRooms(room)},
+                       {"needPayAmount", due(room)},
+                       {"isSettle", room.isSettled},
+                       {"roomLock", room.isReserved},
+                       {"remark", room.remark},
+                       {"cleanerNo", codeOf(cleaner)},
+                       {"cleanerName", nameOf(cleaner)},
+                       {"cleanFlg", room.cleanFlg},
+                       {"dirtyFlg", room.isDirty},
+                       {"innum", room.cardIds.size()},
+                       {"num", house.state.roomTypes.find(room.typeId)->capacity}},
+                      {"start_time", "last_time", "group_key", "srcAlias"},
+                      {"callCount", "groupDepositAmt", "groupPayAmt"}, {"isStaffOrder", "todayLeave"});
 }
 
 json RoomRecords::detail(const Room& room) const
 {
     const Plan* plan = house.state.plans.find(room.planId);
     const Staff* opener = staff(room.openedBy);
-    const OccupationType* occupation = house.state.occupationTypes.find(room.occupationTypeId);
     const long long surplus = minutesLeft(room, now);
+    const bool isMassage = room.status == RoomStatus::Massage;
     json calls = json::array();
     for (const CallContent& content : house.state.callContents)
-        if (isInUse(room) && room.status == RoomStatus::Massage)
+        if (isInUse(room) && isMassage)
             calls.push_back(
                 {{"cardno", ""}, {"cardId", ""}, {"contId", content.id}, {"contName", content.name}});
-    return {{"id", room.id},
-            {"roomNo", room.code},
-            {"roomName", typeName(room)},
-            {"floorName", floorName(room)},
-            {"status", static_cast<int>(room.status)},
-            {"statusStr", statusWord(room.status)},
-            {"openType", room.openType},
-            {"hours", room.hours},
-            {"startTime", timeText(room.openedAt)},
-            {"start_time", timeText(room.openedAt)},
-            {"useTime", room.openedAt > 0 ? (now - room.openedAt) / hour : 0},
-            {"overTime", std::max(0LL, -surplus)},
-            {"surplus", surplus},
-            {"planId", room.planId},
-            {"planName", plan                                 ? plan->name
-                         : room.status == RoomStatus::Massage ? "按摩房"
-                                                              : ""},
-            {"remark", room.remark},
-            {"cooRemark", room.occupationRemark},
-            {"group_key", room.groupKey},
-            {"groupRoom", groupRooms(room)},
-            {"staffNo", codeOf(opener)},
-            {"staffName", nameOf(opener)},
-            {"occType", occupation ? occupation->name : ""},
-            {"lockNo", ""},
-            {"dai", 0},
-            {"roomUid", room.id.substr(room.id.size() - 8)},
-            {"cardlist", cardEntries(room)},
-            {"calllist", calls}};
+    return withUnread({{"id", room.id},
+                       {"roomNo", room.code},
+                       {"roomName", typeName(room)},
+                       {"floorName", floorName(room)},
+                       {"status", static_cast<int>(room.status)},
+                       {"statusStr", statusWord(room.status)},
+                       {"openType", room.openType},
+                       {"hours", room.hours},
+                       {"startTime", timeText(room.openedAt)},
+                       {"useTime", room.openedAt > 0 ? (now - room.openedAt) / hour : 0},
+                       {"overTime", std::max(0LL, -surplus)},
+                       {"surplus", surplus},
+                       {"planName", plan        ? plan->name
+                                    : isMassage ? "按摩房"
+                                                : ""},
+                       {"remark", room.remark},
+                       {"group_key", room.groupKey},
+                       {"groupRoom", groupRooms(room)},
+                       {"staffNo", codeOf(opener)},
+                       {"staffName", nameOf(opener)},
+                       {"cardlist", cardEntries(room)},
+                       {"calllist", calls}},
+                      {"start_time", "planId", "cooRemark", "occType", "lockNo", "roomUid"}, {"dai"});
 }
 
 /// A card stands once for itself and once for each further line that it has in the room.
@@ -210,40 +182,31 @@ json RoomRecords::consumption(const Room& room) const
 {
     json list = json::array();
     for (const Order* order : linesOf(room)) {
-        const Staff* person = staff(order->staffId);
         const bool isOpen = order->progress == Progress::Pending || order->progress == Progress::Running;
-        list.push_back({{"id", order->id},
-                        {"cardNo", house.state.cardNumber(order->cardId)},
-                        {"srcOldCardNo", order->oldCardNo},
-                        {"itemId", order->itemId},
-                        {"itemName", order->itemName},
-                        {"num", order->num},
-                        {"price", order->price},
-                        {"amount", amountOf(*order)},
-                        {"staffNo", codeOf(person)},
-                        {"pushNo", codeOf(staff(order->pushId))},
-                        {"startTime", timeText(order->startedAt)},
-                        {"endTime", timeText(order->endedAt)},
-                        {"cmtFlg", isOpen ? 0 : 1},
-                        {"serverType", static_cast<int>(order->kind)},
-                        {"workerType", person ? person->workerTypes : ""},
-                        {"staffId", order->staffId},
-                        {"createtime", timeText(order->createdAt)}});
+        list.push_back(withUnread({{"id", order->id},
+                                   {"cardNo", house.state.cardNumber(order->cardId)},
+                                   {"srcOldCardNo", order->oldCardNo},
+                                   {"itemName", order->itemName},
+                                   {"num", order->num},
+                                   {"price", order->price},
+                                   {"amount", amountOf(*order)},
+                                   {"staffNo", codeOf(staff(order->staffId))},
+                                   {"pushNo", codeOf(staff(order->pushId))},
+                                   {"cmtFlg", isOpen ? 0 : 1},
+                                   {"createtime", timeText(order->createdAt)}},
+                                  {"itemId", "startTime", "endTime", "workerType", "staffId"}, {"serverType"}));
     }
     return list;
 }
 
 json RoomRecords::candidate(const Room& room) const
 {
-    return {{"roomId", room.id},
-            {"roomNo", room.code},
-            {"roomName", room.name},
-            {"floorName", floorName(room)},
-            {"hourseName", typeName(room)},
-            {"groupKey", room.groupKey},
-            {"groupRoom", groupRooms(room)},
-            {"status", static_cast<int>(room.status)},
-            {"statusStr", statusWord(room.status)}};
+    return withUnread({{"roomId", room.id},
+                       {"roomNo", room.code},
+                       {"floorName", floorName(room)},
+                       {"hourseName", typeName(room)},
+                       {"groupKey", room.groupKey}},
+                      {"roomName", "groupRoom", "statusStr"}, {"status"});
 }
 
 const char* statusWord(RoomStatus status)

@@ -34,14 +34,12 @@ struct Room
     std::string floorId;
     std::string typeId;
     RoomStatus status = RoomStatus::Empty;
-    int openType = 0; ///< 0 not open, 1 for guests of the house, 2 a guest room
+    int openType = 0; ///< 0 not open, 1 for guests of the house, 2 a guest room let as in a hotel
     int hours = 0;
     Seconds openedAt = 0;
-    Seconds changedAt = 0; ///< last change of the status
     std::string planId;
     std::string groupKey; ///< shared by the rooms of a group
     std::string occupationTypeId;
-    std::string occupationRemark;
     std::string remark;
     std::string openedBy; ///< staff id
     std::string cleanerId;
@@ -49,7 +47,6 @@ struct Room
     bool isDirty = false;
     bool isReserved = false;
     bool isSettled = false;
-    int callCount = 0;                ///< services that the guests called since the room was opened
     std::vector<std::string> cardIds; ///< the guests inside; changed by State::seat() alone
 };
 
@@ -60,8 +57,6 @@ struct Plan
     std::string roomTypeId;
     int hours = 0;
     double fee = 0;
-    double dayPrice = 0;
-    std::string remark;
 };
 
 struct OccupationType
@@ -93,6 +88,8 @@ struct Card
     std::string remark;
 };
 
+using Cards = std::vector<Card*>;
+
 struct CardType
 {
     std::string id;
@@ -123,14 +120,10 @@ struct Order
     std::string pushId;
     std::string enteredBy; ///< staff id
     std::string deviceId;
-    std::string deskNo;
-    std::string remark;
-    std::vector<std::string> tagIds;
     Seconds createdAt = 0;
     Progress progress = Progress::None; ///< of a service
     int clockKind = 0;                  ///< 1 requested ... 6 added
-    bool isOvertime = false;
-    int minutes = 0; ///< planned, for the whole line
+    int minutes = 0;                    ///< planned, for the whole line
     Seconds startedAt = 0;
     Seconds endedAt = 0;
     bool isSelfEntry = false; ///< booked by the guest at a counter
@@ -144,6 +137,8 @@ struct Category
     std::string name;
 };
 
+constexpr int marketPriceSale = 2; ///< the price is made at the sale
+
 struct Item
 {
     std::string id;
@@ -154,9 +149,8 @@ struct Item
     std::string picture;
     OrderKind kind = OrderKind::Goods;
     bool needsDesk = false;
-    int spec = 0;
     long tagId = 0;  ///< the tastes that go with it, 0 without
-    int sellFlg = 1; ///< 2: the price is made at the sale
+    int sellFlg = 1; ///< or marketPriceSale
     int isPackTicket = 0;
     std::string unit;
     std::string workerType;
@@ -182,14 +176,15 @@ struct TasteGroup
     std::vector<TasteChoice> choices;
 };
 
+enum WorkStatus { WorkWaiting = 1, WorkServing = 2, WorkOffDuty = 3, WorkAssigned = 6 };
+
 /// What a member of staff is doing.
 struct Clock
 {
-    std::string id;             ///< the staff id
-    int workStatus = 1;         ///< 1 waiting, 2 on a service, 3 off duty, 6 assigned
+    std::string id; ///< the staff id
+    int workStatus = WorkWaiting;
     std::string orderId;        ///< the pending or running service
     Seconds timerStartedAt = 0; ///< the clock without an item; 0 while it stands
-    Seconds punchedAt = 0;
 };
 
 struct Meal

@@ -22,14 +22,13 @@ class Sale
 public:
     Sale(House& house, const Call& call, Account account);
 
-    /// Reads the lines; the refusal's code is "AUTH_ERR_0002" when a line needs a right that nobody here holds.
-    /// A good reply is empty.
-    Reply read(const nlohmann::json& items);
+    /// Reads the lines, or refuses; with "AUTH_ERR_0002" when a line needs a right that nobody here holds.
+    void read(const nlohmann::json& items);
     void book();
 
     /// Of the first line that has one.
     std::string areaId() const;
-    std::string deskNo() const;
+    std::string deskNo() const { return desk; }
     bool concernsStaff() const; ///< a technician's service was booked or taken back
 
 private:
@@ -39,11 +38,10 @@ private:
         double num = 0;
     };
 
-    Reply readLine(const nlohmann::json& row);
-    Reply readNew(const nlohmann::json& row, const Item& item, LineStatus status);
-    Reply readPeople(const nlohmann::json& row, Order& order) const;
-    Reply readChargeback(const nlohmann::json& row);
-    Reply needsRight(const char* onCard, const char* onRoom) const;
+    void readLine(const nlohmann::json& row);
+    void readNew(const nlohmann::json& row, LineStatus status);
+    void readPeople(const nlohmann::json& row, Order& order) const;
+    void readChargeback(const nlohmann::json& row);
     bool isOfAccount(const Order& order) const;
     void assign(const Order& order);
 
@@ -52,6 +50,7 @@ private:
     const Account account;
     std::vector<Order> lines;
     std::vector<Chargeback> chargebacks;
+    std::string desk;
 };
 
 } // namespace house

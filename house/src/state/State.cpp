@@ -8,7 +8,6 @@ namespace house {
 namespace {
 
 constexpr char timeFormat[] = "%Y-%m-%d %H:%M:%S";
-constexpr Seconds daySeconds = 24 * 60 * 60;
 
 template <typename Match>
 std::vector<Order*> ordersThat(Table<Order>& orders, Match matches)
@@ -22,12 +21,15 @@ std::vector<Order*> ordersThat(Table<Order>& orders, Match matches)
 
 } // namespace
 
-Card* State::cardBy(const std::string& number, const std::string& uid)
-{
-    return uid.empty() ? cardByNumber(number) : cardByUid(uid);
-}
-
 std::string State::newId() { return std::to_string(++lastId); }
+
+Order& State::addOrder(Order order)
+{
+    order.id = newId();
+    if (order.batchId.empty())
+        order.batchId = order.id;
+    return orders.add(std::move(order));
+}
 
 void State::seat(Card& card, Room& room, Seconds now)
 {
@@ -57,6 +59,14 @@ void State::checkOut(Card& card, Seconds now)
     }
     card.status = CardStatus::Free;
     card.closedAt = now;
+}
+
+void State::moveLine(Order& line, const Card& to)
+{
+    if (line.cardId == to.id)
+        return;
+    line.oldCardNo = cardNumber(line.cardId);
+    line.cardId = to.id;
 }
 
 std::vector<Order*> State::ordersOfCard(const std::string& cardId)
@@ -100,7 +110,13 @@ Order lineOf(const Item& item)
     order.kind = item.kind;
     order.price = item.price;
     order.minutes = item.minutes;
+    order.areaId = item.areaIds.front();
     return order;
+}
+
+bool isSoldIn(const Item& item, const std::string& areaId)
+{
+    return std::count(item.areaIds.begin(), item.areaIds.end(), areaId) > 0;
 }
 
 double amountOf(const Order& order)
@@ -138,11 +154,10 @@ Seconds timeOf(const std::string& text)
     return end && *end == '\0' ? std::mktime(&parts) : 0;
 }
 
-Seconds businessDayStart(Seconds now, const std::string& startTime)
+Seconds timeOn(Seconds day, const std::string& timeOfDay)
 {
-    const std::string today = timeText(now).substr(0, 10);
-    const Seconds start = timeOf(today + " " + startTime);
-    return start > now ? start - daySeconds : start;
+    constexpr std::size_t dateLength = 10;
+    return timeOf(timeText(day).substr(0, dateLength) + " " + timeOfDay);
 }
 
 std::string joined(const std::vector<std::string>& texts, const std::string& separator)

@@ -32,17 +32,21 @@ struct State
     Room* roomByCode(const std::string& code) { return rooms.findBy(&Room::code, code); }
     Card* cardByNumber(const std::string& number) { return cards.findBy(&Card::number, number); }
     Card* cardByUid(const std::string& uid) { return cards.findBy(&Card::uid, uid); }
-    /// By serial when there is one, else by number; null when neither is known.
-    Card* cardBy(const std::string& number, const std::string& uid);
 
     /// An id that no row has.
     std::string newId();
+
+    /// Gives the line its id; it is an order of its own unless it has its batch.
+    Order& addOrder(Order order);
 
     /// Puts a card into a room, taking it out of the one it is in, and back into use if it was free.
     void seat(Card& card, Room& room, Seconds now);
     void unseat(Card& card);
     /// The guest pays and goes: his lines are closed, his card waits for the next one.
     void checkOut(Card& card, Seconds now);
+
+    /// The line remembers the number of the card that it was on.
+    void moveLine(Order& line, const Card& to);
 
     /// Open lines, in the order of their entry.
     std::vector<Order*> ordersOfCard(const std::string& cardId);
@@ -59,8 +63,9 @@ private:
 
 /// Still to be paid: neither void nor paid.
 bool isOpen(const Order& order);
-/// One of an item, at its price, not yet booked on anything.
+/// One of an item, at its price, in the first area that sells it, not yet booked on anything.
 Order lineOf(const Item& item);
+bool isSoldIn(const Item& item, const std::string& areaId);
 /// A line's amount; a gift costs nothing.
 double amountOf(const Order& order);
 double amountOf(const std::vector<Order*>& orders);
@@ -71,8 +76,8 @@ double roundMoney(double amount);
 std::string timeText(Seconds time);
 /// The reverse; 0 when the text is no such time.
 Seconds timeOf(const std::string& text);
-/// "2026-03-01 06:00:00" of today or yesterday: when the running business day began.
-Seconds businessDayStart(Seconds now, const std::string& startTime);
+/// A time of day, "06:00:00", on the day of another time.
+Seconds timeOn(Seconds day, const std::string& timeOfDay);
 
 std::string joined(const std::vector<std::string>& texts, const std::string& separator = ",");
 

@@ -10,14 +10,8 @@ namespace {
 
 using nlohmann::json;
 
-enum SeedTable { floorIds = 1, typeIds, roomIds, planIds, occupationIds, contentIds, cardIds };
-
 constexpr Seconds minute = 60;
-constexpr int guestRoomOpening = 2;
-constexpr int houseOpening = 1;
-constexpr long long firstRoomCardSerial = 6000000000;
-constexpr int assigned = 6;
-constexpr int onService = 2;
+constexpr long long firstSerial = 5000000000; ///< of cards that the seed doesn't name
 
 std::vector<std::string> words(const std::string& text)
 {
@@ -26,6 +20,16 @@ std::vector<std::string> words(const std::string& text)
     for (std::string word; stream >> word;)
         found.push_back(word);
     return found;
+}
+
+Card& addCard(State& state, const std::string& number, const std::string& uid, const std::string& type)
+{
+    Card card;
+    card.id = nextId(CardIds, state.cards);
+    card.number = number;
+    card.uid = uid;
+    card.type = type;
+    return state.cards.add(std::move(card));
 }
 
 class Furnisher
@@ -54,40 +58,20 @@ public:
     }
 
 private:
-    template <typename Row>
-    std::string nextId(SeedTable table, const Table<Row>& rows) const
-    {
-        return seedId(table, static_cast<int>(rows.size()) + 1);
-    }
-
     Seconds ago(const json& row) const { return now - row.at("minutesAgo").get<int>() * minute; }
 
     std::string staffId(const json& row, const char* field) const
     {
-        const std::string code = row.value(field, "");
-        const Staff* person = seed.staffByCode(code);
-        if (!person && !code.empty())
-            throw FurnishError("no staff member has the number \"" + code + "\"");
+        const Staff* person = seed.staffByCode(row.value(field, ""));
         return person ? person->id : std::string();
     }
-
-    std::string areaId(const std::string& name) const
-    {
-        for (const WorkArea& area : seed.areas)
-            if (area.name == name)
-                return area.id;
-        throw FurnishError("no work area is called \"" + name + "\"");
-    }
-
-    bool worksByRooms() const { return document.at("sysconfig").value("usedRoomMod", 0) == 1; }
 
     void furnishClocks()
     {
         for (const Staff& person : seed.staff) {
             Clock clock;
             clock.id = person.id;
-            clock.workStatus = person.active && person.role == "technician" ? 1 : 3;
-            clock.punchedAt = now - 4 * 60 * minute;
+            clock.workStatus = person.active && person.role == "technician" ? WorkWaiting : WorkOffDuty;
             state.clocks.add(std::move(clock));
         }
     }
@@ -95,20 +79,19 @@ private:
     void furnishHouse()
     {
         for (const json& name : document.at("floors"))
-            state.floors.add({nextId(floorIds, state.floors), name.get<std::string>()});
+            state.floors.add({nextId(FloorIds, state.floors), name.get<std::string>()});
         for (const json& row : document.at("roomTypes")) {
-            const RoomType& type =
-                state.roomTypes.add({nextId(typeIds, state.roomTypes), row.at("name").get<std::string>(),
-                                     row.at("capacity").get<int>(), areaId(row.at("area"))});
+            const RoomType& type = state.roomTypes.add(
+                {nextId(RoomTypeIds, state.roomTypes), row.at("name").get<std::string>(),
+                 row.at("capacity").get<int>(), seed.areaNamed(row.at("area").get<std::string>()).id});
             for (const json& plan : row.at("plans"))
-                state.plans.add({nextId(planIds, state.plans), plan.at("name").get<std::string>(), type.id,
-                                 plan.at("hours").get<int>(), plan.at("fee").get<double>(),
-                                 plan.at("dayPrice").get<double>(), plan.at("remark").get<std::string>()});
+                state.plans.add({nextId(PlanIds, state.plans), plan.at("name").get<std::string>(), type.id,
+                                 plan.at("hours").get<int>(), plan.at("fee").get<double>()});
         }
         for (const json& name : document.at("occupationTypes"))
-            state.occupationTypes.add({nextId(occupationIds, state.occupationTypes), name.get<std::string>()});
+            state.occupationTypes.add({nextId(OccupationIds, state.occupationTypes), name.get<std::string>()});
         for (const json& name : document.at("callContents"))
-            state.callContents.add({nextId(contentIds, state.callContents), name.get<std::string>()});
+            state.callContents.add({nextId(ContentIds, state.callContents), name.get<std::string>()});
     }
 
     void furnishCards()
@@ -119,23 +102,13 @@ private:
         for (const json& block : document.at("cards")) {
             int number = block.at("first").get<int>();
             for (const std::string& uid : words(block.at("uids").get<std::string>()))
-                addCard(std::to_string(number++), uid, block.at("type").get<std::string>());
+                addCard(state, std::to_string(number++), uid, block.at("type").get<std::string>());
         }
         for (const json& mark : document.at("cardMarks")) {
             Card& card = named(state.cards, &Card::number, mark.at("card").get<std::string>());
             card.status = static_cast<CardStatus>(mark.at("status").get<int>());
             card.remark = mark.at("remark").get<std::string>();
         }
-    }
-
-    Card& addCard(const std::string& number, const std::string& uid, const std::string& type)
-    {
-        Card card;
-        card.id = nextId(cardIds, state.cards);
-        card.number = number;
-        card.uid = uid;
-        card.type = type;
-        return state.cards.add(std::move(card));
     }
 
     /// The rooms of copy 0 are those of the seed; a further copy has its number before every room and card.
@@ -166,15 +139,12 @@ private:
     void addRoom(const json& row, const std::string& code, int copy)
     {
         Room room;
-        room.id = nextId(roomIds, state.rooms);
+        room.id = nextId(RoomIds, state.rooms);
         room.code = copied(code, copy);
         room.name = document.at("roomNames").value(code, room.code);
         room.floorId = named(state.floors, &Floor::name, row.at("floor").get<std::string>()).id;
         room.typeId = named(state.roomTypes, &RoomType::name, row.at("type").get<std::string>()).id;
-        room.changedAt = now;
-        const Room& added = state.rooms.add(std::move(room));
-        if (worksByRooms())
-            furnishRoomCard(state, added);
+        state.rooms.add(std::move(room));
     }
 
     void apply(const json& stay, Room& room, int copy)
@@ -183,7 +153,6 @@ private:
         const std::string as = stay.value("as", "");
         if (as.empty())
             return;
-        room.changedAt = ago(stay);
         room.remark = stay.value("remark", "");
         room.cleanerId = staffId(stay, "cleaner");
         room.cleanFlg = stay.value("cleanFlg", 0);
@@ -194,17 +163,9 @@ private:
             room.status = RoomStatus::Occupied;
             room.occupationTypeId =
                 named(state.occupationTypes, &OccupationType::name, stay.at("reason").get<std::string>()).id;
-            room.occupationRemark = room.remark;
         } else {
             occupyByGuests(stay, as, room, copy);
         }
-    }
-
-    /// In a house that works by rooms whoever is in a room goes by the room's own card.
-    Card& guest(const std::string& number, const std::string& roomId, int copy)
-    {
-        const Room* room = worksByRooms() ? state.rooms.find(roomId) : nullptr;
-        return named(state.cards, &Card::number, room ? room->code : copied(number, copy));
     }
 
     void occupyByGuests(const json& stay, const std::string& as, Room& room, int copy)
@@ -220,16 +181,13 @@ private:
         room.isSettled = stay.value("settled", false);
         if (stay.contains("group"))
             room.groupKey = "G" + std::to_string(copy) + stay["group"].get<std::string>();
-        if (worksByRooms() && !isLet)
-            state.seat(guest({}, room.id, copy), room, room.openedAt);
-        else
-            for (const json& number : stay.value("cards", json::array()))
-                state.seat(admit(copied(number.get<std::string>(), copy), room.openedAt), room, now);
+        for (const json& number : stay.value("cards", json::array()))
+            state.seat(admit(copied(number.get<std::string>(), copy), room.openedAt), room, now);
         if (stay.contains("plan")) {
             const Plan& plan = named(state.plans, &Plan::name, stay["plan"].get<std::string>());
             room.planId = plan.id;
             room.hours = plan.hours;
-            addRoomFee(state, room, plan.name, plan.fee, room.openedBy, room.openedAt);
+            addRoomFee(state, room, plan.name, plan.fee, 1, room.openedBy, room.openedAt);
         }
         furnishOrders(stay, room.id, copy);
     }
@@ -240,7 +198,7 @@ private:
         Card* card = state.cardByNumber(number);
         if (!card) {
             const std::string origin = number.substr(number.size() - 4);
-            card = &addCard(number, std::to_string(5000000000LL + std::stoll(number)),
+            card = &addCard(state, number, std::to_string(firstSerial + std::stoll(number)),
                             named(state.cards, &Card::number, origin).type);
         }
         card->status = CardStatus::InUse;
@@ -254,20 +212,18 @@ private:
     Order& addOrder(const Item& item, const Card& card, const std::string& roomId, Seconds at)
     {
         Order order = lineOf(item);
-        order.id = state.newId();
-        order.batchId = order.id;
         order.cardId = card.id;
         order.roomId = roomId;
-        order.areaId = item.areaIds.front();
         order.deviceId = seed.terminals.front().id;
         order.createdAt = at;
-        return state.orders.add(std::move(order));
+        return state.addOrder(std::move(order));
     }
 
     Order& addOrder(const json& row, const std::string& roomId, Seconds at, int copy)
     {
         return addOrder(named(state.items, &Item::name, row.at("item").get<std::string>()),
-                        guest(row.at("card").get<std::string>(), roomId, copy), roomId, at);
+                        named(state.cards, &Card::number, copied(row.at("card").get<std::string>(), copy)),
+                        roomId, at);
     }
 
     void furnishOrders(const json& stay, const std::string& roomId, int copy)
@@ -305,7 +261,7 @@ private:
         if (copy != 0 || order.progress == Progress::Finished)
             return;
         Clock& clock = *state.clocks.find(order.staffId);
-        clock.workStatus = order.progress == Progress::Pending ? assigned : onService;
+        clock.workStatus = order.progress == Progress::Pending ? WorkAssigned : WorkServing;
         clock.orderId = order.id;
     }
 
@@ -317,7 +273,7 @@ private:
 
 } // namespace
 
-std::string seedId(int table, int row)
+std::string seedId(SeedTable table, std::size_t row)
 {
     const std::string number = std::to_string(row);
     const std::string kind = std::to_string(table);
@@ -326,26 +282,11 @@ std::string seedId(int table, int row)
 
 void furnishRoomCard(State& state, const Room& room)
 {
-    if (state.cardByNumber(room.code))
-        return;
-    const int row = static_cast<int>(state.cards.size()) + 1;
-    Card card;
-    card.id = seedId(cardIds, row);
-    card.number = room.code;
-    card.uid = std::to_string(firstRoomCardSerial + row);
-    card.type = state.cardTypes.begin()->id;
-    state.cards.add(std::move(card));
+    if (!state.cardByNumber(room.code))
+        addCard(state, room.code, std::to_string(2 * firstSerial + std::stoll(room.code)),
+                state.cardTypes.begin()->id);
 }
 
-std::variant<State, std::string> furnish(const Seed& seed, int roomCount, Seconds now)
-{
-    try {
-        return Furnisher(seed, now).furnish(roomCount);
-    } catch (const nlohmann::json::exception& error) {
-        return std::string("the house can't be furnished: ") + error.what();
-    } catch (const std::exception& error) {
-        return std::string("the house can't be furnished: ") + error.what();
-    }
-}
+State furnish(const Seed& seed, int roomCount, Seconds now) { return Furnisher(seed, now).furnish(roomCount); }
 
 } // namespace house

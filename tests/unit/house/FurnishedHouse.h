@@ -1,100 +1,96 @@
 #pragma once
 
-#include "src/House.h"
+#include "src/Asked.h"
 #include "src/state/StateSeed.h"
 
 #include <QString>
 #include <QStringList>
-#include <QtGlobal>
 
 #include <memory>
 #include <string>
 
 /// What the tests of the house share.
 
-inline std::string seedPath() { return KV_SOURCE_FOLDER "/house/seed/house.json"; }
-
-/// A house of the seed, with the times of its guests counted back from `now`; null, with a word about it, when
-/// the seed can't be read. It has no clock and no broker.
-inline std::unique_ptr<house::House> furnishedHouse(house::Seconds now, int rooms = 0,
-                                                    bool worksByRooms = false)
-{
-    auto seed = house::loadSeed(seedPath());
-    const auto* damage = std::get_if<std::string>(&seed);
-    if (damage) {
-        qWarning("%s", damage->c_str());
-        return nullptr;
-    }
-    auto house = std::make_unique<house::House>();
-    house->seed = std::get<house::Seed>(std::move(seed));
-    house->seed.document["sysconfig"]["usedRoomMod"] = worksByRooms ? 1 : 0;
-    auto state = house::furnish(house->seed, rooms, now);
-    const auto* fault = std::get_if<std::string>(&state);
-    if (fault) {
-        qWarning("%s", fault->c_str());
-        return nullptr;
-    }
-    house->state = std::get<house::State>(std::move(state));
-    return house;
-}
-
-/// What an endpoint answers the manager at the first terminal, the check of the request left out.
-inline house::Reply handle(house::House& house, const std::string& path, const nlohmann::json& body,
-                           house::Seconds now, const std::map<std::string, std::string>& params = {})
-{
-    house::Call call;
-    call.body = body;
-    call.params = params;
-    call.terminal = &house.seed.terminals.front();
-    call.staff = house.seed.staffByCode("1001");
-    call.now = now;
-    return house.endpoints.find(path)->handler(house, call);
-}
-
-/// The data of the answer, null without any.
-inline nlohmann::json told(house::House& house, const std::string& path, const nlohmann::json& body,
-                           house::Seconds now)
-{
-    const house::Reply reply = handle(house, path, body, now);
-    return reply.data ? *reply.data : nlohmann::json();
-}
-
-/// The room's record on the board.
-inline nlohmann::json boardOf(house::House& house, const char* code, house::Seconds now)
-{
-    const nlohmann::json rooms = told(house, "/bba01/getRoomList", {{"roomno", code}}, now);
-    return rooms.size() == 1 ? rooms.front() : nlohmann::json();
-}
-
-/// JSON in which "$101" stands for the id of room 101, "#8001" for that of a card, and "%一楼" for that of a
-/// floor or a room type.
-inline nlohmann::json filled(const house::House& house, QString text)
-{
-    const auto fill = [&](QChar mark, const std::string& name, const std::string& id) {
-        text.replace(mark + QString::fromStdString(name) + '"', QString::fromStdString(id) + '"');
-    };
-    for (const house::Room& each : house.state.rooms)
-        fill('$', each.code, each.id);
-    for (const house::Card& each : house.state.cards)
-        fill('#', each.number, each.id);
-    for (const house::Floor& each : house.state.floors)
-        fill('%', each.name, each.id);
-    for (const house::RoomType& each : house.state.roomTypes)
-        fill('%', each.name, each.id);
-    return nlohmann::json::parse(text.toStdString());
-}
+constexpr house::Seconds now = 1770000000;
+constexpr house::Seconds minute = 60;
 
 /// Keeps the topics on which the house publishes.
-class Recorder final : public house::Publisher
+struct Recorder final : house::Publisher
 {
-public:
-    explicit Recorder(QStringList& topics) : m_topics(topics) {}
+    explicit Recorder(QStringList& topics) : topics(topics) {}
     bool publish(const std::string& topic, const std::string&) override
     {
-        m_topics.append(QString::fromStdString(topic));
+        topics.append(QString::fromStdString(topic));
         return true;
     }
 
-private:
-    QStringList& m_topics;
+    QStringList& topics;
+};
+
+/// The house of the seed at `now`, with what it published.
+struct FurnishedHouse : house::House
+{
+    explicit FurnishedHouse(int rooms = 0)
+    {
+        seed = house::loadSeed(KV_SOURCE_FOLDER "/house/seed/house.json");
+        state = house::furnish(seed, rooms, now);
+        clock = [this] { return time; };
+        publisher = std::make_unique<Recorder>(topics);
+    }
+
+    house::Room& room(const QString& code) { return *state.roomByCode(code.toStdString()); }
+    house::Card& card(const QString& number) { return *state.cardByNumber(number.toStdString()); }
+    const house::Staff& staff(const QString& code) { return *seed.staffByCode(code.toStdString()); }
+
+    /// JSON in which a marked name stands for an id: "$101" for that of a room, "#8001" of a card, "@801" of a
+    /// staff member, "~可乐" of the latest line of this item, and "%一楼" of whatever else bears the name.
+    nlohmann::json filled(QString text) const
+    {
+        const auto fill = [&](QChar mark, const auto& rows, auto name) {
+            for (const auto& row : rows)
+                text.replace(mark + QString::fromStdString(row.*name) + '"',
+                             QString::fromStdString(row.id) + '"');
+        };
+        fill('$', state.rooms, &house::Room::code);
+        fill('#', state.cards, &house::Card::number);
+        fill('@', seed.staff, &house::Staff::code);
+        fill('~', state.orders, &house::Order::itemName);
+        fill('%', state.floors, &house::Floor::name);
+        fill('%', state.roomTypes, &house::RoomType::name);
+        fill('%', state.plans, &house::Plan::name);
+        fill('%', state.occupationTypes, &house::OccupationType::name);
+        fill('%', state.callContents, &house::CallContent::name);
+        fill('%', state.items, &house::Item::name);
+        return nlohmann::json::parse(text.toStdString());
+    }
+
+    /// What an endpoint answers a staff member at the first terminal, the check of the request left out.
+    house::Reply ask(const QString& path, const nlohmann::json& body, const QString& staffNo = "1001")
+    {
+        house::Call call;
+        call.body = body;
+        call.params["secretKey"] = seed.terminals.front().secretKey;
+        call.terminal = &seed.terminals.front();
+        call.session = house::Session{};
+        call.staff = &staff(staffNo);
+        call.now = time;
+        return endpoints.find(path.toStdString())->answer(*this, call);
+    }
+    /// The data of the answer, null without any.
+    nlohmann::json told(const QString& path, const nlohmann::json& body)
+    {
+        return ask(path, body).data.value_or(nlohmann::json());
+    }
+    /// The room's record on the board.
+    nlohmann::json board(const QString& code)
+    {
+        return told("/bba01/getRoomList", {{"roomno", code.toStdString()}}).at(0);
+    }
+    double amountOn(const QString& cardNumber)
+    {
+        return house::amountOf(state.ordersOfCard(card(cardNumber).id));
+    }
+
+    house::Seconds time = now;
+    QStringList topics;
 };
