@@ -1,0 +1,370 @@
+// The staff card reader on its serial line, and who of those that listen hears a card.
+
+#include "Pty.h"
+#include "Settings.h"
+#include "common/BaseObject.h"
+#include "common/MyMessage.h"
+#include "devices/ReaderStacks.h"
+#include "devices/SerialPort.h"
+#include "platform/SerialPortName.h"
+#include "support/Rows.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QSocketNotifier>
+#include <QSqlDatabase>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <memory>
+#include <thread>
+
+namespace {
+
+QStringList logLines; // of the test that runs
+
+/// Whether this process still holds the device, open or gone.
+bool isHeld(const QString& device)
+{
+    for (const QFileInfo& fd : QDir("/proc/self/fd").entryInfoList(QDir::System | QDir::Files)) {
+        if (fd.symLinkTarget().startsWith(device))
+            return true;
+    }
+    return false;
+}
+
+/// Notes what it is told, with its own name in front.
+class Listener : public BaseObject
+{
+public:
+    Listener(QChar name, QStringList* heard) : m_name(name), m_heard(heard) {}
+    void readingExec(QString text) override { hear(" staff " + text); }
+    void readingHandExec(QString text) override { hear(" hand " + text); }
+
+    std::function<void()> onReading = [] {};
+
+private:
+    void hear(const QString& text)
+    {
+        m_heard->append(m_name + text);
+        onReading();
+    }
+
+    const QChar m_name;
+    QStringList* m_heard;
+};
+
+struct NameRow
+{
+    const char* name;
+    QString port, named, path; // KV_PANEL_COM3; a path below the device folder begins with a dot
+};
+
+struct BurstRow
+{
+    const char* name;
+    QByteArray burst;
+    QString number; // empty: nothing is delivered
+};
+
+struct StackRow
+{
+    const char* name;
+    QString steps, heard; // listeners' names, in order
+};
+
+} // namespace
+
+class tst_staff_reader : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder.reset(new QTemporaryDir);
+        QVERIFY(QDir::setCurrent(m_folder->path()));
+        m_messages.reset(new QSignalSpy(MyMessage::getInstance(), &MyMessage::showMessageSignal));
+        logLines.clear();
+        qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext&, const QString& line) { logLines.append(line); });
+    }
+    void cleanup()
+    {
+        qInstallMessageHandler(nullptr);
+        m_numbers.reset();
+        m_reader.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_messages.reset();
+        qunsetenv("KV_PANEL_COM3");
+        QSqlDatabase::removeDatabase("qt_sql_default_connection");
+        QDir::setCurrent(QDir::rootPath());
+    }
+
+    void names_data()
+    {
+        Rows<NameRow>::add({{"built-in port", "COM1", "", "./ttyS0"},
+                            {"the last one offered", "COM8", "", "./ttyS7"},
+                            {"link", "COM2", "", "./kv-com2"},
+                            {"named, before the link", "COM3", "/x/line", "/x/line"},
+                            {"another one is named", "COM4", "/x/line", "./ttyS3"},
+                            {"no number", "COM", "", "COM"},
+                            {"number zero", "COM0", "", "COM0"},
+                            {"a path", "/dev/ttyUSB0", "", "/dev/ttyUSB0"}});
+    }
+    void names()
+    {
+        const NameRow& row = Rows<NameRow>::current();
+        for (const char* link : {"kv-com2", "kv-com3"})
+            QVERIFY(QFile(m_folder->filePath(link)).open(QIODevice::WriteOnly));
+        qputenv("KV_PANEL_COM3", row.named.toUtf8());
+        QCOMPARE(serialPortName(row.port, m_folder->path()),
+                 row.path.startsWith('.') ? m_folder->path() + row.path.mid(1) : row.path);
+    }
+
+    void numbers_data()
+    {
+        Rows<BurstRow>::add({{"short", "12345\r\n", "00012345"},
+                             {"one digit, no end", "7", "00000007"},
+                             {"eight", "12345678\r\n", "12345678"},
+                             {"long", "1234567890\r\n", "34567890"},
+                             {"lone CR and LF stay", "12\n3\r", "00012\n3\r"},
+                             {"control characters", "\003123\004\004", "00000123"},
+                             {"written-out ones", "\\u000312\\r\\n3\\u0004", "00000123"},
+                             {"written-out in capitals stays", "1\\R\\N", "0001\\R\\N"},
+                             {"CR LF goes before the controls", "12\r\003\n", "000012\r\n"},
+                             {"written-out goes before the controls", "1\\u00\00303", "01\\u0003"},
+                             {"padding comes after the removing", "\003\003\003\0031234567", "01234567"},
+                             {"up to NUL", QByteArray("123\000456", 7), "00000123"},
+                             {"UTF-8", "号1\r\n", "000000号1"},
+                             {"NUL first", QByteArray("\000123", 4), ""},
+                             {"controls alone", "\003\r\n\004\\r\\n\\u0003\\u0004", ""}});
+    }
+    void numbers()
+    {
+        const BurstRow& row = Rows<BurstRow>::current();
+        Pty pty;
+        startOn(pty.line());
+        QVERIFY(pty.write(row.burst));
+        // What was read is logged as it came, then what it became.
+        QStringList expected{"串口打开成功", QString::fromUtf8(row.burst.constData())};
+        if (!row.number.isEmpty())
+            expected.append(row.number);
+        QTRY_COMPARE(logLines, expected);
+        // Nothing of it is left over for the next card.
+        QVERIFY(pty.write("99\r\n"));
+        QTRY_COMPARE(read(), expected.mid(2) + QStringList{"00000099"});
+        QVERIFY(m_messages->isEmpty());
+    }
+    void burstInPieces()
+    {
+        Pty pty;
+        startOn(pty.line());
+        // Reading blocks this thread, so the line is fed from another one.
+        std::thread line([&pty] {
+            for (const char* piece : {"1", "23", "4", "5\r", "\n"}) {
+                pty.write(piece);
+                std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            }
+        });
+        QTRY_COMPARE(read(), QStringList{"00012345"});
+        line.join();
+    }
+    void cardWhileTheLastOneIsStillHandled()
+    {
+        Pty pty;
+        startOn(pty.line());
+        // The first card opens a dialog that stands until the second one is read.
+        connect(m_reader.get(), &StaffDevice::sendData, this, [&](const QString& number) {
+            if (number != "00000001")
+                return;
+            QEventLoop dialog;
+            connect(m_reader.get(), &StaffDevice::sendData, &dialog, &QEventLoop::quit);
+            QTimer::singleShot(5000, &dialog, [&dialog] { dialog.exit(1); });
+            QVERIFY(pty.write("2\r\n"));
+            QCOMPARE(dialog.exec(), 0);
+        });
+        QVERIFY(pty.write("1\r\n"));
+        QTRY_COMPARE(read(), (QStringList{"00000001", "00000002"}));
+    }
+    void destroyedByItsReading()
+    {
+        Pty pty;
+        startOn(pty.line());
+        m_numbers.reset();
+        connect(m_reader.get(), &StaffDevice::sendData, this, [&] { m_reader.reset(); });
+        QVERIFY(pty.write("1\r\n"));
+        QTRY_VERIFY(!m_reader);
+        pty.vanish();
+        QTRY_VERIFY(!isHeld(pty.line()));
+    }
+    void portThatCannotBeOpened()
+    {
+        startOn(QString());
+        QVERIFY(logLines.isEmpty() && m_messages->isEmpty() && !reopenTimer()->isActive());
+        startOn(m_folder->filePath("none"));
+        QCOMPARE(logLines, QStringList{"串口打开失败"});
+        QCOMPARE(m_messages->takeFirst(), (QVariantList{"串口打开失败", "error"}));
+        QVERIFY(!reopenTimer()->isActive());
+
+        // Settings that can't be opened name no port, and tell so themselves.
+        logLines.clear();
+        QSqlDatabase::removeDatabase("qt_sql_default_connection");
+        QVERIFY(QFile::remove("kv_panel_v2.db") && QDir().mkdir("kv_panel_v2.db"));
+        m_reader->startDevice();
+        QCOMPARE(m_messages->size(), 1);
+        QCOMPARE(m_messages->at(0).at(0).toString(), QString("初始化数据库失败"));
+        QVERIFY(!logLines.contains("串口打开失败"));
+    }
+    void deviceThatVanishes()
+    {
+        // The device keeps its name and is another one each time it comes back, as a plug does.
+        const QString name = m_folder->filePath("line");
+        std::unique_ptr<Pty> pty;
+        const auto plugIn = [&] {
+            pty = std::make_unique<Pty>();
+            QVERIFY(QFile::link(pty->line(), name));
+        };
+        const auto pull = [&] {
+            const QString device = pty->line();
+            QVERIFY(isHeld(device));
+            pty.reset();
+            QVERIFY(QFile::remove(name));
+            QTRY_VERIFY(reopenTimer()->isActive());
+            QVERIFY(!isHeld(device));
+        };
+        plugIn();
+        startOn(name);
+        QCOMPARE(reopenTimer()->interval(), 5000);
+        reopenTimer()->setInterval(1);
+        QSignalSpy tries(reopenTimer(), &QTimer::timeout);
+        for (int round = 1; round < 4; ++round) {
+            QVERIFY(!reopenTimer()->isActive());
+            QVERIFY(pty->write(QByteArray::number(round) + "\r\n"));
+            QTRY_COMPARE(read().size(), round);
+            QCOMPARE(read().last(), QString("0000000%1").arg(round));
+
+            // One that comes and goes without a card is told of once.
+            logLines.clear();
+            pull();
+            plugIn();
+            QTRY_VERIFY(!reopenTimer()->isActive());
+            pull();
+            tries.clear();
+            QTRY_VERIFY(tries.size() > 50);
+            QCOMPARE(logLines, QStringList{"串口已断开"});
+            plugIn();
+            QTRY_VERIFY(!reopenTimer()->isActive());
+        }
+        QVERIFY(m_messages->isEmpty());
+    }
+    void presentedByCommand()
+    {
+        Pty readerLine;
+        Pty cardLine; // what is written to it comes out of the reader's line
+        QSocketNotifier relay(cardLine.master(), QSocketNotifier::Read);
+        connect(&relay, &QSocketNotifier::activated, this, [&] {
+            char bytes[256];
+            const ssize_t size = ::read(cardLine.master(), bytes, sizeof bytes);
+            QVERIFY(size > 0 && readerLine.write(QByteArray(bytes, static_cast<int>(size))));
+        });
+        startOn(readerLine.line());
+        const auto present = [](const QString& line, const QString& number) {
+            return QProcess::execute(KV_CARD, {"staff", line, number});
+        };
+        QCOMPARE(present(cardLine.line(), "80011"), 0);
+        QTRY_COMPARE(read(), QStringList{"00080011"});
+        QCOMPARE(present(m_folder->filePath("none"), "1"), 1);
+    }
+
+    /// A step is a letter and a listener's name: + registers, - takes off, x destroys without a word, ! reads.
+    void stacks_data()
+    {
+        Rows<StackRow>::add({{"nobody", "!", ""},
+                             {"last registered", "+a ! +b ! +c !", "abc"},
+                             {"older one again", "+a +b ! -b !", "ba"},
+                             {"out of the middle", "+a +b +c -b ! -c !", "ca"},
+                             {"from the bottom", "+a +b -a ! -b !", "b"},
+                             {"twice stands once, on top", "+a +b +a ! -a ! -a -b !", "ab"},
+                             {"taking off a stranger", "+a -b ! -a -a !", "a"},
+                             {"destroyed on top", "+a +b xb !", "a"},
+                             {"destroyed in the middle", "+a +b +c xb -c !", "a"},
+                             {"destroyed alone", "+a xa ! +b !", "b"},
+                             {"one that takes no interest", "+a +0 ! -0 !", "a"}});
+    }
+    void stacks()
+    {
+        const StackRow& row = Rows<StackRow>::current();
+        for (const ReaderStacks::Reader reader : {ReaderStacks::Staff, ReaderStacks::Hand}) {
+            const bool isStaff = reader == ReaderStacks::Staff;
+            QStringList heard;
+            Listener stranger('?', &heard); // listens to the other reader
+            ReaderStacks stacks;
+            stacks.push(isStaff ? ReaderStacks::Hand : ReaderStacks::Staff, &stranger);
+            QHash<QChar, std::shared_ptr<BaseObject>> listeners{{'0', std::make_shared<BaseObject>()}};
+            for (const QChar name : QString("abc"))
+                listeners.insert(name, std::make_shared<Listener>(name, &heard));
+            for (const QString& step : row.steps.split(' ')) {
+                const QChar name = step.size() > 1 ? step.at(1) : QChar();
+                if (step.startsWith('+'))
+                    stacks.push(reader, listeners.value(name).get());
+                else if (step.startsWith('-'))
+                    stacks.remove(reader, listeners.value(name).get());
+                else if (step.startsWith('x'))
+                    listeners.remove(name);
+                else
+                    stacks.deliver(reader, "A1");
+            }
+            QStringList expected;
+            for (const QChar name : row.heard)
+                expected.append(name + QString(isStaff ? " staff A1" : " hand A1"));
+            QCOMPARE(heard, expected);
+        }
+    }
+    void listenersChangedWhileReading()
+    {
+        ReaderStacks stacks;
+        QStringList heard;
+        Listener page('p', &heard);
+        auto dialog = std::make_unique<Listener>('d', &heard);
+        stacks.push(ReaderStacks::Staff, &page);
+        stacks.push(ReaderStacks::Staff, dialog.get());
+        // A dialog that a card closes takes itself off and goes, and its page may read on at once.
+        dialog->onReading = [&] {
+            stacks.remove(ReaderStacks::Staff, dialog.get());
+            stacks.deliver(ReaderStacks::Staff, "nested");
+            dialog.release()->deleteLater();
+        };
+        stacks.deliver(ReaderStacks::Staff, "1");
+        stacks.deliver(ReaderStacks::Staff, "2");
+        QCOMPARE(heard, (QStringList{"d staff 1", "p staff nested", "p staff 2"}));
+    }
+
+private:
+    /// Starts a reader on the device, or on none.
+    void startOn(const QString& device)
+    {
+        QVERIFY(storeSetting("staff_device_com", device.isEmpty() ? "" : "COM3"));
+        qputenv("KV_PANEL_COM3", device.toLocal8Bit());
+        m_reader.reset(StaffDevice::initDevice());
+        m_numbers.reset(new QSignalSpy(m_reader.get(), &StaffDevice::sendData));
+        m_reader->startDevice();
+    }
+    QStringList read() const
+    {
+        QStringList numbers;
+        for (const QVariantList& signal : *m_numbers)
+            numbers.append(signal.first().toString());
+        return numbers;
+    }
+    QTimer* reopenTimer() const { return m_reader->findChild<QTimer*>("reopen"); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<QSignalSpy> m_messages;
+    std::unique_ptr<StaffDevice> m_reader;
+    std::unique_ptr<QSignalSpy> m_numbers;
+};
+
+QTEST_GUILESS_MAIN(tst_staff_reader)
+#include "tst_staff_reader.moc"
