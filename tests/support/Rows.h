@@ -2,20 +2,27 @@
 
 #include <QtTest>
 
+#include <tuple>
 #include <vector>
 
-/// A data-driven test whose rows are structs: Rows<Row>::add() in its data function, Rows<Row>::current() in
-/// the test itself. A row's first member is its name.
-template <typename Row>
+/// What a test goes through in a loop.
+template <typename... Columns>
+using Table = std::vector<std::tuple<Columns...>>;
+
+/// The rows of a data-driven test: Rows<...>::add() in its data function, Rows<...>::current() in the test
+/// itself. A row is its name and a value for each column.
+template <typename... Columns>
 class Rows
 {
 public:
+    using Row = std::tuple<QString, Columns...>;
+
     static void add(std::vector<Row> rows)
     {
         all() = std::move(rows);
         QTest::addColumn<int>("index");
         for (size_t i = 0; i < all().size(); ++i)
-            QTest::newRow(qPrintable(QString(all()[i].name))) << static_cast<int>(i);
+            QTest::newRow(qPrintable(std::get<0>(all()[i]))) << static_cast<int>(i);
     }
     static const Row& current()
     {

@@ -1,8 +1,8 @@
-#include "Settings.h"
 #include "Terminal.h"
 #include "common/MyMessage.h"
 #include "devices/HandCardDevice.h"
 #include "support/Rows.h"
+#include "support/StoredSetting.h"
 
 #include <QDir>
 #include <QSocketNotifier>
@@ -59,22 +59,8 @@ int presentCard(const QString& socket, const QString& serial)
 
 QString oddFolder(const QString& name) { return KV_ODD_FOLDER "/" + name; }
 
-struct UnusableRow
-{
-    QString name;
-    int model;
-    QString folder, message;
-    bool isLogged;
-};
-
-struct CardRow
-{
-    const char* name;
-    int model;
-    QString eightDigits; // the setting
-    QStringList cards, texts;
-    QString head, tail; // lines before "usable" and behind the last card, with blanks between them
-};
+using UnusableRows = Rows<int, QString, QString, bool>;
+using CardRows = Rows<int, QString, QStringList, QStringList, QString, QString>;
 
 } // namespace
 
@@ -103,41 +89,35 @@ private Q_SLOTS:
 
     void libraryNotUsable_data()
     {
-        struct Driver
-        {
-            int model; // and the next one
-            QString library, suffix, entryPoints, missing;
-            bool isLogged;
-        };
-        const Driver drivers[] = {
+        // Model, and the next one; library, its ending, its entry points, what is said of a missing one.
+        const Table<int, QString, QString, QString, QString, bool> drivers = {
             {1, "RF003Reader", ".dll", "ReadRFID RDSound", "加载%1!\\n", false},
             {4, "port_dll", ".dll", "FindCk CloseCK ReadOnLine SetReaderVoice EndforRecv", "加载%1失败!\\n",
              false},
             {7, "SnMakeCard", ".dll", "TP_Configration TP_BeepOk TP_ReadCardSnr", "加载%1!\\n", true},
             {19, "RF008Reader_Pub", ".DLL", "ReadRFID RDSound", "加载%1!\\n", true}};
-        std::vector<UnusableRow> rows = {
+        std::vector<UnusableRows::Row> rows = {
             {"4 without reader", 4, "no_reader", "【泰格】初始化读卡器失败,将不能正确读卡", false}};
-        for (const Driver& driver : drivers) {
-            const QString failed = "加载动态链接库" + driver.library + driver.suffix + "失败";
-            for (const int model : {driver.model, driver.model + 1})
-                rows.push_back({QString("%1 without library").arg(model), model, "", failed, driver.isLogged});
-            for (const QString& entry : driver.entryPoints.split(' '))
-                rows.push_back({QString("%1 without %2").arg(QString::number(driver.model), entry),
-                                driver.model, driver.library + "_without_" + entry, driver.missing.arg(entry),
-                                driver.isLogged});
+        for (const auto& [first, library, suffix, entryPoints, missing, isLogged] : drivers) {
+            const QString failed = "加载动态链接库" + library + suffix + "失败";
+            for (const int model : {first, first + 1})
+                rows.push_back({QString("%1 without library").arg(model), model, "", failed, isLogged});
+            for (const QString& entry : entryPoints.split(' '))
+                rows.push_back({library + " without " + entry, first, library + "_without_" + entry,
+                                missing.arg(entry), isLogged});
         }
-        Rows<UnusableRow>::add(rows);
+        UnusableRows::add(rows);
     }
     void libraryNotUsable()
     {
-        const UnusableRow& row = Rows<UnusableRow>::current();
-        Terminal terminal(row.model, oddFolder(row.folder));
+        const auto& [name, model, folder, message, isLogged] = UnusableRows::current();
+        Terminal terminal(model, oddFolder(folder));
         QTRY_VERIFY(terminal.lines().contains("not usable"));
         terminal.stop();
         QTRY_VERIFY(terminal.hasStopped());
         QCOMPARE(terminal.end(), 0);
-        QCOMPARE(terminal.told("message"), QStringList{"error " + row.message});
-        QCOMPARE(terminal.lines().contains(QString(row.message).remove("\\n")), row.isLogged);
+        QCOMPARE(terminal.told("message"), QStringList{"error " + message});
+        QCOMPARE(terminal.lines().contains(QString(message).remove("\\n")), isLogged);
         QVERIFY(!terminal.hasEnded()); // neither polled nor closed
         QStringList calls = terminal.told("called");
         calls.removeAll("FindCk");
@@ -149,56 +129,57 @@ private Q_SLOTS:
         const QStringList bytes{"0a1b2c7f", "FF80f00d", "00000000"};
         const QStringList byteTexts{"0A1B2C7F", "FF80F00D", "00000000"};
         const QString closed = "reader:_reception_ended end thread_ended reader:_closed";
-        Rows<CardRow>::add({{"1: four bytes", 1, "", bytes, byteTexts, "", "end thread_ended"},
-                            {"20: whatever the setting", 20, "1", bytes, byteTexts, "RF008Reader_Pub初始化成功",
-                             "end thread_ended"},
-                            {"4: twelve digits, never fewer",
-                             4,
-                             "",
-                             {"12345678901", "123456789012", "1234567890123456", ""},
-                             {"123456789012", "123456789012"},
-                             "",
-                             closed},
-                            {"5: eight digits, bytes turned round",
-                             5,
-                             "1",
-                             {"123456789012", "00000000001", "0000E1F2A3B499"},
-                             {"12907856", "B4A3F2E1"},
-                             "",
-                             closed},
-                            {"5: another setting", 5, "2", {"123456789012"}, {"123456789012"}, "", closed},
-                            {"7: unchanged",
-                             7,
-                             "1",
-                             {"04:a1", "号42", "0"},
-                             {"04:a1", "号42", "0"},
-                             "加载动态链接库SnMakeCard.dll_成功",
-                             "end thread_ended"}});
+        CardRows::add({{"1: four bytes", 1, "", bytes, byteTexts, "", "end thread_ended"},
+                       {"20: whatever the setting", 20, "1", bytes, byteTexts, "RF008Reader_Pub初始化成功",
+                        "end thread_ended"},
+                       {"4: twelve digits, never fewer",
+                        4,
+                        "",
+                        {"12345678901", "123456789012", "1234567890123456", ""},
+                        {"123456789012", "123456789012"},
+                        "",
+                        closed},
+                       {"5: eight digits, bytes turned round",
+                        5,
+                        "1",
+                        {"123456789012", "00000000001", "0000E1F2A3B499"},
+                        {"12907856", "B4A3F2E1"},
+                        "",
+                        closed},
+                       {"5: another setting", 5, "2", {"123456789012"}, {"123456789012"}, "", closed},
+                       {"7: unchanged",
+                        7,
+                        "1",
+                        {"04:a1", "号42", "0"},
+                        {"04:a1", "号42", "0"},
+                        "加载动态链接库SnMakeCard.dll_成功",
+                        "end thread_ended"}});
     }
-    /// What a driver does, in its order, from its loading to its end.
+    /// What a driver does, in its order, from its loading to its end. Head and tail are the lines around the
+    /// cards, with blanks between them.
     void cards()
     {
-        const CardRow& row = Rows<CardRow>::current();
-        QVERIFY(storeSetting("is_rfid_8", row.eightDigits));
-        Terminal terminal(row.model, KV_SIM_FOLDER, socket());
+        const auto& [name, model, eightDigits, cards, texts, head, tail] = CardRows::current();
+        QVERIFY(storeSetting("is_rfid_8", eightDigits));
+        Terminal terminal(model, KV_SIM_FOLDER, socket());
         QTRY_VERIFY(QFile::exists(socket()));
-        for (const QString& card : row.cards)
+        for (const QString& card : cards)
             QCOMPARE(presentCard(socket(), card), 0);
-        QTRY_COMPARE(terminal.told("card"), row.texts);
+        QTRY_COMPARE(terminal.told("card"), texts);
         terminal.stop();
         QTRY_VERIFY(terminal.hasEnded());
         QCOMPARE(terminal.end(), 0);
-        QCOMPARE(terminal.told("card"), row.texts);
+        QCOMPARE(terminal.told("card"), texts);
         QVERIFY(!QFile::exists(socket()));
 
-        QStringList expected = row.head.isEmpty() ? QStringList{} : QStringList{row.head};
+        QStringList expected = head.isEmpty() ? QStringList{} : QStringList{head};
         expected.append("usable");
-        for (const QString& text : row.texts) {
+        for (const QString& text : texts) {
             expected.append("reader:_beep");
-            if (row.model != 4 && row.model != 5)
+            if (model != 4 && model != 5)
                 expected.append(text);
         }
-        expected += row.tail.split(' ');
+        expected += tail.split(' ');
         // A text reaches the main thread whenever that has time; its log line stands where it is written.
         QStringList seen;
         for (const QString& line : terminal.lines()) {

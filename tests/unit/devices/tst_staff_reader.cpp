@@ -1,18 +1,17 @@
 // The staff card reader on its serial line, and who of those that listen hears a card.
 
 #include "Pty.h"
-#include "Settings.h"
 #include "common/BaseObject.h"
 #include "common/MyMessage.h"
 #include "devices/ReaderStacks.h"
 #include "devices/SerialPort.h"
 #include "platform/SerialPortName.h"
 #include "support/Rows.h"
+#include "support/StoredSetting.h"
 
 #include <QDir>
 #include <QProcess>
 #include <QSignalSpy>
-#include <QSocketNotifier>
 #include <QSqlDatabase>
 #include <QTemporaryDir>
 
@@ -55,24 +54,8 @@ private:
     QStringList* m_heard;
 };
 
-struct NameRow
-{
-    const char* name;
-    QString port, named, path; // KV_PANEL_COM3; a path below the device folder begins with a dot
-};
-
-struct BurstRow
-{
-    const char* name;
-    QByteArray burst;
-    QString number; // empty: nothing is delivered
-};
-
-struct StackRow
-{
-    const char* name;
-    QString steps, heard; // listeners' names, in order
-};
+using BurstRows = Rows<QByteArray, QString>;
+using StackRows = Rows<QString, QString>;
 
 } // namespace
 
@@ -102,55 +85,54 @@ private Q_SLOTS:
         QDir::setCurrent(QDir::rootPath());
     }
 
-    void names_data()
-    {
-        Rows<NameRow>::add({{"built-in port", "COM1", "", "./ttyS0"},
-                            {"the last one offered", "COM8", "", "./ttyS7"},
-                            {"link", "COM2", "", "./kv-com2"},
-                            {"named, before the link", "COM3", "/x/line", "/x/line"},
-                            {"another one is named", "COM4", "/x/line", "./ttyS3"},
-                            {"no number", "COM", "", "COM"},
-                            {"number zero", "COM0", "", "COM0"},
-                            {"a path", "/dev/ttyUSB0", "", "/dev/ttyUSB0"}});
-    }
     void names()
     {
-        const NameRow& row = Rows<NameRow>::current();
         for (const char* link : {"kv-com2", "kv-com3"})
             QVERIFY(QFile(m_folder->filePath(link)).open(QIODevice::WriteOnly));
-        qputenv("KV_PANEL_COM3", row.named.toUtf8());
-        QCOMPARE(serialPortName(row.port, m_folder->path()),
-                 row.path.startsWith('.') ? m_folder->path() + row.path.mid(1) : row.path);
+        // What KV_PANEL_COM3 names; a path below the device folder begins with a dot.
+        for (const auto& [port, named, path] :
+             Table<QString, QByteArray, QString>{{"COM1", "", "./ttyS0"},
+                                                 {"COM8", "", "./ttyS7"},
+                                                 {"COM2", "", "./kv-com2"},
+                                                 {"COM3", "/x/line", "/x/line"}, // before the link
+                                                 {"COM4", "/x/line", "./ttyS3"},
+                                                 {"COM", "", "COM"},
+                                                 {"COM0", "", "COM0"},
+                                                 {"/dev/ttyUSB0", "", "/dev/ttyUSB0"}}) {
+            qputenv("KV_PANEL_COM3", named);
+            QCOMPARE(serialPortName(port, m_folder->path()).replace(m_folder->path(), "."), path);
+        }
     }
 
+    /// Without a number nothing is delivered.
     void numbers_data()
     {
-        Rows<BurstRow>::add({{"short", "12345\r\n", "00012345"},
-                             {"one digit, no end", "7", "00000007"},
-                             {"eight", "12345678\r\n", "12345678"},
-                             {"long", "1234567890\r\n", "34567890"},
-                             {"lone CR and LF stay", "12\n3\r", "00012\n3\r"},
-                             {"control characters", "\003123\004\004", "00000123"},
-                             {"written-out ones", "\\u000312\\r\\n3\\u0004", "00000123"},
-                             {"written-out in capitals stays", "1\\R\\N", "0001\\R\\N"},
-                             {"CR LF goes before the controls", "12\r\003\n", "000012\r\n"},
-                             {"written-out goes before the controls", "1\\u00\00303", "01\\u0003"},
-                             {"padding comes after the removing", "\003\003\003\0031234567", "01234567"},
-                             {"up to NUL", QByteArray("123\000456", 7), "00000123"},
-                             {"UTF-8", "号1\r\n", "000000号1"},
-                             {"NUL first", QByteArray("\000123", 4), ""},
-                             {"controls alone", "\003\r\n\004\\r\\n\\u0003\\u0004", ""}});
+        BurstRows::add({{"short", "12345\r\n", "00012345"},
+                        {"one digit, no end", "7", "00000007"},
+                        {"eight", "12345678\r\n", "12345678"},
+                        {"long", "1234567890\r\n", "34567890"},
+                        {"lone CR and LF stay", "12\n3\r", "00012\n3\r"},
+                        {"control characters", "\003123\004\004", "00000123"},
+                        {"written-out ones", "\\u000312\\r\\n3\\u0004", "00000123"},
+                        {"written-out in capitals stays", "1\\R\\N", "0001\\R\\N"},
+                        {"CR LF goes before the controls", "12\r\003\n", "000012\r\n"},
+                        {"written-out goes before the controls", "1\\u00\00303", "01\\u0003"},
+                        {"padding comes after the removing", "\003\003\003\0031234567", "01234567"},
+                        {"up to NUL", QByteArray("123\000456", 7), "00000123"},
+                        {"UTF-8", "号1\r\n", "000000号1"},
+                        {"NUL first", QByteArray("\000123", 4), ""},
+                        {"controls alone", "\003\r\n\004\\r\\n\\u0003\\u0004", ""}});
     }
     void numbers()
     {
-        const BurstRow& row = Rows<BurstRow>::current();
+        const auto& [name, burst, number] = BurstRows::current();
         Pty pty;
         startOn(pty.line());
-        QVERIFY(pty.write(row.burst));
+        QVERIFY(pty.write(burst));
         // What was read is logged as it came, then what it became.
-        QStringList expected{"串口打开成功", QString::fromUtf8(row.burst.constData())};
-        if (!row.number.isEmpty())
-            expected.append(row.number);
+        QStringList expected{"串口打开成功", QString::fromUtf8(burst.constData())};
+        if (!number.isEmpty())
+            expected.append(number);
         QTRY_COMPARE(logLines, expected);
         // Nothing of it is left over for the next card.
         QVERIFY(pty.write("99\r\n"));
@@ -261,51 +243,44 @@ private Q_SLOTS:
     }
     void presentedByCommand()
     {
-        Pty readerLine;
-        Pty cardLine; // what is written to it comes out of the reader's line
-        QSocketNotifier relay(cardLine.master(), QSocketNotifier::Read);
-        connect(&relay, &QSocketNotifier::activated, this, [&] {
-            char bytes[256];
-            const ssize_t size = ::read(cardLine.master(), bytes, sizeof bytes);
-            QVERIFY(size > 0 && readerLine.write(QByteArray(bytes, static_cast<int>(size))));
-        });
-        startOn(readerLine.line());
-        const auto present = [](const QString& line, const QString& number) {
-            return QProcess::execute(KV_CARD, {"staff", line, number});
+        const auto present = [](const QString& line) {
+            return QProcess::execute(KV_CARD, {"staff", line, "80011"});
         };
-        QCOMPARE(present(cardLine.line(), "80011"), 0);
-        QTRY_COMPARE(read(), QStringList{"00080011"});
-        QCOMPARE(present(m_folder->filePath("none"), "1"), 1);
+        QCOMPARE(present(m_folder->filePath("line")), 1);
+        QFile line(m_folder->filePath("line"));
+        QVERIFY(line.open(QIODevice::ReadWrite));
+        QCOMPARE(present(line.fileName()), 0);
+        QCOMPARE(line.readAll(), QByteArray("80011\r\n"));
     }
 
     /// A step is a letter and a listener's name: + registers, - takes off, x destroys without a word, ! reads.
     void stacks_data()
     {
-        Rows<StackRow>::add({{"nobody", "!", ""},
-                             {"last registered", "+a ! +b ! +c !", "abc"},
-                             {"older one again", "+a +b ! -b !", "ba"},
-                             {"out of the middle", "+a +b +c -b ! -c !", "ca"},
-                             {"from the bottom", "+a +b -a ! -b !", "b"},
-                             {"twice stands once, on top", "+a +b +a ! -a ! -a -b !", "ab"},
-                             {"taking off a stranger", "+a -b ! -a -a !", "a"},
-                             {"destroyed on top", "+a +b xb !", "a"},
-                             {"destroyed in the middle", "+a +b +c xb -c !", "a"},
-                             {"destroyed alone", "+a xa ! +b !", "b"},
-                             {"one that takes no interest", "+a +0 ! -0 !", "a"}});
+        StackRows::add({{"nobody", "!", ""},
+                        {"last registered", "+a ! +b ! +c !", "abc"},
+                        {"older one again", "+a +b ! -b !", "ba"},
+                        {"out of the middle", "+a +b +c -b ! -c !", "ca"},
+                        {"from the bottom", "+a +b -a ! -b !", "b"},
+                        {"twice stands once, on top", "+a +b +a ! -a ! -a -b !", "ab"},
+                        {"taking off a stranger", "+a -b ! -a -a !", "a"},
+                        {"destroyed on top", "+a +b xb !", "a"},
+                        {"destroyed in the middle", "+a +b +c xb -c !", "a"},
+                        {"destroyed alone", "+a xa ! +b !", "b"},
+                        {"one that takes no interest", "+a +0 ! -0 !", "a"}});
     }
     void stacks()
     {
-        const StackRow& row = Rows<StackRow>::current();
+        const auto& [row, steps, heard] = StackRows::current();
         for (const ReaderStacks::Reader reader : {ReaderStacks::Staff, ReaderStacks::Hand}) {
             const bool isStaff = reader == ReaderStacks::Staff;
-            QStringList heard;
-            Listener stranger('?', &heard); // listens to the other reader
+            QStringList log;
+            Listener stranger('?', &log); // listens to the other reader
             ReaderStacks stacks;
             stacks.push(isStaff ? ReaderStacks::Hand : ReaderStacks::Staff, &stranger);
             QHash<QChar, std::shared_ptr<BaseObject>> listeners{{'0', std::make_shared<BaseObject>()}};
             for (const QChar name : QString("abc"))
-                listeners.insert(name, std::make_shared<Listener>(name, &heard));
-            for (const QString& step : row.steps.split(' ')) {
+                listeners.insert(name, std::make_shared<Listener>(name, &log));
+            for (const QString& step : steps.split(' ')) {
                 const QChar name = step.size() > 1 ? step.at(1) : QChar();
                 if (step.startsWith('+'))
                     stacks.push(reader, listeners.value(name).get());
@@ -317,9 +292,9 @@ private Q_SLOTS:
                     stacks.deliver(reader, "A1");
             }
             QStringList expected;
-            for (const QChar name : row.heard)
+            for (const QChar name : heard)
                 expected.append(name + QString(isStaff ? " staff A1" : " hand A1"));
-            QCOMPARE(heard, expected);
+            QCOMPARE(log, expected);
         }
     }
     void listenersChangedWhileReading()

@@ -49,27 +49,10 @@ bool arrives(QEvent::Type type)
     return receiver.hasIt;
 }
 
-struct RequestRow
-{
-    const char* name;
-    QString path, staffId, operatorField;
-};
-
-struct EnvelopeRow
-{
-    const char* name;
-    QByteArray body;
-    QString code, msg;
-    bool hasData;
-};
-
-struct RightRow
-{
-    const char* name;
-    QString path;
-    QByteArray data;
-    QStringList codes; // of the code table, or the id of a right without one
-};
+using RequestRows = Rows<bool, QString, QString, QString>;
+using EnvelopeRows = Rows<QByteArray, QString, QString, bool>;
+/// Codes are of the code table, or the id of a right without one.
+using RightRows = Rows<QString, QByteArray, QStringList>;
 
 } // namespace
 
@@ -105,14 +88,13 @@ private Q_SLOTS:
 
     void requestText_data()
     {
-        Rows<RequestRow>::add({{"GET", "/x", "", R"("operator":"",)"},
-                               {"POST", "/x", "77", R"("operator":"77",)"},
-                               {"GET without operator", "/bca01/getHelpCallBashApiLogPageList", "77", ""}});
+        RequestRows::add({{"GET", false, "/x", "", R"("operator":"",)"},
+                          {"POST", true, "/x", "77", R"("operator":"77",)"},
+                          {"without operator", false, "/bca01/getHelpCallBashApiLogPageList", "77", ""}});
     }
     void requestText()
     {
-        const RequestRow& row = Rows<RequestRow>::current();
-        const bool isPost = row.name == QString("POST");
+        const auto& [name, isPost, path, staffId, operatorField] = RequestRows::current();
         Clock::setSource([] { return Q_INT64_C(1770000000999); });
         config()->setApiUrl("https://line.example");
         config()->setStoreId("s");
@@ -120,10 +102,10 @@ private Q_SLOTS:
         config()->setDeviceId("d");
         config()->setSecret(isPost ? "geheim" : "");
         config()->setToken("token");
-        config()->userInfo()->set_staffId(row.staffId);
+        config()->userInfo()->set_staffId(staffId);
         BaseRequest request;
         request.method = isPost ? NetMethod::Post : NetMethod::Get;
-        request.url = row.path;
+        request.url = path;
         request.data = {{"房", "a \"b"}, {"tcode", 7}}; // a call's own data wins
         if (!isPost)
             request.params = {{"page", "1"}, {"limit", "2"}, {"z", "a b"}};
@@ -134,11 +116,11 @@ private Q_SLOTS:
                     R"("compId":"c","creater":"%1","deviceId":"d","nc":"0123",%2"soft_version":"kv_panel_v3",)"
                     R"("storeId":"s","tcode":7,"ts":"1770000000","房":)"
                     "\"a \\\"b\"}")
-                .arg(row.staffId, row.operatorField);
+                .arg(staffId, operatorField);
         QCOMPARE(text.json, json);
         const QString encoded = QString::fromLatin1(json.toUtf8().toPercentEncoding());
         QCOMPARE(text.body, "data=" + encoded);
-        const QString base = "https://line.example" + row.path + "?timestamp=1770000000&nonce=0123";
+        const QString base = "https://line.example" + path + "?timestamp=1770000000&nonce=0123";
         // By: printf '%s' "<token, time, nonce, text, secret; double quotes made single>" | md5sum
         const QString post = base + "&signature=b244f2de11044cf3324b892c0a61c5dd";
         QCOMPARE(text.url, isPost ? post : base + "&data=" + encoded + "&limit=2&page=1&z=a b");
@@ -185,7 +167,7 @@ private Q_SLOTS:
 
     void envelope_data()
     {
-        Rows<EnvelopeRow>::add(
+        EnvelopeRows::add(
             {{"success", R"({"code":"200","msg":"好","data":{"token":"t"}})", "200", "好", true},
              {"null data", R"({"code":"200","msg":"m","data":null})", "200", "m", false},
              {"no data", R"({"code":"200","msg":"m"})", "200", "m", false},
@@ -196,12 +178,12 @@ private Q_SLOTS:
     }
     void envelope()
     {
-        const EnvelopeRow& row = Rows<EnvelopeRow>::current();
-        m_house.answer("/baa00/loginMod", parse(row.body));
+        const auto& [name, body, code, msg, hasData] = EnvelopeRows::current();
+        m_house.answer("/baa00/loginMod", parse(body));
         const auto reply = held(Baa00Service::getInstance()->loginMod({}, secretKey));
-        QCOMPARE(reply->code(), row.code);
-        QCOMPARE(reply->msg(), row.msg);
-        QCOMPARE(reply->data() != nullptr, row.hasData);
+        QCOMPARE(reply->code(), code);
+        QCOMPARE(reply->msg(), msg);
+        QCOMPARE(reply->data() != nullptr, hasData);
         QCOMPARE(reply->authId(), QString());
     }
     void oddBodies()
@@ -313,7 +295,7 @@ private Q_SLOTS:
     {
         const QString order = "/bca01/batchUpdateOrder";
         const QString clean = "/bba01/chgCleanRoom";
-        Rows<RightRow>::add({
+        RightRows::add({
             {"no rules, the caller's goes out", "/bba01/getRoomList", R"({"acode":["x"]})", {"x"}},
             {"always", "/bda02/endServer", "{}", {"0304"}},
             {"always, no code", "/bba01/changeRoom", R"({"status":2})", {"418838415448215554"}},
@@ -339,17 +321,17 @@ private Q_SLOTS:
     }
     void rightsOfACall()
     {
-        const RightRow& row = Rows<RightRow>::current();
-        QJsonObject data = parse(row.data);
-        QJsonObject expected = data;
+        const auto& [name, path, data, codes] = RightRows::current();
+        QJsonObject sent = parse(data);
+        QJsonObject expected = sent;
         expected.remove("acode");
         QJsonArray ids;
-        for (const QString& code : row.codes)
+        for (const QString& code : codes)
             ids.append(Rights::codeTable().key(code, code));
         if (!ids.isEmpty())
             expected.insert("acode", ids);
-        NetWorkUtls::NetServer::chechAuth(row.path, data);
-        QCOMPARE(data, expected);
+        NetWorkUtls::NetServer::chechAuth(path, sent);
+        QCOMPARE(sent, expected);
     }
 
 private:

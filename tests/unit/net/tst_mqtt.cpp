@@ -1,32 +1,11 @@
 // The channel against a real broker: what the broker sees of it, and what becomes of it when the broker goes.
 
 #include "MqttChannel.h"
+#include "support/ErrorLog.h"
 
 #include <memory>
 
 namespace {
-
-/// Takes what is logged as an error while it lives.
-class ErrorWatch
-{
-public:
-    ErrorWatch()
-    {
-        errors.clear();
-        before =
-            qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& text) {
-                if (type == QtCriticalMsg)
-                    errors.append(text);
-                else
-                    before(type, context, text);
-            });
-    }
-    ~ErrorWatch() { qInstallMessageHandler(before); }
-    inline static QStringList errors;
-
-private:
-    inline static QtMessageHandler before;
-};
 
 const QString roomTopic = "ROOMSTATUS_101";
 const QString staffTopic = "STAFFSTATUS_101";
@@ -182,13 +161,13 @@ private Q_SLOTS:
     /// Topics that no packet can carry, at which a broker would hang up, don't hinder the others.
     void wrongTopics()
     {
-        const ErrorWatch log;
+        const ErrorLog log;
         MqttChannel channel(*m_broker);
         QVERIFY(channel.connected.wait());
         channel.client.setTopic({"", QString(QChar::Null) + roomTopic, QString(65536, 'x'), "a#b", roomTopic});
-        QCOMPARE(log.errors.size(), 4);
-        QCOMPARE(log.errors.at(0), QString("\"\" is no mqtt topic"));
-        QVERIFY(log.errors.at(3).startsWith("mqtt topic \"a#b\" isn't subscribed: "));
+        QCOMPARE(log.lines.size(), 4);
+        QCOMPARE(log.lines.at(0), QString("\"\" is no mqtt topic"));
+        QVERIFY(log.lines.at(3).startsWith("mqtt topic \"a#b\" isn't subscribed: "));
         QTRY_COMPARE(asked(*m_broker), QStringList{"+" + roomTopic});
         QVERIFY(m_broker->publish(roomTopic, {"1"}));
         QTRY_COMPARE(channel.messages.size(), 1);
@@ -196,12 +175,12 @@ private Q_SLOTS:
         QTRY_COMPARE(asked(*m_broker), (QStringList{"+" + roomTopic, "-" + roomTopic}));
         QCOMPARE(channel.connected.size(), 1);
 
-        log.errors.clear();
+        log.lines.clear();
         BrokerProcess refusing(BrokerProcess::RefuseTopics);
         MqttChannel refused(refusing);
         refused.client.setTopic({roomTopic, staffTopic});
         const QString line = "mqtt topic \"%1\" isn't subscribed: the broker refuses it";
-        QTRY_COMPARE(log.errors, (QStringList{line.arg(roomTopic), line.arg(staffTopic)}));
+        QTRY_COMPARE(log.lines, (QStringList{line.arg(roomTopic), line.arg(staffTopic)}));
     }
 
     void deletedInItsSlot()

@@ -62,20 +62,7 @@ public:
     QByteArray request;
 };
 
-struct FailureRow
-{
-    const char* name;
-    QString kind, code, msg;
-    int tries;
-};
-
-struct TokenRow
-{
-    const char* name;
-    QString path; // empty: the line test
-    QString token;
-    bool travels;
-};
+using FailureRows = Rows<QString, QString, QString, int>;
 
 } // namespace
 
@@ -99,28 +86,28 @@ private Q_SLOTS:
     void failures_data()
     {
         const QString noConnection = "连接服务器失败，请检查网络是否正常";
-        Rows<FailureRow>::add({{"GET dropped", "drop", "CONNECT_ERR", noConnection, 5},
-                               {"GET truncated", "truncate", "CONNECT_ERR", noConnection, 5},
-                               {"POST dropped", "drop", "-2", "请求失败", 1},
-                               {"POST truncated", "truncate", "-2", "请求失败", 1},
-                               // The work was done and the answer got lost: done again, it would be done twice.
-                               {"POST dropped after its work", "drop-after", "-2", "请求失败", 1}});
+        FailureRows::add({{"GET dropped", "drop", "CONNECT_ERR", noConnection, 5},
+                          {"GET truncated", "truncate", "CONNECT_ERR", noConnection, 5},
+                          {"POST dropped", "drop", "-2", "请求失败", 1},
+                          {"POST truncated", "truncate", "-2", "请求失败", 1},
+                          // The work was done and the answer got lost: done again, it would be done twice.
+                          {"POST dropped after its work", "drop-after", "-2", "请求失败", 1}});
     }
     void failures()
     {
-        const FailureRow& row = Rows<FailureRow>::current();
-        const bool isPost = row.tries == 1;
-        m_house.fault(isPost ? loginMod : sysInit, row.kind);
+        const auto& [name, kind, code, msg, tries] = FailureRows::current();
+        const bool isPost = tries == 1;
+        m_house.fault(isPost ? loginMod : sysInit, kind);
         QElapsedTimer timer;
         timer.start();
         const Reply<ApiRes> reply = isPost ? Reply<ApiRes>(callPost()) : Reply<ApiRes>(callGet());
-        QCOMPARE(reply->code(), row.code);
-        QCOMPARE(reply->msg(), row.msg);
+        QCOMPARE(reply->code(), code);
+        QCOMPARE(reply->msg(), msg);
         QVERIFY(reply->property("data").value<QObject*>() == nullptr);
-        QVERIFY(timer.elapsed() >= (row.tries - 1) * 1000); // the pauses between the tries
-        if (row.kind == "drop-after")
+        QVERIFY(timer.elapsed() >= (tries - 1) * 1000); // the pauses between the tries
+        if (kind == "drop-after")
             QTest::qWait(1500);
-        QCOMPARE(m_house.seen(isPost ? loginMod : sysInit), row.tries);
+        QCOMPARE(m_house.seen(isPost ? loginMod : sysInit), tries);
         QVERIFY(m_house.executed(loginMod) <= 1);
     }
     void getRecovers()
@@ -145,37 +132,35 @@ private Q_SLOTS:
         QCOMPARE(m_house.seen(sysInit), 1);
     }
 
-    void tokenTravels_data()
+    void headers()
     {
-        Rows<TokenRow>::add({{"ordinary call", "/baa00/keepLogin", "abc", true},
-                             {"no token", "/baa00/keepLogin", "", false},
-                             {"login", loginMod, "abc", false},
-                             {"terminal list", "/caa04/getTerminalList", "abc", false},
-                             {"line test", "", "abc", true}});
-    }
-    void tokenTravels()
-    {
-        const TokenRow& row = Rows<TokenRow>::current();
-        RawServer server;
-        config()->setToken(row.token);
-        config()->setApiUrl(server.url());
-        if (row.path.isEmpty())
-            QVERIFY(testLine(server.url()) >= 0);
-        else
-            held(NetWorkUtls::NetServer(false, nullptr)
-                     .api<ApiRes>({NetMethod::Post, row.path, {}, {{"X-Trace", "前台"}}, {}}));
-        // No blank behind the colon.
-        QCOMPARE(server.request.contains("\r\nAuthorization:" + row.token.toUtf8() + "\r\n"), row.travels);
-        QCOMPARE(server.request.contains("Authorization"), row.travels);
-        if (row.path.isEmpty())
-            return;
-        QVERIFY(server.request.startsWith("POST " + row.path.toUtf8() + "?timestamp="));
-        for (const char* part :
-             {"\r\nContent-Type:application/x-www-form-urlencoded;charset=UTF-8\r\n", "\r\nX-Trace: 前台\r\n",
-              "\r\nUser-Agent: Mozilla/5.0 (Windows NT 10.0; Win64; x64) "
-              "AppleWebKit/537.36 (KHTML, like Gecko) Chrome/120.0.0.0 Safari/537.36\r\n",
-              "\r\n\r\ndata=%7B%22compId%22"})
-            QVERIFY2(server.request.contains(part), part);
+        for (const auto& [path, token, travels] :
+             Table<QString, QByteArray, bool>{{"/baa00/keepLogin", "abc", true},
+                                              {"/baa00/keepLogin", "", false},
+                                              {loginMod, "abc", false},
+                                              {"/caa04/getTerminalList", "abc", false},
+                                              {"", "abc", true}}) { // the line test
+            RawServer server;
+            config()->setToken(token);
+            config()->setApiUrl(server.url());
+            if (path.isEmpty())
+                testLine(server.url());
+            else
+                held(NetWorkUtls::NetServer(false, nullptr)
+                         .api<ApiRes>({NetMethod::Post, path, {}, {{"X-Trace", "前台"}}, {}}));
+            // No blank behind the colon.
+            QCOMPARE(server.request.contains("\r\nAuthorization:" + token + "\r\n"), travels);
+            QCOMPARE(server.request.contains("Authorization"), travels);
+            QVERIFY(
+                server.request.startsWith(path.isEmpty() ? "GET / " : "POST " + path.toUtf8() + "?timestamp="));
+            QVERIFY(server.request.contains(
+                "\r\nContent-Type:application/x-www-form-urlencoded;charset=UTF-8\r\n"));
+            QVERIFY(
+                server.request.contains("\r\nUser-Agent: Mozilla/5.0 (Windows NT 10.0; Win64; x64) AppleWebKit/"
+                                        "537.36 (KHTML, like Gecko) Chrome/120.0.0.0 Safari/537.36\r\n"));
+            QVERIFY(path.isEmpty() || server.request.contains("\r\nX-Trace: 前台\r\n"));
+            QVERIFY(path.isEmpty() || server.request.contains("\r\n\r\ndata=%7B%22compId%22"));
+        }
     }
 
     void lineFetch()
