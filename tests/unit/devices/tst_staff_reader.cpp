@@ -189,15 +189,6 @@ private Q_SLOTS:
         QCOMPARE(logLines, QStringList{"串口打开失败"});
         QCOMPARE(m_messages->takeFirst(), (QVariantList{"串口打开失败", "error"}));
         QVERIFY(!reopenTimer()->isActive());
-
-        // Settings that can't be opened name no port, and tell so themselves.
-        logLines.clear();
-        QSqlDatabase::removeDatabase("qt_sql_default_connection");
-        QVERIFY(QFile::remove("kv_panel_v2.db") && QDir().mkdir("kv_panel_v2.db"));
-        m_reader->startDevice();
-        QCOMPARE(m_messages->size(), 1);
-        QCOMPARE(m_messages->at(0).at(0).toString(), QString("初始化数据库失败"));
-        QVERIFY(!logLines.contains("串口打开失败"));
     }
     void deviceThatVanishes()
     {

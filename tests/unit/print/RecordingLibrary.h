@@ -5,18 +5,8 @@
 
 #include <QStringList>
 
-/// A printer library that writes down what it is told, one line for each line of the paper or call:
-///
-///     open "前台" 0x14
-///     start
-///     mode 0
-///     2|tall text                |
-///     feed x7
-///     cut 0 10
-///     end
-///     close
-///
-/// A text line stands for the text and the feed behind it. Only one at a time.
+/// A printer library that writes down what it is told: one line for each call, and for each text with the feed
+/// behind it ("2|tall text|"); bare feeds are counted. Only one at a time.
 class RecordingLibrary : public PosPrintDLL
 {
 public:

@@ -7,14 +7,7 @@ namespace {
 
 consumer_item_struct item(const char* name, double num, double price, const char* staffNo = "")
 {
-    consumer_item_struct item;
-    item.itemName = name;
-    item.num = num;
-    item.price = price;
-    item.amount = num * price;
-    item.staffNo = staffNo;
-    item.status = 1;
-    return item;
+    return {name, num, price, num * price, staffNo, 1, "", "", "", 0, "", 0};
 }
 
 consumer_item_struct technicians(consumer_item_struct item, int kind, const char* pushNo = "")
