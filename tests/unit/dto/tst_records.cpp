@@ -169,16 +169,6 @@ private Q_SLOTS:
         check(std::make_unique<RoomTypeDto>(), std::make_unique<RoomTypeDto>());
     }
 
-    void rightsByTheirIds()
-    {
-        GetAuthInfoByCode reply;
-        read(R"({"data":{"1":{"isHave":true,"isGranted":false},"2":{"isHave":0},"3":{}}})", &reply);
-        QMap<QString, bool> held;
-        for (const QString& id : reply.data().hash().keys())
-            held.insert(id, reply.data().hash().value(id)->isHave());
-        QCOMPARE(held, (QMap<QString, bool>{{"1", true}, {"2", false}, {"3", false}}));
-    }
-
     void clockPages()
     {
         JsCanDoItemDto item;
