@@ -172,14 +172,15 @@ private Q_SLOTS:
     }
     void destroyedByItsReading()
     {
-        Pty pty;
-        startOn(pty.line());
+        auto pty = std::make_unique<Pty>();
+        const QString line = pty->line();
+        startOn(line);
         m_numbers.reset();
         connect(m_reader.get(), &StaffDevice::sendData, this, [&] { m_reader.reset(); });
-        QVERIFY(pty.write("1\r\n"));
+        QVERIFY(pty->write("1\r\n"));
         QTRY_VERIFY(!m_reader);
-        pty.vanish();
-        QTRY_VERIFY(!isHeld(pty.line()));
+        pty.reset();
+        QTRY_VERIFY(!isHeld(line));
     }
     void portThatCannotBeOpened()
     {

@@ -69,15 +69,6 @@ class Constants(unittest.TestCase):
             self.assertEqual(table()["module" + name], int(code, 16))
         self.assertEqual([table()[name] for name in ("clear", "back", "close")], [0xE728, 0xE6D5, 0xE6DD])
 
-    def test_unchanged_constants_keep_their_time(self):
-        with tempfile.TemporaryDirectory() as out:
-            for _ in range(2):
-                self.assertEqual(make("make_constants.py", glyphs=TABLE, out=out).returncode, 0)
-                times = [os.stat(pathlib.Path(out) / file).st_mtime for file in ("Glyphs.js", "Glyphs.h")]
-                for file in ("Glyphs.js", "Glyphs.h"):
-                    os.utime(pathlib.Path(out) / file, (1, 1))
-            self.assertEqual(times, [1, 1])
-
     def test_every_constant_in_use_is_there(self):
         # QML takes a misspelt one for undefined and shows an empty place.
         used = {}

@@ -1,5 +1,4 @@
 #include "TestRecords.h"
-#include "dto/system/LineRecords.h"
 #include "serialization/QJsonSerializer.h"
 #include "support/ErrorLog.h"
 #include "support/Rows.h"
@@ -213,19 +212,6 @@ private Q_SLOTS:
         QCOMPARE(log.lines.size(), 6);
     }
 
-    void scalarContainers()
-    {
-        const QJsonSerializer factory;
-        const DeserializerBase reader(factory);
-        Array<int> numbers;
-        reader.deserializeArray(QJsonArray{1, 2.6, "3"}, numbers);
-        QCOMPARE(numbers.list(), (QList<int>{1, 3, 3}));
-        QCOMPARE(SerializerBase().serializeArray(numbers), (QJsonArray{1, 3, 3}));
-        Dictionary<QString> texts;
-        reader.deserializeDictionary(parse(R"({"b":"2","a":"1"})"), texts);
-        QCOMPARE(texts.serialize(SerializerBase()).toObject(), parse(R"({"a":"1","b":"2"})"));
-    }
-
     void roundTripsAndCopies()
     {
         auto* original = new TreeRecord(this);
@@ -242,16 +228,6 @@ private Q_SLOTS:
         derived.set_own("own");
         const DerivedRecord derivedCopy(&derived);
         QCOMPARE(derivedCopy.text() + derivedCopy.own(), QString("baseown"));
-
-        // The list of lines is kept as text between two runs.
-        const QByteArray text = R"({"apiUrl":"https://a.example","lineCheckHttpPath":"/check","reqLines":[)"
-                                R"({"icon":"i.png","subLines":[{"domain":"https://b.example","title":"电信"}],)"
-                                R"("title":"平台一"},{"icon":"","subLines":[],"title":"平台二"}]})";
-        SysApiReqDto lines;
-        read(text, &lines);
-        QCOMPARE(lines.reqLines().at(0)->subLines().at(0)->domain(), QString("https://b.example"));
-        const SysApiReqDto linesCopy(&lines);
-        QCOMPARE(write(&linesCopy), text);
     }
 
     void lifetimes()
