@@ -33,25 +33,14 @@ bool isHeld(const QString& device)
     return false;
 }
 
-/// Notes what it is told, with its own name in front.
-class Listener : public BaseObject
+/// Passes on what it is told.
+struct Listener : BaseObject
 {
-public:
-    Listener(QChar name, QStringList* heard) : m_name(name), m_heard(heard) {}
+    explicit Listener(std::function<void(const QString&)> hearing) : hear(std::move(hearing)) {}
     void readingExec(QString text) override { hear(" staff " + text); }
     void readingHandExec(QString text) override { hear(" hand " + text); }
 
-    std::function<void()> onReading = [] {};
-
-private:
-    void hear(const QString& text)
-    {
-        m_heard->append(m_name + text);
-        onReading();
-    }
-
-    const QChar m_name;
-    QStringList* m_heard;
+    const std::function<void(const QString&)> hear;
 };
 
 using BurstRows = Rows<QByteArray, QString>;
@@ -266,12 +255,14 @@ private Q_SLOTS:
         for (const ReaderStacks::Reader reader : {ReaderStacks::Staff, ReaderStacks::Hand}) {
             const bool isStaff = reader == ReaderStacks::Staff;
             QStringList log;
-            Listener stranger('?', &log); // listens to the other reader
+            Listener stranger(
+                [&log](const QString& text) { log.append('?' + text); }); // listens to the other reader
             ReaderStacks stacks;
             stacks.push(isStaff ? ReaderStacks::Hand : ReaderStacks::Staff, &stranger);
             QHash<QChar, std::shared_ptr<BaseObject>> listeners{{'0', std::make_shared<BaseObject>()}};
             for (const QChar name : QString("abc"))
-                listeners.insert(name, std::make_shared<Listener>(name, &log));
+                listeners.insert(name, std::make_shared<Listener>(
+                                           [&log, name](const QString& text) { log.append(name + text); }));
             for (const QString& step : steps.split(' ')) {
                 const QChar name = step.size() > 1 ? step.at(1) : QChar();
                 if (step.startsWith('+'))
@@ -293,16 +284,17 @@ private Q_SLOTS:
     {
         ReaderStacks stacks;
         QStringList heard;
-        Listener page('p', &heard);
-        auto dialog = std::make_unique<Listener>('d', &heard);
-        stacks.push(ReaderStacks::Staff, &page);
-        stacks.push(ReaderStacks::Staff, dialog.get());
+        Listener page([&heard](const QString& text) { heard.append('p' + text); });
+        std::unique_ptr<Listener> dialog;
         // A dialog that a card closes takes itself off and goes, and its page may read on at once.
-        dialog->onReading = [&] {
+        dialog = std::make_unique<Listener>([&](const QString& text) {
+            heard.append('d' + text);
             stacks.remove(ReaderStacks::Staff, dialog.get());
             stacks.deliver(ReaderStacks::Staff, "nested");
             dialog.release()->deleteLater();
-        };
+        });
+        stacks.push(ReaderStacks::Staff, &page);
+        stacks.push(ReaderStacks::Staff, dialog.get());
         stacks.deliver(ReaderStacks::Staff, "1");
         stacks.deliver(ReaderStacks::Staff, "2");
         QCOMPARE(heard, (QStringList{"d staff 1", "p staff nested", "p staff 2"}));
