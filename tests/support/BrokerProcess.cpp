@@ -1,12 +1,14 @@
 #include "support/BrokerProcess.h"
 
+#include "support/DeadEndpoint.h"
+
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLibraryInfo>
 #include <QStandardPaths>
-#include <QTcpServer>
 #include <QTcpSocket>
 #include <QThread>
+#include <QUrl>
 
 #include <csignal>
 #include <mosquitto.h>
@@ -20,16 +22,9 @@ QString program(const QString& name)
     return found.isEmpty() ? QStringLiteral("/usr/sbin/") + name : found;
 }
 
-int freePort()
-{
-    QTcpServer server;
-    server.listen(QHostAddress::LocalHost);
-    return server.serverPort();
-}
-
 } // namespace
 
-BrokerProcess::BrokerProcess(Kind kind) : m_port(freePort())
+BrokerProcess::BrokerProcess(Kind kind) : m_port(QUrl(deadEndpointUrl()).port())
 {
     const QString passwords = m_folder.filePath(QStringLiteral("passwords"));
     QProcess::execute(program(QStringLiteral("mosquitto_passwd")),
@@ -72,8 +67,7 @@ bool BrokerProcess::start()
 {
     m_process.start();
     m_process.waitForStarted();
-    constexpr int attempts = 100;
-    for (int i = 0; i < attempts && isRunning(); ++i) {
+    for (int i = 0; i < 100 && isRunning(); ++i) {
         QTcpSocket probe;
         probe.connectToHost(QHostAddress::LocalHost, static_cast<quint16>(m_port));
         if (probe.waitForConnected(1000))

@@ -2,33 +2,27 @@
 
 #include "print/PosPrint.h"
 
-/// A slip of each kind from an ordinary evening of the house.
-namespace Samples {
-
-constexpr char storeName[] = "云水间汤泉会馆";
-
-consumer_print_struct order();
-consumer_print_struct orderAgain();
-transfer_print_struct transfer();
-end_server_print_struct technicianEnd();
-sell_sum_print_struct salesReport();
-buffet_print_struct buffet();
-open_room_print_struct openRoom();
-leave_room_print_struct leaveRoom();
-js_server_print serviceEnd();
-
-consumer_item_struct item(const char* name, double num, double price, const char* staffNo = "");
-
-struct Slip
+/// A printed slip and what steers its printing; named as its golden text is.
+struct SampleSlip
 {
     const char* name;
     int kind;
     QVariant record;
+    PrintSettings settings;
+    int configuredCopies; // of the slips whose number the shared state tells
 };
-/// All nine, named as the pictures and the golden texts are.
-QVector<Slip> all();
 
-/// Where the clock stands while they print.
-qint64 printedAtMs();
+namespace Samples {
+
+/// The way that a terminal is set up.
+PrintSettings terminal(bool isIndent = true, int orderPrintNum = 1);
+
+/// One slip of each of the nine kinds from an ordinary evening of the house.
+QVector<SampleSlip> evening();
+/// The other ways that a slip can come out: what is missing, what is too long, copies.
+QVector<SampleSlip> oddities();
+
+/// Prints the sample to that printer of the library's, with the clock where all samples have it.
+void print(const SampleSlip& slip, const PosPrintDLL& library, const QString& printer);
 
 } // namespace Samples

@@ -1,21 +1,23 @@
-#include "Samples.h"
-#include "StandInDevices.h"
-#include "common/Clock.h"
-#include "common/GlobalConfig.h"
+// Our own printer library, through its entry points and its printers; those that stop taking data give an
+// error, and soon.
+
+#include "Printer.h"
 #include "platform/LocalText.h"
+#include "print/PosPrintDLL.h"
+#include "support/Rows.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QImage>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
-#include <QtTest>
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
-
-/// Bytes of the printers' encoding out of the test's own.
-QByteArray gbk(const char* text) { return LocalText::encode(QString::fromUtf8(text)); }
 
 /// What a printer has to get for printSmallSlip().
 QByteArray smallSlip()
@@ -25,332 +27,277 @@ QByteArray smallSlip()
                                "1d2100 706c61696e 0a 1d56410a"); // low: plain, and the cut
 }
 
+/// Fast, so that a test of a printer that stalls is one of a moment.
+constexpr PrinterLimits quick{300, 300, 600};
+
+const QByteArray longSlip(4 << 20, 'x'); // more than any pipe or socket buffer keeps
+
 QByteArray contentOf(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+/// An executable of ours in the place of a command.
+void writeScript(const QString& path, const QByteArray& script)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("#!/bin/sh\n" + script);
+    QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+}
+
+/// A named pipe with its reading end, which never waits.
+class Pipe
+{
+public:
+    explicit Pipe(const QString& path)
+    {
+        ::mkfifo(qPrintable(path), 0600);
+        m_end = ::open(qPrintable(path), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    }
+    ~Pipe() { close(); }
+    QByteArray readAll() const
+    {
+        QByteArray all(1 << 20, '\0');
+        all.resize(int(qMax<ssize_t>(0, ::read(m_end, all.data(), size_t(all.size())))));
+        return all;
+    }
+    void close()
+    {
+        if (m_end >= 0)
+            ::close(m_end);
+        m_end = -1;
+    }
+
+private:
+    int m_end;
+};
+
+using MissingRows = Rows<QString, unsigned, QString>;
+
+/// What the preview put on the paper within a part of it.
+bool isInked(const QImage& picture, int left, int width, int top, int height)
+{
+    const QImage part = picture.copy(left, top, width, height).convertToFormat(QImage::Format_Grayscale8);
+    for (int y = 0; y < part.height(); ++y) {
+        if (*std::min_element(part.scanLine(y), part.scanLine(y) + part.width()) < 128)
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
-/// Our own printer library, through its entry points and its printers.
 class tst_posdll : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
+    void initTestCase() { QVERIFY2(m_library.LoadPosdll(POSDLL_FILE), qPrintable(m_library.errorString())); }
+    void init()
+    {
+        m_folder.reset(new QTemporaryDir);
+        qputenv("KV_PANEL_PREVIEW_DIR", QFile::encodeName(file("slips")));
+        qunsetenv("KV_PANEL_PRINTERS");
+    }
 
-    void loads_data();
-    void loads();
-    void restIsNotSupported();
-    void argumentsNotSupported();
-    void withoutOpen();
-    void refusesWhatIsntThere_data();
-    void refusesWhatIsntThere();
+    void loads()
+    {
+        const QMap<QString, QString> errors{{"complete", ""},
+                                            {"without_first", "no entry point POS_Open"},
+                                            {"without_last", "no entry point POS_GetVersionInfo"},
+                                            {"without_two", "no entry point POS_Reset"},
+                                            {"missing", "pos_missing"}};
+        for (auto it = errors.begin(); it != errors.end(); ++it) {
+            PosPrintDLL loaded;
+            QCOMPARE(loaded.LoadPosdll(STAND_INS "/pos_" + it.key()), it.value().isEmpty());
+            QVERIFY2(loaded.errorString().contains(it.value()), qPrintable(loaded.errorString()));
+            QCOMPARE(loaded.POS_EndDoc != nullptr, it.value().isEmpty());
+            loaded.UnloadPosdll();
+            QVERIFY(!loaded.POS_Open && !loaded.POS_EndDoc);
+        }
+    }
+    void argumentsNotSupported()
+    {
+        QVERIFY(open("预览打印机"));
+        QVERIFY(m_library.POS_SetMode(1) != 0);
+        QVERIFY(m_library.POS_CutPaper(1, 10) != 0 && m_library.POS_CutPaper(0, 256) != 0);
+        QVERIFY(m_library.POS_S_TextOut(nullptr, 0, 1, 1, 0, 0) != 0);
+        QVERIFY(m_library.POS_S_TextOut("a", 0, 1, 3, 0, 0) != 0);
+        QVERIFY(m_library.POS_S_TextOut("a", 0, 2, 1, 0, 0) != 0);
+        QCOMPARE(m_library.POS_Close(), 0);
+        QVERIFY(!QFile::exists(file("slips/slip-0001.bin")));                    // nothing of it came out
+        QVERIFY(m_library.POS_StartDoc() != 0 && m_library.POS_FeedLine() != 0); // without an opened printer
+        QVERIFY(m_library.POS_EndDoc() != 0 && m_library.POS_Close() != 0);
+    }
 
-    void network_data();
-    void network();
-    void deviceFile();
-    void brokenPrinterIsAskedOnce();
-    void systemPrinter();
-    void preview();
-    void controlCharacters();
-    void everySlipOverTheNetwork();
+    void refusesWhatIsntThere_data()
+    {
+        QTcpServer closed;
+        QVERIFY(closed.listen(QHostAddress::LocalHost));
+        const QString deadPort = QString("127.0.0.1:%1").arg(closed.serverPort());
+        MissingRows::add({{"no name", "", PosPrinterName, ""},
+                          {"unknown to the system", "no such printer", PosPrinterName, ""},
+                          {"an option for a name", "-t", PosPrinterName, ""},
+                          {"no such device", "吧台", PosPrinterName, "/dev/no-such-printer"},
+                          {"a folder as device", "吧台", PosPrinterName, "/tmp"},
+                          {"nobody listens", "吧台", PosPrinterName, "tcp://" + deadPort},
+                          {"nobody listens at the address", deadPort, PosNetworkAddress, ""},
+                          {"not a numeric address", "printer.invalid", PosNetworkAddress, ""},
+                          {"no address", "", PosNetworkAddress, ""},
+                          {"preview without a folder", "吧台", PosPrinterName, "preview:/dev/null/slips"},
+                          {"no such port kind", "预览打印机", 0x13, ""}});
+    }
+    void refusesWhatIsntThere()
+    {
+        const auto& [name, printer, kind, target] = MissingRows::current();
+        qputenv("KV_PANEL_PRINTERS", (printer + '=' + target).toUtf8());
+        QElapsedTimer time;
+        time.start();
+        QVERIFY(!open(printer, kind));
+        QVERIFY(time.elapsed() < 4000);
+        QVERIFY(m_library.POS_StartDoc() != 0);
+    }
+
+    void network()
+    {
+        QTcpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        const QString address = QString("127.0.0.1:%1").arg(server.serverPort());
+        qputenv("KV_PANEL_PRINTERS", "kitchen=tcp://" + address.toLatin1());
+        for (const bool byName : {false, true}) {
+            QVERIFY(byName ? open("kitchen") : open(address, PosNetworkAddress));
+            printSmallSlip();
+            printSmallSlip();
+            QCOMPARE(m_library.POS_Close(), 0);
+            QVERIFY(server.waitForNewConnection(1000));
+            QScopedPointer<QTcpSocket> printer(server.nextPendingConnection());
+            QTRY_COMPARE(printer->state(), QAbstractSocket::UnconnectedState);
+            QCOMPARE(printer->readAll(), smallSlip() + smallSlip());
+        }
+    }
+    void networkThatStopsReading()
+    {
+        // More than the buffers of both sides keep; then a slip that our side's buffer would keep.
+        for (const int bytes : {longSlip.size(), 8000}) {
+            QTcpServer server; // whose connection waits unread
+            QVERIFY(server.listen(QHostAddress::LocalHost));
+            const int window = 1;
+            if (bytes == 8000)
+                ::setsockopt(int(server.socketDescriptor()), SOL_SOCKET, SO_RCVBUF, &window, sizeof window);
+            const auto printer = openNetworkPrinter(QString("localhost:%1").arg(server.serverPort()), quick);
+            QVERIFY(isRefusedSoon(printer.get(), longSlip.left(bytes)));
+        }
+        QTcpServer server; // that goes away
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        const auto printer = openNetworkPrinter(QString("127.0.0.1:%1").arg(server.serverPort()), quick);
+        QVERIFY(server.waitForNewConnection(1000));
+        server.nextPendingConnection()->abort();
+        server.close();
+        QVERIFY(isRefusedSoon(printer.get(), longSlip));
+    }
+    void deviceFile()
+    {
+        Pipe pipe(file("lp0"));
+        qputenv("KV_PANEL_PRINTERS", "前台=" + QFile::encodeName(file("lp0")));
+        QVERIFY(open("前台"));
+        printSmallSlip();
+        QCOMPARE(pipe.readAll(), smallSlip()); // sent at its end, not at the close
+        QCOMPARE(m_library.POS_Close(), 0);
+        QCOMPARE(pipe.readAll(), QByteArray());
+
+        // A broken printer is asked once.
+        QVERIFY(open("前台"));
+        pipe.close();
+        QCOMPARE(m_library.POS_StartDoc(), 0);
+        QVERIFY(m_library.POS_EndDoc() != 0);
+        const Pipe again(file("lp0"));
+        QCOMPARE(m_library.POS_StartDoc(), 0);
+        QVERIFY(m_library.POS_EndDoc() != 0 && m_library.POS_Close() != 0);
+        QCOMPARE(again.readAll(), QByteArray());
+        QVERIFY(open("前台"));
+        printSmallSlip();
+        QCOMPARE(again.readAll(), smallSlip());
+        m_library.POS_Close();
+    }
+    void deviceThatStopsReading()
+    {
+        Pipe pipe(file("lp0"));
+        QVERIFY(isRefusedSoon(openDeviceFile(file("lp0"), quick).get(), longSlip));
+        const auto printer = openDeviceFile(file("lp0"), quick);
+        pipe.close();
+        QVERIFY(isRefusedSoon(printer.get(), "slip")); // and the test is still alive
+    }
+    void systemPrinter()
+    {
+        // The print system's two commands: one printer is known, and jobs go to a file.
+        writeScript(file("lpstat"), "[ \"$1 $2\" = '-p 前台' ]\n");
+        writeScript(file("lp"), "cd \"$(dirname \"$0\")\" && echo \"$@\" >> arguments && cat >> job\n");
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", QFile::encodeName(m_folder->path()) + ':' + path);
+        const bool isUnknown = !open("厨房");
+        const bool isKnown = open("前台");
+        if (isKnown)
+            printSmallSlip();
+        m_library.POS_Close();
+        writeScript(file("lp"), "exec sleep 60\n");
+        const bool isGivenUp = isRefusedSoon(openSystemPrinter("前台", quick).get(), "slip");
+        qputenv("PATH", path);
+        QVERIFY(isUnknown && isKnown && isGivenUp);
+        QCOMPARE(contentOf(file("job")), smallSlip());
+        QCOMPARE(contentOf(file("arguments")), QByteArray("-s -d 前台 -o raw -t slip\n"));
+    }
+    void preview()
+    {
+        for (const QString& name : {file("slips/slip-0001"), file("slips/slip-0002")}) {
+            QVERIFY(open("预览打印机"));
+            printSmallSlip();
+            QCOMPARE(m_library.POS_Close(), 0);
+            QCOMPARE(contentOf(name + ".bin"), smallSlip());
+            QCOMPARE(contentOf(name + ".txt"), QByteArray("手牌 1\n\nplain\n[cut]\n"));
+            const QImage picture(name + ".png");
+            // Margins; a tall line, a bare feed, a low line and the cut.
+            QCOMPARE(picture.size(), QSize(48 * 12 + 2 * 32, 2 * 32 + (48 + 6) + (24 + 6) + (24 + 6) + 20));
+            QVERIFY(isInked(picture, 32, 24, 56, 24)); // its lower half
+            QVERIFY(!isInked(picture, 32 + 4 * 12, 12, 32, 54) && isInked(picture, 92, 12, 32, 54)); // " 1"
+            QVERIFY(!isInked(picture, 0, 640, 86, 30) && isInked(picture, 32, 12, 116, 24)); // feed, low line
+        }
+    }
+    void controlCharacters()
+    {
+        QVERIFY(open("预览打印机"));
+        m_library.POS_StartDoc();
+        m_library.POS_S_TextOut("\x1b@\x1dV\n\t\x7f", 0, 1, 1, 0, 0);
+        m_library.POS_EndDoc();
+        QCOMPARE(m_library.POS_Close(), 0);
+        QCOMPARE(contentOf(file("slips/slip-0001.bin")), QByteArray("\x1b@\x1c& @ V   "));
+    }
 
 private:
-    PosHandle open(const QString& name, unsigned kind = PosPrinterName)
+    QString file(const char* name) const { return m_folder->filePath(name); }
+    bool open(const QString& name, unsigned kind = PosPrinterName)
     {
-        return m_library.POS_Open(LocalText::encode(name).constData(), 0, 0, 0, 0, kind);
+        return m_library.POS_Open(LocalText::encode(name).constData(), 0, 0, 0, 0, kind) != posOpenFailed();
     }
-    void printSmallSlip();
-    QString file(const char* name) const { return m_folder->filePath(QString::fromLatin1(name)); }
+    void printSmallSlip()
+    {
+        QCOMPARE(m_library.POS_StartDoc() + m_library.POS_SetMode(0), 0);
+        QCOMPARE(m_library.POS_S_TextOut(LocalText::encode("手牌 1").constData(), 0, 1, 2, 0, 0), 0);
+        QCOMPARE(m_library.POS_FeedLine() + m_library.POS_FeedLine(), 0);
+        QCOMPARE(m_library.POS_S_TextOut("plain", 0, 1, 1, 0, 0) + m_library.POS_FeedLine(), 0);
+        QCOMPARE(m_library.POS_CutPaper(0, 10) + m_library.POS_EndDoc(), 0);
+    }
+    static bool isRefusedSoon(Printer* printer, const QByteArray& slip)
+    {
+        QElapsedTimer time;
+        time.start();
+        return printer && !printer->send(slip) && time.elapsed() < 3000;
+    }
 
     PosPrintDLL m_library;
     QScopedPointer<QTemporaryDir> m_folder;
 };
-
-void tst_posdll::initTestCase()
-{
-    QVERIFY2(m_library.LoadPosdll(QStringLiteral(POSDLL_FILE)), qPrintable(m_library.errorString()));
-}
-
-void tst_posdll::init()
-{
-    m_folder.reset(new QTemporaryDir);
-    qputenv("KV_PANEL_PREVIEW_DIR", QFile::encodeName(file("slips")));
-    qunsetenv("KV_PANEL_PRINTERS");
-}
-
-void tst_posdll::printSmallSlip()
-{
-    QCOMPARE(m_library.POS_StartDoc(), 0);
-    QCOMPARE(m_library.POS_SetMode(0), 0);
-    QCOMPARE(m_library.POS_S_TextOut(gbk("手牌 1").constData(), 0, 1, 2, 0, 0), 0);
-    QCOMPARE(m_library.POS_FeedLine(), 0);
-    QCOMPARE(m_library.POS_FeedLine(), 0);
-    QCOMPARE(m_library.POS_S_TextOut("plain", 0, 1, 1, 0, 0), 0);
-    QCOMPARE(m_library.POS_FeedLine(), 0);
-    QCOMPARE(m_library.POS_CutPaper(0, 10), 0);
-    QCOMPARE(m_library.POS_EndDoc(), 0);
-}
-
-void tst_posdll::loads_data()
-{
-    QTest::addColumn<QString>("library");
-    QTest::addColumn<QString>("error"); // empty: loads
-    QTest::newRow("complete") << QStringLiteral("pos_complete") << QString();
-    QTest::newRow("without the first")
-        << QStringLiteral("pos_without_first") << QStringLiteral("no entry point POS_Open");
-    QTest::newRow("without the last") << QStringLiteral("pos_without_last")
-                                      << QStringLiteral("no entry point POS_GetVersionInfo");
-    QTest::newRow("without two, the earlier is told")
-        << QStringLiteral("pos_without_two") << QStringLiteral("no entry point POS_Reset");
-    QTest::newRow("missing") << QStringLiteral("pos_missing") << QStringLiteral("pos_missing");
-}
-
-void tst_posdll::loads()
-{
-    QFETCH(QString, library);
-    QFETCH(QString, error);
-    PosPrintDLL loaded;
-    QCOMPARE(loaded.LoadPosdll(QStringLiteral(STAND_INS "/") + library), error.isEmpty());
-    QVERIFY2(loaded.errorString().contains(error), qPrintable(loaded.errorString()));
-    QCOMPARE(loaded.POS_EndDoc != nullptr, error.isEmpty());
-    loaded.UnloadPosdll();
-    QVERIFY(!loaded.POS_Open && !loaded.POS_EndDoc);
-}
-
-void tst_posdll::restIsNotSupported()
-{
-    QLibrary library(QStringLiteral(POSDLL_FILE));
-    int unused = 0;
-    int called = 0;
-#define CALLED(name, Type) ++called;
-#define UNUSED(name)                                                                                           \
-    ++unused;                                                                                                  \
-    const auto name = reinterpret_cast<PosPlain>(library.resolve(#name));                                      \
-    QVERIFY(name&& name() != 0);
-    POS_ENTRY_POINTS(CALLED, UNUSED)
-#undef CALLED
-#undef UNUSED
-    QCOMPARE(called, 9);
-    QCOMPARE(unused, 32);
-}
-
-void tst_posdll::argumentsNotSupported()
-{
-    QVERIFY(open(QStringLiteral("预览打印机")) != posOpenFailed());
-    QVERIFY(m_library.POS_SetMode(1) != 0);
-    QVERIFY(m_library.POS_CutPaper(1, 10) != 0);
-    QVERIFY(m_library.POS_CutPaper(0, 256) != 0);
-    QVERIFY(m_library.POS_S_TextOut(nullptr, 0, 1, 1, 0, 0) != 0);
-    QVERIFY(m_library.POS_S_TextOut("a", 0, 1, 3, 0, 0) != 0);
-    QVERIFY(m_library.POS_S_TextOut("a", 0, 2, 1, 0, 0) != 0);
-    QCOMPARE(m_library.POS_Close(), 0);
-    QVERIFY(!QFile::exists(file("slips/slip-0001.bin"))); // nothing of it came out
-}
-
-void tst_posdll::withoutOpen()
-{
-    QVERIFY(m_library.POS_StartDoc() != 0);
-    QVERIFY(m_library.POS_FeedLine() != 0);
-    QVERIFY(m_library.POS_EndDoc() != 0);
-    QVERIFY(m_library.POS_Close() != 0);
-}
-
-void tst_posdll::refusesWhatIsntThere_data()
-{
-    QTcpServer closed;
-    QVERIFY(closed.listen(QHostAddress::LocalHost));
-    const QString deadPort = QStringLiteral("127.0.0.1:%1").arg(closed.serverPort());
-
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QString>("target");
-    const QString own = QStringLiteral("吧台");
-    const auto row = [&](const char* test, const QString& name, const QString& target,
-                         int kind = PosPrinterName) { QTest::newRow(test) << name << kind << target; };
-    row("no name", QString(), QString());
-    row("unknown to the system", QStringLiteral("no such printer"), QString());
-    row("an option for a name", QStringLiteral("-t"), QString());
-    row("no such device", own, QStringLiteral("/dev/no-such-printer"));
-    row("a folder as device", own, QStringLiteral("/tmp"));
-    row("nobody listens", own, QStringLiteral("tcp://") + deadPort);
-    row("nobody listens at the address", deadPort, QString(), PosNetworkAddress);
-    row("not a numeric address", QStringLiteral("printer.invalid"), QString(), PosNetworkAddress);
-    row("no address", QString(), QString(), PosNetworkAddress);
-    row("preview without a folder", own, QStringLiteral("preview:/dev/null/slips"));
-    row("no such port kind", QStringLiteral("预览打印机"), QString(), 0x13);
-}
-
-void tst_posdll::refusesWhatIsntThere()
-{
-    QFETCH(QString, name);
-    QFETCH(int, kind);
-    QFETCH(QString, target);
-    qputenv("KV_PANEL_PRINTERS", (name + QLatin1Char('=') + target).toUtf8());
-    QElapsedTimer time;
-    time.start();
-    QVERIFY(open(name, unsigned(kind)) == posOpenFailed());
-    QVERIFY(time.elapsed() < 4000);
-    QVERIFY(m_library.POS_StartDoc() != 0);
-}
-
-void tst_posdll::network_data()
-{
-    QTest::addColumn<bool>("byName");
-    QTest::newRow("by address") << false;
-    QTest::newRow("by name") << true;
-}
-
-void tst_posdll::network()
-{
-    QFETCH(bool, byName);
-    QTcpServer server;
-    QVERIFY(server.listen(QHostAddress::LocalHost));
-    const QString address = QStringLiteral("127.0.0.1:%1").arg(server.serverPort());
-    qputenv("KV_PANEL_PRINTERS", "kitchen=tcp://" + address.toLatin1());
-
-    QVERIFY(open(byName ? QStringLiteral("kitchen") : address, byName ? PosPrinterName : PosNetworkAddress) !=
-            posOpenFailed());
-    printSmallSlip();
-    printSmallSlip();
-    QCOMPARE(m_library.POS_Close(), 0);
-
-    QVERIFY(server.waitForNewConnection(1000));
-    QScopedPointer<QTcpSocket> printer(server.nextPendingConnection());
-    QTRY_COMPARE(printer->state(), QAbstractSocket::UnconnectedState);
-    QCOMPARE(printer->readAll(), smallSlip() + smallSlip());
-}
-
-void tst_posdll::deviceFile()
-{
-    Pipe pipe(file("lp0"));
-    QVERIFY(pipe.isOpen());
-    qputenv("KV_PANEL_PRINTERS", "前台=" + QFile::encodeName(file("lp0")));
-    QVERIFY(open(QStringLiteral("前台")) != posOpenFailed());
-    printSmallSlip();
-    QCOMPARE(pipe.readAll(), smallSlip()); // sent at its end, not at the close
-    QCOMPARE(m_library.POS_Close(), 0);
-    QCOMPARE(pipe.readAll(), QByteArray());
-}
-
-void tst_posdll::brokenPrinterIsAskedOnce()
-{
-    Pipe pipe(file("lp0"));
-    QVERIFY(pipe.isOpen());
-    qputenv("KV_PANEL_PRINTERS", "前台=" + QFile::encodeName(file("lp0")));
-    QVERIFY(open(QStringLiteral("前台")) != posOpenFailed());
-    pipe.close();
-    QCOMPARE(m_library.POS_StartDoc(), 0);
-    QVERIFY(m_library.POS_EndDoc() != 0);
-
-    Pipe again(file("lp0"));
-    QCOMPARE(m_library.POS_StartDoc(), 0);
-    QVERIFY(m_library.POS_EndDoc() != 0);
-    QVERIFY(m_library.POS_Close() != 0);
-    QCOMPARE(again.readAll(), QByteArray());
-    QVERIFY(open(QStringLiteral("前台")) != posOpenFailed());
-    printSmallSlip();
-    QCOMPARE(again.readAll(), smallSlip());
-    m_library.POS_Close();
-}
-
-void tst_posdll::systemPrinter()
-{
-    // The print system's two commands: one printer is known, and jobs go to a file.
-    writeScript(file("lpstat"), "[ \"$1 $2\" = '-p 前台' ]\n");
-    writeScript(file("lp"), "cd \"$(dirname \"$0\")\" && echo \"$@\" >> arguments && cat >> job\n");
-    const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", QFile::encodeName(m_folder->path()) + ':' + path);
-    const bool isUnknown = open(QStringLiteral("厨房")) == posOpenFailed();
-    const bool isKnown = open(QStringLiteral("前台")) != posOpenFailed();
-    if (isKnown)
-        printSmallSlip();
-    m_library.POS_Close();
-    qputenv("PATH", path);
-    QVERIFY(isUnknown && isKnown);
-    QCOMPARE(contentOf(file("job")), smallSlip());
-    QCOMPARE(contentOf(file("arguments")), QByteArray("-s -d 前台 -o raw -t slip\n"));
-}
-
-void tst_posdll::preview()
-{
-    for (int slip = 0; slip < 2; ++slip) {
-        QVERIFY(open(QStringLiteral("预览打印机")) != posOpenFailed());
-        printSmallSlip();
-        QCOMPARE(m_library.POS_Close(), 0);
-    }
-    for (const char* name : {"slips/slip-0001", "slips/slip-0002"}) {
-        const QString base = file(name);
-        QCOMPARE(contentOf(base + QStringLiteral(".bin")), smallSlip());
-        QCOMPARE(contentOf(base + QStringLiteral(".txt")), QByteArray("手牌 1\n\nplain\n[cut]\n"));
-        const QImage picture(base + QStringLiteral(".png"));
-        QCOMPARE(picture.width(), 48 * 12 + 2 * 32);
-        // Margins, a tall line, a bare feed, a low line and the cut.
-        QCOMPARE(picture.height(), 2 * 32 + (48 + 6) + (24 + 6) + (24 + 6) + 20);
-        const auto isInked = [&](int left, int width, int top, int height) {
-            const QImage part =
-                picture.copy(left, top, width, height).convertToFormat(QImage::Format_Grayscale8);
-            int darkest = 255;
-            for (int y = 0; y < part.height(); ++y)
-                darkest = std::min(darkest,
-                                   int(*std::min_element(part.scanLine(y), part.scanLine(y) + part.width())));
-            return darkest < 128;
-        };
-        QVERIFY(isInked(32, 24, 32, 24) && isInked(32, 24, 56, 24)); // a character, upper and lower half
-        QVERIFY(!isInked(32 + 4 * 12, 12, 32, 54));                  // the blank behind both
-        QVERIFY(isInked(32 + 5 * 12, 12, 32, 54));                   // the digit, in its column
-        QVERIFY(!isInked(0, picture.width(), 32 + 54, 30));          // the feed
-        QVERIFY(isInked(32, 12, 32 + 84, 24));                       // the low line
-    }
-}
-
-void tst_posdll::controlCharacters()
-{
-    QVERIFY(open(QStringLiteral("预览打印机")) != posOpenFailed());
-    m_library.POS_StartDoc();
-    m_library.POS_S_TextOut("a\x1b@\x1dV\n\t\x7f"
-                            "b",
-                            0, 1, 1, 0, 0);
-    m_library.POS_FeedLine();
-    m_library.POS_EndDoc();
-    QCOMPARE(m_library.POS_Close(), 0);
-    QCOMPARE(contentOf(file("slips/slip-0001.bin")), QByteArray("\x1b@\x1c&a @ V   b\n"));
-}
-
-/// Two ways to the paper, the same bytes: all nine slips to a listener, and to the preview printer.
-void tst_posdll::everySlipOverTheNetwork()
-{
-    GlobalConfig::getInstance()->leave_room_print_count = 1;
-    GlobalConfig::getInstance()->stop_server_print_count = 1;
-    QTcpServer server;
-    QVERIFY(server.listen(QHostAddress::LocalHost));
-    qputenv("KV_PANEL_PRINTERS", "前台=tcp://127.0.0.1:" + QByteArray::number(server.serverPort()));
-    PrintSettings settings;
-    settings.orderPrintNum = 1;
-    settings.isOpenRoomPrint = true;
-    const auto printAll = [&](const char* printer) {
-        settings.printerName = QString::fromUtf8(printer);
-        for (const Samples::Slip& slip : Samples::all())
-            PosPrint(m_library, true, settings).print(slip.kind, slip.record, {}, {});
-    };
-    Clock::setSource(&Samples::printedAtMs);
-    printAll("前台");
-    printAll("预览打印机");
-    Clock::setSource(nullptr);
-
-    for (int slip = 1; slip <= Samples::all().size(); ++slip) {
-        QTRY_VERIFY(server.hasPendingConnections());
-        QScopedPointer<QTcpSocket> printer(server.nextPendingConnection());
-        QTRY_COMPARE(printer->state(), QAbstractSocket::UnconnectedState);
-        const QByteArray arrived = printer->readAll();
-        QVERIFY(arrived.size() > 500);
-        QCOMPARE(arrived, contentOf(m_folder->filePath(QStringLiteral("slips/slip-000%1.bin").arg(slip))));
-    }
-}
 
 QTEST_MAIN(tst_posdll)
 #include "tst_posdll.moc"

@@ -1,413 +1,248 @@
+// Every slip as calls to the library, against texts made by hand; the texts they are put together from, and the
+// settings that steer them.
+
 #include "RecordingLibrary.h"
 #include "Samples.h"
 #include "common/Clock.h"
 #include "common/GlobalConfig.h"
 #include "common/MyMessage.h"
+#include "platform/LocalText.h"
+#include "platform/Printers.h"
+#include "print/InstalledPrinters.h"
+#include "print/SlipText.h"
+#include "support/Rows.h"
+#include "support/StoredSetting.h"
 
+#include <QDir>
 #include <QSignalSpy>
-#include <QtTest>
-
-#include <functional>
+#include <QTemporaryDir>
 
 namespace {
 
-/// The way that a terminal is set up.
-PrintSettings terminal(bool isIndent = true, int orderPrintNum = 1)
+const QStringList openedForNothing{"open \"前台\" 0x14", "close"};
+
+QVariant buffet(const char* item = "自助晚餐", const char* card = "0168")
 {
-    PrintSettings settings;
-    settings.isIndent = isIndent;
-    settings.printerName = QStringLiteral("前台");
-    settings.storeName = QString::fromUtf8(Samples::storeName);
-    settings.orderPrintNum = orderPrintNum;
-    settings.isOpenRoomPrint = true;
-    return settings;
+    return QVariant::fromValue(buffet_print_struct{"", card, item, 2, 88, "1001", ""});
 }
 
-PrintSettings single(PrintSettings settings)
-{
-    settings.isSinglePrint = true;
-    return settings;
-}
-
-PrintSettings named(PrintSettings settings, const char* storeName)
-{
-    settings.storeName = QString::fromUtf8(storeName);
-    return settings;
-}
-
-QStringList golden(const QString& name)
-{
-    QFile file(QFINDTESTDATA(QStringLiteral("golden/%1.txt").arg(name)));
-    if (!file.open(QIODevice::ReadOnly))
-        return {QStringLiteral("no golden text ") + name};
-    return QString::fromUtf8(file.readAll()).trimmed().split(QLatin1Char('\n'));
-}
-
-consumer_item_struct asTechnicians(consumer_item_struct item, int kind, const char* pushNo = "")
-{
-    item.isJs = 1;
-    item.serviceType = kind;
-    item.pushNo = QString::fromUtf8(pushNo);
-    return item;
-}
-
-consumer_item_struct takenBack(consumer_item_struct item, const char* createTime, const char* authNo = "",
-                               const char* authName = "")
-{
-    item.status = 3;
-    item.createTime = QString::fromUtf8(createTime);
-    item.authNo = QString::fromUtf8(authNo);
-    item.authName = QString::fromUtf8(authName);
-    return item;
-}
-
-/// Every kind of line, and every way in which a field can be too long.
-consumer_print_struct manyLines()
-{
-    using Samples::item;
-    consumer_print_struct record;
-    record.area = QStringLiteral("水吧");
-    record.orderDate = QStringLiteral("2026-03-08 21:04:12");
-    record.cardNo = QStringLiteral("0168");
-    record.roomNo = QStringLiteral("301");
-    record.deskNo = QStringLiteral("A12");
-    record.staffCode = QStringLiteral("1001");
-    record.staffName = QStringLiteral("林晓梅梅梅");
-    record.items = {
-        item("二十列正好的项目名一", 1, 10, "8801选一"), // both touch what follows
-        item("12345678901234567890X", 2, 10),            // loses its end
-        asTechnicians(item("a一二三四五六七八九十", 3, 10, "8802"), 3),
-        asTechnicians(item("一二三四五六七八九x十", 0.5, 10), 7, "9"), // a clock kind that nobody knows
-        item("€果汁😀", 12345, 100),
-        item("毛尖茶[赠送]", 1, 48),
-        takenBack(item("啤酒", -2, 18), "2026-03-08 20:15:00"),
-        takenBack(asTechnicians(item("足疗", -1, 128, "8803"), 5), "2026-03-08 20:30:00", "1000", "陈店长"),
-    };
-    return record;
-}
-
-consumer_print_struct roomOrder()
-{
-    consumer_print_struct record;
-    record.orderMode = 2;
-    record.area = QStringLiteral("按摩部");
-    record.roomNo = QStringLiteral("301");
-    record.remark = QStringLiteral("a一二三四五六七八九十一二三四五六七八九十终");
-    return record;
-}
-
-consumer_print_struct threeItems()
-{
-    consumer_print_struct record;
-    record.area = QStringLiteral("二楼休息大厅");
-    record.items = {Samples::item("甲", 1, 1), Samples::item("乙", 2, 2), Samples::item("丙", 3, 3)};
-    return record;
-}
-
-consumer_print_struct noItems()
-{
-    consumer_print_struct record;
-    record.cardNo = QStringLiteral("0168");
-    return record;
-}
-
-open_room_print_struct massageRoomOpened()
-{
-    open_room_print_struct record = Samples::openRoom();
-    record.roomNo = QStringLiteral("301");
-    record.openType = 1;
-    record.planName = QStringLiteral("按摩房");
-    record.mainCard.clear();
-    record.hours = 1.5;
-    record.staffCode = QStringLiteral("1000000012");
-    return record;
-}
-
-leave_room_print_struct massageRoomLeft()
-{
-    leave_room_print_struct record = Samples::leaveRoom();
-    record.roomNo = QStringLiteral("301");
-    record.roomName.clear();
-    record.status = 2;
-    record.startTime = QStringLiteral("2026-03-08 20:05:30");
-    record.hours = 2;
-    record.useTime = QStringLiteral("1时0分");
-    record.cards = QStringLiteral("0101,0102,0103,0104,0105,0106,0107");
-    record.staffCode = QStringLiteral("1002");
-    return record;
-}
-
-js_server_print serviceWithoutItems()
-{
-    js_server_print record;
-    record.staffNo = QStringLiteral("8801");
-    return record;
-}
-
-end_server_print_struct voucher(const QList<js_item_struct>& items, int surplus, const char* workNo = "8801")
-{
-    end_server_print_struct record = Samples::technicianEnd();
-    record.items = items;
-    record.surplus = surplus;
-    record.workNo = QString::fromUtf8(workNo);
-    return record;
-}
-
-sell_sum_print_struct longNames()
-{
-    sell_sum_area_print_struct area;
-    area.areaName = QStringLiteral("水吧");
-    area.totalNum = 1;
-    area.totalAmount = -17;
-    area.orders = {{QStringLiteral("一二三四五六七八九十"), -2, -20, false},
-                   {QStringLiteral("一二三四五六七\n八九十a"), 1, 1, false},
-                   {QStringLiteral("一二三四五六七八九十甲"), 1, 1, false},
-                   {QStringLiteral("一二三四五六七八九十甲b"), 1, 1, false},
-                   {QStringLiteral("=【一二三四五六七八九十】="), 1234567, 1234567, true}};
-    sell_sum_print_struct record;
-    record.areas = {area};
-    return record;
-}
-
-transfer_print_struct transferNames()
-{
-    transfer_print_struct record;
-    record.newCardNo = QStringLiteral("0171");
-    record.amount = -27.5;
-    record.orders = {{QStringLiteral("一二三四五六七八"), QStringLiteral("0168"), 1, 10},
-                     {QStringLiteral("一二三四五六七八a"), QStringLiteral("0169"), 1, 20},
-                     {QStringLiteral("1234567890123456"), QStringLiteral("0170009"), -2, 30},
-                     {QStringLiteral("换\r\n行\n茶"), QStringLiteral("0168"), 0.5, 5}};
-    return record;
-}
+using UnprintedRows = Rows<int, QVariant, int, QStringList, QString>;
+using SettingRows = Rows<QString, QString, QString, bool, bool, bool>;
 
 } // namespace
 
-Q_DECLARE_METATYPE(PrintSettings)
-
-/// Every slip as calls to the library, against texts made by hand.
 class tst_slips : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_folder.reset(new QTemporaryDir);
+        QDir::setCurrent(m_folder->path());
+        qputenv("KV_PANEL_PRINTERS", "前台=tcp://192.168.1.50");
+        qunsetenv("KV_PANEL_PREVIEW_DIR");
+        m_messages.clear();
+    }
+    void cleanup() { QDir::setCurrent(QDir::rootPath()); }
 
-    void prints_data();
-    void prints();
-    void printsNothing_data();
-    void printsNothing();
-    void refusesOtherRecords_data();
-    void refusesOtherRecords();
-    void withoutLibrary();
-    void withoutPrinter();
-    void networkPort();
-    void linesOfCallers();
-    void countsLackingCharacters();
+    void prints_data()
+    {
+        QTest::addColumn<int>("index");
+        const QVector<SampleSlip> all = Samples::evening() + Samples::oddities();
+        for (int i = 0; i < all.size(); ++i)
+            QTest::newRow(all.at(i).name) << i;
+    }
+    void prints()
+    {
+        QFETCH(int, index);
+        const SampleSlip slip = (Samples::evening() + Samples::oddities()).at(index);
+        QFile golden(QString(KV_SOURCE_FOLDER "/tests/unit/print/golden/%1.txt").arg(slip.name));
+        QVERIFY(golden.open(QIODevice::ReadOnly));
+        const QStringList expected = QString::fromUtf8(golden.readAll()).trimmed().split('\n');
+
+        const RecordingLibrary library;
+        Samples::print(slip, library, "前台");
+        for (int i = 0; i < qMin(library.calls.size(), expected.size()); ++i)
+            QVERIFY2(library.calls.at(i) == expected.at(i),
+                     qPrintable(QString("line %1\n  printed  %2\n  expected %3")
+                                    .arg(QString::number(i + 1), library.calls.at(i), expected.at(i))));
+        QCOMPARE(library.calls.size(), expected.size());
+        QVERIFY(m_messages.isEmpty());
+    }
+
+    void printsNothing_data()
+    {
+        const QString refused = "打印失败【数据格式转换不正确】";
+        const QVariant other = Samples::evening().first().record;
+        std::vector<UnprintedRows::Row> rows = {
+            {"open room, not wanted", PrintOpenRoom, Samples::evening().at(6).record, 0, {}, ""},
+            {"a kind that isn't", 7, other, 1, openedForNothing, ""},
+            {"no record", PrintBuffet, {}, 1, openedForNothing, refused},
+            {"text", PrintOrder, "order", 1, openedForNothing, refused}};
+        for (const SampleSlip& slip : Samples::evening()) {
+            const bool isOrder = slip.kind == PrintOrder || slip.kind == PrintOrderAgain;
+            rows.push_back({slip.name + QString(" of another record"), slip.kind, isOrder ? buffet() : other, 1,
+                            openedForNothing, refused});
+            if (slip.kind == PrintOrder || slip.kind == PrintLeaveRoom || slip.kind == PrintServiceEnd)
+                rows.push_back(
+                    {slip.name + QString(" without copies"), slip.kind, slip.record, 0, openedForNothing, ""});
+        }
+        UnprintedRows::add(rows);
+    }
+    void printsNothing()
+    {
+        const auto& [name, kind, record, copies, calls, message] = UnprintedRows::current();
+        PrintSettings settings = Samples::terminal(true, copies);
+        settings.isOpenRoomPrint = copies > 0;
+        const RecordingLibrary library;
+        Samples::print({"", kind, record, settings, copies}, library, "前台");
+        QCOMPARE(library.calls, calls);
+        QCOMPARE(m_messages.size(), message.isEmpty() ? 0 : 1);
+        QCOMPARE(m_messages.value(0).value(0).toString(), message);
+    }
+    void withoutLibraryOrPrinter()
+    {
+        PosPrintDLL missing; // a call would be one to a null pointer
+        PosPrint(missing, false, Samples::terminal()).print(PrintBuffet, buffet(), {}, {});
+        // No library lies beside this test.
+        QVERIFY(storeSetting("print", "前台"));
+        QTest::ignoreMessage(QtDebugMsg, QRegularExpression("^POSDLL: ."));
+        PosPrint::getInstance()->print(PrintBuffet, buffet(), {}, {});
+
+        RecordingLibrary library;
+        library.isRefusing = true;
+        PosPrint printer(library, true, PrintSettings());
+        for (int slip = 0; slip < 2; ++slip)
+            printer.print(PrintBuffet, buffet(), {}, {});
+        QCOMPARE(library.calls, (QStringList{"open \"\" 0x14", "open \"\" 0x14"}));
+        QCOMPARE(m_messages.size(), 0); // behind whatever the caller says in the meantime
+        QTRY_COMPARE(m_messages.size(), 2);
+        QCOMPARE(m_messages.first(), (QVariantList{"打印失败,未正确连接打印机", "error"}));
+    }
+    void networkPort()
+    {
+        RecordingLibrary library;
+        PosPrint printer(library, true, Samples::terminal());
+        QVERIFY(printer.openDevice("192.168.1.50", "9100") && printer.openDevice("192.168.1.50", ""));
+        library.isRefusing = true;
+        QVERIFY(!printer.openDevice("192.168.1.50", "9100"));
+        QCOMPARE(library.calls, (QStringList{"open \"192.168.1.50\" 0x15", "reset", "open \"前台\" 0x14",
+                                             "open \"192.168.1.50\" 0x15"}));
+        QTRY_COMPARE(m_messages.size(), 1);
+    }
+    void countsLackingCharacters()
+    {
+        const RecordingLibrary library;
+        PosPrint printer(library, true, Samples::terminal());
+        for (int slip = 0; slip < 2; ++slip) {
+            QTest::ignoreMessage(QtDebugMsg, "print 23 : 2 characters that the printer lacks, printed as ?");
+            // The card's last character is cut off and isn't counted.
+            printer.print(PrintBuffet, buffet("茶😀€", "1234567890123456789😀"), {}, {});
+        }
+    }
+
+    void encodes()
+    {
+        const QString halfPairs = QString(QChar(0xd83d)) + 'a' + QChar(0xde00);
+        for (const auto& [text, bytes, lacking] :
+             Table<QString, QByteArray, int>{{"a~手牌", "a~\xca\xd6\xc5\xc6", 0},
+                                             {"￥¥1", "\xa3\xa4?1", 1},    // the full-width yuan is there
+                                             {"€中", "?\xd6\xd0", 1},      // is one byte elsewhere
+                                             {"茶😀𠮷1", "\xb2\xe8??1", 2}, // outside the plane
+                                             {halfPairs, "?a?", 2}}) {
+            int counted = 40;
+            QCOMPARE(LocalText::encode(text, &counted), bytes);
+            QCOMPARE(counted, 40 + lacking);
+            QCOMPARE(SlipText::getLength(text), bytes.size());
+        }
+    }
+    void cutsAndPads()
+    {
+        // None is taken behind one that doesn't fit, and a pair stays whole.
+        QCOMPARE(SlipText::subStringByByte("手牌a", 0, 3), QString("手 "));
+        QCOMPARE(SlipText::subStringByByte("a😀😀", 0, 2), QString("a😀"));
+        QCOMPARE(SlipText::subStringByByte("      ", 0, 4), QString());
+        for (const auto& [text, width, right, left, both] :
+             Table<QString, int, QString, QString, QString>{{"手1", 6, "手1---", "---手1", "-手1--"},
+                                                            {"手牌", 3, "手 ", "手 ", "手 "},
+                                                            {"     ", 3, "---", "---", "---"}}) {
+            QCOMPARE(SlipText::padRight(text, width, '-'), right);
+            QCOMPARE(SlipText::padLeft(text, width, '-'), left);
+            QCOMPARE(SlipText::padBoth(text, width, '-'), both);
+        }
+    }
+    void numbersAndTime()
+    {
+        QCOMPARE(SlipText::amount(0.1 + 0.2) + SlipText::amount(12345678.9), QString("0.3012345678.90"));
+        QCOMPARE(SlipText::quantity(0.1 + 0.2) + SlipText::quantity(-2), QString("0.3-2"));
+        Clock::setSource([] { return QDateTime(QDate(2026, 3, 8), QTime(9, 5, 3)).toMSecsSinceEpoch(); });
+        QCOMPARE(SlipText::printCurTime(), QString("2026-03-08 09:05:03"));
+        Clock::setSource(nullptr);
+    }
+
+    void settingsOfTheTable_data()
+    {
+        SettingRows::add({{"nothing set", "unrelated", "1", "", true, false, false},
+                          {"narrow model", "print_mode", "1", "", false, false, false},
+                          {"installed printer", "print", "前台", "前台", true, false, false},
+                          {"printer that is gone", "print", "厨房", "", true, false, false},
+                          {"a slip for each line", "is_single_print", "1", "", true, true, false},
+                          {"not just any text", "is_single_print", "true", "", true, false, false},
+                          {"slip at opening", "is_open_room_print", "1", "", true, false, true}});
+    }
+    void settingsOfTheTable()
+    {
+        const auto& [name, key, value, printerName, isIndent, isSinglePrint, isOpenRoomPrint] =
+            SettingRows::current();
+        QVERIFY(storeSetting(key, value));
+        const PrintSettings settings = PrintSettings::ofTerminal();
+        QCOMPARE(settings.printerName, printerName);
+        QCOMPARE(settings.isIndent, isIndent);
+        QCOMPARE(settings.isSinglePrint, isSinglePrint);
+        QCOMPARE(settings.isOpenRoomPrint, isOpenRoomPrint);
+    }
+    void settingsOfTheSharedState()
+    {
+        QVERIFY(storeSetting("unrelated", "1"));
+        QCOMPARE(PrintSettings::ofTerminal().orderPrintNum, 0); // no record yet
+        GlobalConfig::getInstance()->setStoreName("云水间");
+        QCOMPARE(PrintSettings::ofTerminal().storeName, QString("云水间"));
+        auto* terminal = new TerminalDto;
+        GlobalConfig::getInstance()->setTerminalInfo(terminal);
+        for (const int copies : {3, -1}) {
+            terminal->set_orderPrintNum(copies);
+            QCOMPARE(PrintSettings::ofTerminal().orderPrintNum, qMax(copies, 0));
+        }
+    }
+    void printers()
+    {
+        const QString preview = "预览打印机=preview:slips";
+        for (const auto& [list, previewFolder, expected] : Table<QByteArray, QByteArray, QString>{
+                 {"", "", preview},
+                 {"", "/tmp/a=b", "预览打印机=preview:/tmp/a=b"},
+                 {" 厨房 = tcp://10.0.0.9:9101 ;;前台=/dev/usb/lp0;", "",
+                  "厨房=tcp://10.0.0.9:9101;前台=/dev/usb/lp0;" + preview},
+                 {"厨房;前台=;=tcp://10.0.0.9", "", preview}, // incomplete ones
+                 {"厨房=/dev/a;厨房=/dev/b;预览打印机=preview:/c", "/d",
+                  "厨房=/dev/a;预览打印机=preview:/c"}}) {
+            qputenv("KV_PANEL_PRINTERS", list);
+            qputenv("KV_PANEL_PREVIEW_DIR", previewFolder);
+            QStringList found, names;
+            for (const OwnPrinter& printer : ownPrinters()) {
+                found.append(printer.name + '=' + printer.target);
+                names.append(printer.name);
+            }
+            QCOMPARE(found.join(';'), expected);
+            const QStringList installed = installedPrinters();
+            QCOMPARE(installed.mid(installed.size() - names.size()), names);
+        }
+    }
+
+private:
+    QScopedPointer<QTemporaryDir> m_folder;
+    QSignalSpy m_messages{MyMessage::getInstance(), &MyMessage::showMessageSignal};
 };
-
-void tst_slips::init()
-{
-    Clock::setSource(&Samples::printedAtMs);
-    GlobalConfig::getInstance()->leave_room_print_count = 1;
-    GlobalConfig::getInstance()->stop_server_print_count = 1;
-}
-
-void tst_slips::cleanup() { Clock::setSource(nullptr); }
-
-void tst_slips::prints_data()
-{
-    QTest::addColumn<PrintSettings>("settings");
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QVariant>("record");
-    QTest::addColumn<int>("configuredCopies");
-    for (const Samples::Slip& slip : Samples::all())
-        QTest::newRow(slip.name) << terminal() << slip.kind << slip.record << 1;
-
-    const auto row = [](const char* name, const PrintSettings& settings, int kind, const auto& record,
-                        int copies = 1) {
-        QTest::newRow(name) << settings << kind << QVariant::fromValue(record) << copies;
-    };
-    row("order-lines", named(terminal(false), "云水间汤泉会馆云水间汤泉会馆云水间汤泉会馆店"), PrintOrder,
-        manyLines());
-    row("order-room", named(terminal(), "kv-house1"), PrintOrder, roomOrder());
-    row("order-split", single(terminal(true, 2)), PrintOrder, threeItems());
-    row("order-copies", terminal(false, 2), PrintOrder, noItems());
-    row("open-room-massage", terminal(false), PrintOpenRoom, massageRoomOpened());
-    row("leave-room-massage", terminal(false), PrintLeaveRoom, massageRoomLeft(), 2);
-    row("service-end-empty", terminal(false), PrintServiceEnd, serviceWithoutItems());
-    const QString start = QStringLiteral("19:30");
-    row("technician-end-late", terminal(false), PrintTechnicianEnd,
-        voucher(
-            {{QStringLiteral("精油SPA"), QStringLiteral("点钟"), 398, 0, 0, start, QStringLiteral("20:00")}},
-            -5, "8802"));
-    row("technician-end-on-time", terminal(false), PrintTechnicianEnd,
-        voucher({{QStringLiteral("%2"), QStringLiteral("轮钟"), 128, 1, 128, start, QStringLiteral("20:30")}},
-                0));
-    row("technician-end-empty", terminal(false), PrintTechnicianEnd, voucher({}, 5));
-    row("sales-report-names", terminal(false), PrintSalesReport, longNames());
-    row("transfer-names", terminal(false), PrintTransfer, transferNames());
-}
-
-void tst_slips::prints()
-{
-    QFETCH(PrintSettings, settings);
-    QFETCH(int, kind);
-    QFETCH(QVariant, record);
-    QFETCH(int, configuredCopies);
-    GlobalConfig::getInstance()->leave_room_print_count = configuredCopies;
-    GlobalConfig::getInstance()->stop_server_print_count = configuredCopies;
-    QSignalSpy messages(MyMessage::getInstance(), &MyMessage::showMessageSignal);
-
-    RecordingLibrary library;
-    PosPrint(library, true, settings).print(kind, record, {}, {});
-
-    const QStringList expected = golden(QString::fromLatin1(QTest::currentDataTag()));
-    const QStringList calls = library.calls();
-    for (int i = 0; i < qMin(calls.size(), expected.size()); ++i)
-        QVERIFY2(calls.at(i) == expected.at(i),
-                 qPrintable(QStringLiteral("line %1\n  printed  %2\n  expected %3")
-                                .arg(QString::number(i + 1), calls.at(i), expected.at(i))));
-    QCOMPARE(calls.size(), expected.size());
-    QCOMPARE(messages.count(), 0);
-}
-
-void tst_slips::printsNothing_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QVariant>("record");
-    QTest::addColumn<bool>("opens");
-    const QVariant order = QVariant::fromValue(Samples::order());
-    QTest::newRow("order without copies") << int(PrintOrder) << order << true;
-    QTest::newRow("leave room without copies")
-        << int(PrintLeaveRoom) << QVariant::fromValue(Samples::leaveRoom()) << true;
-    QTest::newRow("service end without copies")
-        << int(PrintServiceEnd) << QVariant::fromValue(Samples::serviceEnd()) << true;
-    QTest::newRow("open room, not wanted")
-        << int(PrintOpenRoom) << QVariant::fromValue(Samples::openRoom()) << false;
-    QTest::newRow("open room, not wanted, other record") << int(PrintOpenRoom) << order << false;
-    QTest::newRow("a kind that isn't") << 7 << order << true;
-}
-
-void tst_slips::printsNothing()
-{
-    QFETCH(int, kind);
-    QFETCH(QVariant, record);
-    QFETCH(bool, opens);
-    GlobalConfig::getInstance()->leave_room_print_count = 0;
-    GlobalConfig::getInstance()->stop_server_print_count = 0;
-    PrintSettings settings = single(terminal(true, 0));
-    settings.isOpenRoomPrint = false;
-    QSignalSpy messages(MyMessage::getInstance(), &MyMessage::showMessageSignal);
-
-    RecordingLibrary library;
-    PosPrint(library, true, settings).print(kind, record, {}, {});
-    QCOMPARE(library.calls(), opens
-                                  ? QStringList({QStringLiteral("open \"前台\" 0x14"), QStringLiteral("close")})
-                                  : QStringList());
-    QCOMPARE(messages.count(), 0);
-}
-
-void tst_slips::refusesOtherRecords_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QVariant>("record");
-    for (const Samples::Slip& slip : Samples::all()) {
-        const bool isOrder = slip.kind == PrintOrder || slip.kind == PrintOrderAgain;
-        QTest::newRow(slip.name) << slip.kind
-                                 << (isOrder ? QVariant::fromValue(Samples::buffet())
-                                             : QVariant::fromValue(Samples::order()));
-    }
-    QTest::newRow("no record") << int(PrintBuffet) << QVariant();
-    QTest::newRow("text") << int(PrintOrder) << QVariant(QStringLiteral("order"));
-}
-
-void tst_slips::refusesOtherRecords()
-{
-    QFETCH(int, kind);
-    QFETCH(QVariant, record);
-    GlobalConfig::getInstance()->leave_room_print_count = 3;
-    QSignalSpy messages(MyMessage::getInstance(), &MyMessage::showMessageSignal);
-
-    RecordingLibrary library;
-    PosPrint(library, true, terminal(true, 2)).print(kind, record, {}, {});
-    QCOMPARE(library.calls(), QStringList({QStringLiteral("open \"前台\" 0x14"), QStringLiteral("close")}));
-    QCOMPARE(messages.count(), 1);
-    QCOMPARE(messages.first(),
-             QVariantList({QStringLiteral("打印失败【数据格式转换不正确】"), QStringLiteral("error")}));
-}
-
-void tst_slips::withoutLibrary()
-{
-    QSignalSpy messages(MyMessage::getInstance(), &MyMessage::showMessageSignal);
-    PosPrintDLL missing; // a call would be one to a null pointer
-    PosPrint(missing, false, terminal()).print(PrintBuffet, QVariant::fromValue(Samples::buffet()), {}, {});
-    QCOMPARE(messages.count(), 0);
-}
-
-void tst_slips::withoutPrinter()
-{
-    QSignalSpy messages(MyMessage::getInstance(), &MyMessage::showMessageSignal);
-    RecordingLibrary library;
-    library.refuse();
-    PrintSettings settings = terminal();
-    settings.printerName.clear();
-    PosPrint printer(library, true, settings);
-    for (int slip = 0; slip < 2; ++slip)
-        printer.print(PrintBuffet, QVariant::fromValue(Samples::buffet()), {}, {});
-    QCOMPARE(library.calls(),
-             QStringList({QStringLiteral("open \"\" 0x14"), QStringLiteral("open \"\" 0x14")}));
-    // Behind whatever the caller says in the meantime.
-    QCOMPARE(messages.count(), 0);
-    QTRY_COMPARE(messages.count(), 2);
-    QCOMPARE(messages.first(),
-             QVariantList({QStringLiteral("打印失败,未正确连接打印机"), QStringLiteral("error")}));
-}
-
-void tst_slips::networkPort()
-{
-    RecordingLibrary library;
-    PosPrint printer(library, true, terminal());
-    QVERIFY(printer.openDevice(QStringLiteral("192.168.1.50"), QStringLiteral("9100")));
-    QVERIFY(printer.openDevice(QStringLiteral("192.168.1.50"), QString()));
-    library.refuse();
-    QVERIFY(!printer.openDevice(QStringLiteral("192.168.1.50"), QStringLiteral("9100")));
-    QCOMPARE(library.calls(),
-             QStringList({QStringLiteral("open \"192.168.1.50\" 0x15"), QStringLiteral("reset"),
-                          QStringLiteral("open \"前台\" 0x14"), QStringLiteral("open \"192.168.1.50\" 0x15")}));
-}
-
-void tst_slips::linesOfCallers()
-{
-    RecordingLibrary library;
-    for (const bool isIndent : {true, false}) {
-        PosPrint printer(library, true, terminal(isIndent));
-        printer.posTextOut(QStringLiteral("一二三四五六七八九十一二三四五六七八九十a终尾"), 1, 2);
-        printer.posTextOut(QString(), 1, 1);
-        printer.cutPaper();
-    }
-    const QStringList narrow = {QStringLiteral("2|一二三四五六七八九十一二三四五六七八九十a |"),
-                                QStringLiteral("1|                                          |"),
-                                QStringLiteral("feed x7"), QStringLiteral("cut 0 10")};
-    QStringList both = narrow;
-    both[0].insert(2, QStringLiteral("   "));
-    both[1].insert(2, QStringLiteral("   "));
-    QCOMPARE(library.calls(), both + narrow);
-}
-
-void tst_slips::countsLackingCharacters()
-{
-    buffet_print_struct record = Samples::buffet();
-    record.itemName = QStringLiteral("茶😀€");
-    record.cardNo = QStringLiteral("1234567890123456789😀"); // the character is cut off and isn't counted
-    RecordingLibrary library;
-    PosPrint printer(library, true, terminal());
-    for (int slip = 0; slip < 2; ++slip) {
-        QTest::ignoreMessage(QtDebugMsg, "print 23 : 2 characters that the printer lacks, printed as ?");
-        printer.print(PrintBuffet, QVariant::fromValue(record), {}, {});
-    }
-}
 
 QTEST_GUILESS_MAIN(tst_slips)
 #include "tst_slips.moc"

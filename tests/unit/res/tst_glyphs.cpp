@@ -1,5 +1,3 @@
-#include "Glyphs.h"
-
 #include <QFile>
 #include <QFontDatabase>
 #include <QJsonArray>
@@ -13,118 +11,56 @@
 
 #include <memory>
 
-namespace {
-
-QString fontFile(const char* name) { return QStringLiteral(FONT_DIR "/%1").arg(QLatin1String(name)); }
-
-} // namespace
-
 /// The made fonts and constants as Qt and QML see them.
 class TestGlyphs : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void fontLoads_data();
-    void fontLoads();
-    void fixedCodePoint_data();
-    void fixedCodePoint();
-    void glyphAndScript_data();
-    void glyphAndScript();
-};
-
-void TestGlyphs::fontLoads_data()
-{
-    QTest::addColumn<QString>("family");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("iconfont.ttf") << "iconfont" << QString(QChar(Glyph::back));
-    QTest::newRow("Pinfang.ttf") << QString() << QStringLiteral("A8系统启动中￥");
-}
-
-void TestGlyphs::fontLoads()
-{
-    QFETCH(QString, family);
-    QFETCH(QString, text);
-    const QString path = fontFile(QTest::currentDataTag());
-    const int id = QFontDatabase::addApplicationFont(path);
-    QVERIFY(id >= 0);
-    const QStringList families = QFontDatabase::applicationFontFamilies(id);
-    QFontDatabase::removeApplicationFont(id);
-    QVERIFY(!families.isEmpty());
-    QVERIFY(!families.first().isEmpty());
-    if (!family.isEmpty())
-        QCOMPARE(families.first(), family);
-
-    const QRawFont font(path, 64);
-    const QVector<quint32> glyphs = font.glyphIndexesForString(text);
-    QCOMPARE(glyphs.size(), text.size());
-    QVERIFY(!glyphs.contains(0));
-}
-
-void TestGlyphs::fixedCodePoint_data()
-{
-    QTest::addColumn<int>("constant");
-    QTest::addColumn<int>("code");
-    QTest::newRow("rooms") << int(Glyph::moduleRooms) << 0xE617;
-    QTest::newRow("technician clock") << int(Glyph::moduleClock) << 0xE731;
-    QTest::newRow("helper") << int(Glyph::moduleHelper) << 0xE730;
-    QTest::newRow("consumption") << int(Glyph::moduleConsume) << 0xE688;
-    QTest::newRow("timer first") << int(Glyph::moduleTimer) << 0xE6E1;
-    QTest::newRow("self entry") << int(Glyph::moduleSelf) << 0xE73F;
-    QTest::newRow("buffet") << int(Glyph::moduleBuffet) << 0xE6E6;
-    QTest::newRow("transfer") << int(Glyph::moduleTransfer) << 0xE829;
-    QTest::newRow("other module") << int(Glyph::moduleOther) << 0xE6A2;
-    QTest::newRow("clear mark") << int(Glyph::clear) << 0xE728;
-    QTest::newRow("back mark") << int(Glyph::back) << 0xE6D5;
-    QTest::newRow("close mark") << int(Glyph::close) << 0xE6DD;
-}
-
-void TestGlyphs::fixedCodePoint()
-{
-    QFETCH(int, constant);
-    QTEST(constant, "code");
-}
-
-void TestGlyphs::glyphAndScript_data()
-{
-    QTest::addColumn<QChar>("code");
-    QFile table(QStringLiteral(GLYPH_TABLE));
-    QVERIFY(table.open(QIODevice::ReadOnly));
-    const QJsonArray rows = QJsonDocument::fromJson(table.readAll()).array();
-    QVERIFY(rows.size() > 12);
-    for (const QJsonValue& row : rows) {
-        const ushort code = row["code"].toString().mid(2).toUShort(nullptr, 16);
-        QTest::newRow(qPrintable(row["name"].toString())) << QChar(code);
+private Q_SLOTS:
+    void fontsLoad()
+    {
+        for (const QString file : {FONT_DIR "/iconfont.ttf", FONT_DIR "/Pinfang.ttf"}) {
+            const QString family =
+                QFontDatabase::applicationFontFamilies(QFontDatabase::addApplicationFont(file)).value(0);
+            QVERIFY2(file.contains("iconfont") ? family == "iconfont" : !family.isEmpty(), qPrintable(family));
+        }
+        const QString text = "A8系统启动中￥";
+        const QVector<quint32> glyphs =
+            QRawFont(QString(FONT_DIR "/Pinfang.ttf"), 64).glyphIndexesForString(text);
+        QVERIFY(glyphs.size() == text.size() && !glyphs.contains(0));
     }
-}
 
-void TestGlyphs::glyphAndScript()
-{
-    QFETCH(QChar, code);
-    static const QRawFont font(fontFile("iconfont.ttf"), 64);
-    const QVector<quint32> glyphs = font.glyphIndexesForString(code);
-    QCOMPARE(glyphs.size(), 1);
-    QVERIFY(glyphs.first() != 0);
+    void glyphsAndScript()
+    {
+        QFile table(GLYPH_TABLE);
+        QVERIFY(table.open(QIODevice::ReadOnly));
+        const QJsonArray rows = QJsonDocument::fromJson(table.readAll()).array();
+        QVERIFY(rows.size() > 12);
+        const QRawFont font(QString(FONT_DIR "/iconfont.ttf"), 64);
+        QByteArray page = "import QtQml 2.15\nimport \"qrc:/js/Glyphs.js\" as Glyphs\nQtObject {\n";
+        QMap<QByteArray, QString> codes;
+        for (const QJsonValue row : rows) {
+            const QByteArray name = row["name"].toString().toLatin1();
+            codes[name] = QChar(row["code"].toString().mid(2).toUShort(nullptr, 16));
+            page += "property string " + name + ": Glyphs." + name + '\n';
+            const QVector<quint32> glyphs = font.glyphIndexesForString(codes[name]);
+            QVERIFY2(glyphs.size() == 1 && glyphs.first() != 0, name);
 
-    // An item as high and wide as the font tells cuts nothing off.
-    const QRectF outline = font.pathForGlyph(glyphs.first()).boundingRect();
-    const double width = font.advancesForGlyphIndexes(glyphs).first().x();
-    const double allowance = 1;
-    const QRectF room(0, -font.ascent(), width, font.ascent() + font.descent());
-    QVERIFY(outline.width() > 8 && outline.height() > 2);
-    QVERIFY(room.adjusted(-allowance, -allowance, allowance, allowance).contains(outline));
-
-    QQmlEngine engine;
-    QQmlComponent page(&engine);
-    page.setData("import QtQml 2.15\n"
-                 "import \"qrc:/js/Glyphs.js\" as Glyphs\n"
-                 "QtObject { property string text: Glyphs." +
-                     QByteArray(QTest::currentDataTag()) + " }",
-                 QUrl());
-    const std::unique_ptr<QObject> object(page.create());
-    QVERIFY2(object, qPrintable(page.errorString()));
-    QCOMPARE(object->property("text").toString(), QString(code));
-}
+            // An item as high and wide as the font tells cuts nothing off.
+            const QRectF outline = font.pathForGlyph(glyphs.first()).boundingRect();
+            const double width = font.advancesForGlyphIndexes(glyphs).first().x();
+            const QRectF room(-1, -font.ascent() - 1, width + 2, font.ascent() + font.descent() + 2);
+            QVERIFY2(outline.width() > 8 && outline.height() > 2 && room.contains(outline), name);
+        }
+        QQmlEngine engine;
+        QQmlComponent component(&engine);
+        component.setData(page + '}', QUrl());
+        const std::unique_ptr<QObject> object(component.create());
+        QVERIFY2(object, qPrintable(component.errorString()));
+        for (const QByteArray& name : codes.keys())
+            QCOMPARE(object->property(name).toString(), codes.value(name));
+    }
+};
 
 QTEST_MAIN(TestGlyphs)
 #include "tst_glyphs.moc"

@@ -61,7 +61,3 @@ class OddRecord : public QObject
     RECORD_FIELD(UnknownType, unknown)
     RECORD_FIELD(QString, after)
 };
-
-/// The scalar road of the containers, which no wire record uses.
-Q_DECLARE_METATYPE(Array<int>)
-Q_DECLARE_METATYPE(Dictionary<QString>)
