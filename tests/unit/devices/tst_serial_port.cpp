@@ -22,15 +22,13 @@ QStringList logLines; // of the test that runs
 
 void keepLine(QtMsgType, const QMessageLogContext&, const QString& line) { logLines.append(line); }
 
-/// Whether this process still holds the device, open or gone.
-bool isHeld(const QString& device)
+/// How often this process holds the device, open or gone. A test's own end is one.
+int holders(const QString& device)
 {
-    for (const QFileInfo& fd :
-         QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::System | QDir::Files)) {
-        if (fd.symLinkTarget().startsWith(device))
-            return true;
-    }
-    return false;
+    int count = 0;
+    for (const QFileInfo& fd : QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::System | QDir::Files))
+        count += fd.symLinkTarget().startsWith(device) ? 1 : 0;
+    return count;
 }
 
 } // namespace
@@ -54,6 +52,7 @@ private Q_SLOTS:
     void settingsThatCannotBeOpened();
     void portThatCannotBeOpened();
     void deviceThatVanishes();
+    void closedWhenTheProgramQuits();
     void presentedByCommand();
 
 private:
@@ -241,7 +240,7 @@ void tst_serial_port::destroyedByItsReading()
         heard = number;
         m_reader.reset();
     });
-    QVERIFY(isHeld(pty.line()));
+    QCOMPARE(holders(pty.line()), 2);
     QVERIFY(pty.write("1\r\n"));
     QTRY_VERIFY(!m_reader);
     QCOMPARE(heard, QStringLiteral("00000001"));
@@ -290,12 +289,12 @@ void tst_serial_port::deviceThatVanishes()
 
     for (int round = 2; round < 4; ++round) {
         const QString device = pty->line();
-        QVERIFY(isHeld(device));
+        QCOMPARE(holders(device), 2);
         logLines.clear();
         pty.reset();
         QVERIFY(QFile::remove(name));
         QTRY_VERIFY(reopenTimer()->isActive());
-        QVERIFY(!isHeld(device));
+        QCOMPARE(holders(device), 0);
 
         reopenTimer()->setInterval(1);
         QSignalSpy tries(reopenTimer(), &QTimer::timeout);
@@ -321,6 +320,29 @@ void tst_serial_port::deviceThatVanishes()
     }
     QCOMPARE(logLines, QStringList{QStringLiteral("串口已断开")});
     QVERIFY(m_messages->isEmpty());
+}
+
+void tst_serial_port::closedWhenTheProgramQuits()
+{
+    const auto quit = [] {
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        QCoreApplication::exec();
+    };
+    const QDir locks(QStringLiteral("/var/lock"));
+    auto pty = std::make_unique<Pty>();
+    startOn(pty->line());
+    const QStringList own{QStringLiteral("LCK..*") + QFileInfo(pty->line()).fileName()};
+    QCOMPARE(holders(pty->line()), 2);
+    QVERIFY(!locks.exists() || !locks.entryList(own, QDir::Files).isEmpty());
+    quit();
+    QCOMPARE(holders(pty->line()), 1);
+    QCOMPARE(locks.entryList(own, QDir::Files), QStringList());
+    // One that is away isn't tried any more.
+    m_reader->startDevice();
+    pty.reset();
+    QTRY_VERIFY(reopenTimer()->isActive());
+    quit();
+    QVERIFY(!reopenTimer()->isActive());
 }
 
 void tst_serial_port::presentedByCommand()
