@@ -18,6 +18,7 @@ public:
     explicit Places(const QString& socket, QObject* parent = nullptr);
 
     bool isOpen() const { return m_server.isListening(); }
+    QString error() const { return m_server.errorString(); }
 
 private:
     void answer(QLocalSocket* asker);

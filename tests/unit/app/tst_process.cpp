@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <memory>
+#include <sys/stat.h>
 
 namespace {
 
@@ -57,7 +58,6 @@ public:
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), place.path(QString()));
-        environment.insert(QStringLiteral("TMPDIR"), place.path(QString()));
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), place.path(QString()));
         environment.insert(QStringLiteral("KV_PANEL_API_URLS"), endpoint);
         environment.insert(QStringLiteral("ASAN_OPTIONS"),
@@ -110,7 +110,9 @@ private Q_SLOTS:
     void init() { m_house->reset(); }
 
     void startsAndRuns();
-    void secondInstanceEndsSilently();
+    void secondInstanceEnds();
+    void nothingIsLoadedFromTheWorkingFolder();
+    void placesThatCannotBeToldOf();
     void killedInstanceLocksNobodyOut();
     void settingsThatCannotBeMade();
     void missingHttpLibrary();
@@ -136,7 +138,13 @@ void tst_process::startsAndRuns()
         QVERIFY(run.isRunning());
         QCOMPARE(run.end(), 0);
     }
-    QVERIFY(QFile::exists(place.path(QStringLiteral("kv_panel_v2.db"))));
+    // Settings, identity and log are the user's alone, also those that were readable by everybody before.
+    for (const char* name : {"kv_panel_v2.db", "KV_PANEL_V2.ini", "KV_PANEL_V2.lock", "log"}) {
+        constexpr QFile::Permissions others =
+            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        const QFileInfo file(place.path(QLatin1String(name)));
+        QVERIFY2(file.exists() && (file.permissions() & others) == 0, name);
+    }
     // Nothing that QML complains of: a warning names the file.
     QVERIFY2(!place.log().contains(QStringLiteral("qrc:/")), qPrintable(place.log()));
 
@@ -144,16 +152,44 @@ void tst_process::startsAndRuns()
     QTRY_VERIFY_WITH_TIMEOUT(m_house->executed(QStringLiteral("/baa00/getSysInitByAuthCode")) == 2, 20000);
 }
 
-void tst_process::secondInstanceEndsSilently()
+void tst_process::secondInstanceEnds()
 {
     Installation place;
     Run first(place, m_house->url());
     QTRY_VERIFY_WITH_TIMEOUT(isUp(), 20000);
     Run second(place, m_house->url());
     QCOMPARE(second.exitCode(), failureCode);
-    QCOMPARE(second.output(), QString());
+    const QString cause = QStringLiteral("another terminal runs already, it holds ") +
+                          place.path(QStringLiteral("KV_PANEL_V2.lock"));
+    QVERIFY(second.output().contains(QStringLiteral("kv_panel: ") + cause));
+    QVERIFY(place.log().contains(cause));
     QVERIFY(first.isRunning());
     QCOMPARE(m_house->executed(QStringLiteral("/baa00/getSysInitByAuthCode")), 1);
+}
+
+void tst_process::nothingIsLoadedFromTheWorkingFolder()
+{
+    // Whoever opens one of these waits for good.
+    Installation place;
+    for (const char* name :
+         {":/main.qmlc", ":/js/Glyphs.jsc", ":/js/Func.jsc", ":/qml/Components/Theme.qmlc"}) {
+        const QString trap = place.path(QStringLiteral("./")) + QLatin1String(name);
+        QVERIFY(QDir().mkpath(QFileInfo(trap).path()));
+        QCOMPARE(::mkfifo(trap.toLocal8Bit().constData(), 0600), 0);
+    }
+    Run run(place, m_house->url());
+    QTRY_VERIFY_WITH_TIMEOUT(place.log().contains(QStringLiteral("SETP 1")), 20000); // the main page is there
+    QCOMPARE(run.end(), 0);
+}
+
+void tst_process::placesThatCannotBeToldOf()
+{
+    Installation place;
+    Run run(place, m_house->url(), {}, {QStringLiteral("--places"), place.path(QStringLiteral("none/places"))});
+    QTRY_VERIFY_WITH_TIMEOUT(isUp(), 20000);
+    QCOMPARE(run.end(), 0);
+    QVERIFY(run.output().contains(QStringLiteral("kv_panel: --places: ")));
+    QVERIFY(place.log().contains(QStringLiteral("--places: ")));
 }
 
 void tst_process::killedInstanceLocksNobodyOut()

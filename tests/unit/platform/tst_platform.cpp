@@ -1,3 +1,4 @@
+#include "platform/PrivateFiles.h"
 #include "platform/SingleInstance.h"
 #include "platform/UserValues.h"
 
@@ -7,6 +8,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <sys/stat.h>
 
 namespace {
 
@@ -14,7 +16,7 @@ namespace {
 /// waits.
 const char claimArgument[] = "--claim";
 
-/// Runs the claim in a process of its own, under the same temporary folder and thus the same claim.
+/// Runs the claim in a process of its own, with the same per-user values and thus the same claim.
 class Instance
 {
 public:
@@ -27,7 +29,7 @@ public:
         m_process.closeWriteChannel();
         m_process.waitForFinished();
     }
-    /// "claimed" or "refused".
+    /// "claimed", "refused" or "unguarded".
     QByteArray answer()
     {
         m_process.waitForReadyRead();
@@ -48,6 +50,12 @@ private:
     QProcess m_process;
 };
 
+int modeOf(const QString& path)
+{
+    struct stat status = {};
+    return ::stat(path.toLocal8Bit().constData(), &status) == 0 ? static_cast<int>(status.st_mode & 07777) : -1;
+}
+
 } // namespace
 
 class tst_platform : public QObject
@@ -59,11 +67,13 @@ private Q_SLOTS:
     {
         QVERIFY(m_folder.isValid());
         qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
-        qputenv("TMPDIR", m_folder.path().toUtf8()); // where the claim of an instance is found
     }
 
     void oneInstanceAtATime();
     void killedInstanceLocksNobodyOut();
+    void lockIsTheUsersOwn();
+    void filesAreTheUsersOwn_data();
+    void filesAreTheUsersOwn();
     void userValues_data();
     void userValues();
     void userValueEditedByHand();
@@ -95,6 +105,57 @@ void tst_platform::killedInstanceLocksNobodyOut()
     QCOMPARE(next.answer(), QByteArray("claimed"));
     Instance second;
     QCOMPARE(second.answer(), QByteArray("refused"));
+}
+
+void tst_platform::lockIsTheUsersOwn()
+{
+    const QString lock = m_folder.filePath(QStringLiteral("KV_PANEL_V2.lock"));
+    QFile::remove(lock);
+    {
+        Instance first;
+        QCOMPARE(first.answer(), QByteArray("claimed"));
+    }
+    QCOMPARE(modeOf(lock), 0600);
+    // What somebody else has put there is neither followed nor waited for.
+    const QString elsewhere = m_folder.filePath(QStringLiteral("elsewhere"));
+    QVERIFY(QFile::remove(lock));
+    QVERIFY(QFile::link(elsewhere, lock));
+    {
+        Instance second;
+        QCOMPARE(second.answer(), QByteArray("unguarded"));
+    }
+    QVERIFY(!QFile::exists(elsewhere));
+    QVERIFY(QFile::remove(lock));
+}
+
+void tst_platform::filesAreTheUsersOwn_data()
+{
+    QTest::addColumn<int>("mask"); // the caller's
+    QTest::addColumn<int>("mode"); // of a file that is made, and of one that was readable by everybody
+    QTest::newRow("usual") << 022 << 0600;
+    QTest::newRow("of one's group") << 002 << 0600;
+    QTest::newRow("kiosk") << 007 << 0660;
+    QTest::newRow("readable by a group") << 027 << 0640;
+}
+
+void tst_platform::filesAreTheUsersOwn()
+{
+    QFETCH(int, mask);
+    QFETCH(int, mode);
+    QTemporaryDir folder;
+    const mode_t before = ::umask(static_cast<mode_t>(mask));
+    keepFilesPrivate();
+    QFile made(folder.filePath(QStringLiteral("made")));
+    const bool isMade = made.open(QIODevice::WriteOnly);
+    QFile old(folder.filePath(QStringLiteral("old")));
+    const bool isOld =
+        old.open(QIODevice::WriteOnly) && ::chmod(old.fileName().toLocal8Bit().constData(), 0666) == 0;
+    makePrivate(old.fileName());
+    makePrivate(folder.filePath(QStringLiteral("none")));
+    ::umask(before);
+    QVERIFY(isMade && isOld);
+    QCOMPARE(modeOf(made.fileName()), mode);
+    QCOMPARE(modeOf(old.fileName()), mode);
 }
 
 void tst_platform::userValues_data()
@@ -141,7 +202,10 @@ int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
     if (application.arguments().contains(QString::fromLatin1(claimArgument))) {
-        std::puts(claimSingleInstance() ? "claimed" : "refused");
+        keepFilesPrivate();
+        QString cause;
+        const Claim claim = claimSingleInstance(cause);
+        std::puts(claim == Claim::Ours ? "claimed" : claim == Claim::Taken ? "refused" : "unguarded");
         std::fflush(stdout);
         return std::getchar() == EOF ? 0 : 1;
     }
