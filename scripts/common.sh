@@ -10,6 +10,7 @@ run_packages=(libqt5sql5-sqlite libcurl4 qml-module-qtquick2 qml-module-qtquick-
 demo_packages=(libcpp-httplib-dev nlohmann-json3-dev libssl-dev mosquitto xvfb xauth openbox imagemagick
     libgl1-mesa-dri socat)
 test_packages=(clang clang-format-14 libclang-rt-14-dev xdotool openssl qml-module-qttest curl)
+package_packages=(file dpkg-dev)
 # A parser of printer bytes that we didn't write comes from npm; any node will do.
 command -v npm >/dev/null || test_packages+=(nodejs npm)
 
