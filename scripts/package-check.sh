@@ -7,9 +7,9 @@ usage() {
 usage: scripts/package-check.sh PACKAGE.deb [--house KV_HOUSE] [--suite SUITE] [--mirror URL]
 
 Checks the package with lintian, makes a bare Debian in a folder of its own, installs the package there, starts the
-terminal as its user and as root, runs the kiosk's command line on a virtual screen, installs it over itself, also with
-links in its user's folder, removes and purges it. Says what it did; ends with 1 when something failed. Everything it
-starts and makes is gone afterwards, but for debootstrap and lintian, which it installs when they are missing.
+terminal as its user and as root, runs the kiosk's command line on a virtual screen, boots that Debian with the kiosk
+enabled, installs the package over itself, also with links in its user's folder, removes and purges it. Says what it did; ends with 1 when something failed. Everything it
+starts and makes is gone afterwards, but for debootstrap, lintian and systemd-nspawn, which it installs when they are missing.
 
 Builds nothing; scripts/package.sh does. Needs root and a Debian mirror.
 
@@ -32,11 +32,11 @@ done
 [ "$(id -u)" -eq 0 ] || { echo "error: root is needed" >&2; exit 2; }
 
 . "$(dirname "$0")/common.sh"
-install_missing debootstrap lintian
+install_missing debootstrap lintian systemd-container
 
 # Mounts, processes and shared memory of its own: nothing outlives the run, and a terminal on this machine isn't in the way.
 if [ -z "${KV_PACKAGE_CHECK:-}" ]; then
-    KV_PACKAGE_CHECK=1 exec unshare --mount --ipc --pid --fork --kill-child "$0" "${arguments[@]}"
+    KV_PACKAGE_CHECK=1 exec unshare --mount --ipc --pid --mount-proc --fork --kill-child "$0" "${arguments[@]}"
 fi
 
 seed=$(dirname "$(realpath "$0")")/../house/seed/house.json
@@ -174,6 +174,53 @@ done
 end_terminal
 wait $! || true
 rm -r "$root$runtime" # systemd does, where it runs
+
+say "Booting it with the kiosk enabled, the screen a virtual one"
+check "what a boot needs installs" apt install systemd-sysv dbus libpam-systemd procps
+override=$root/etc/systemd/system/kv-panel-kiosk.service.d
+mkdir -p "$override"
+printf '[Service]\nExecStart=\nExecStart=/usr/lib/kv-panel/kiosk /usr/bin/Xvfb %s -screen 0 1366x768x24\n%s\n' $display \
+    'TTYPath=
+TTYReset=no
+TTYVHangup=no
+StandardInput=null' >"$override/screen.conf"
+printf '[Unit]\nAfter=kv-panel-kiosk.service\nSuccessAction=poweroff\nFailureAction=poweroff\n[Service]\nType=oneshot\n%s\n' \
+    'ExecStart=/root/booted' >"$root/etc/systemd/system/booted.service"
+ln -s /etc/systemd/system/booted.service "$root/etc/systemd/system/multi-user.target.wants"
+cat >"$root/root/booted" <<END
+#!/bin/sh
+exec >/root/booted.out 2>&1
+export DISPLAY=$display
+seen() {
+    for try in \$(seq 60); do
+        XAUTHORITY=$runtime/Xauthority xwininfo -name Kv_Panel_V2 >/dev/null 2>&1 && return
+        sleep 0.5
+    done
+    return 1
+}
+seen && echo shown
+runuser -u nobody -- xwininfo -root >/dev/null 2>&1 || echo closed
+pkill -x kv_panel
+sleep 1
+seen && [ "\$(systemctl show -P NRestarts kv-panel-kiosk)" = 1 ] && echo again
+systemctl stop kv-panel-kiosk
+pgrep 'kv_panel|Xvfb|xinit' || echo stopped
+journalctl --no-pager -u kv-panel-kiosk
+END
+chmod +x "$root/root/booted"
+umount "$root/proc" # it gets one of its own
+timeout 180 systemd-nspawn --quiet --directory="$root" --register=no --keep-unit --boot </dev/null >"$work/boot.log" 2>&1 || true
+mount -t proc proc "$root/proc"
+if [ -e "$root/root/booted.out" ]; then
+    cp "$root/root/booted.out" "$work/booted.log"
+    for word in shown "closed to others" "again after its end" "stopped and gone"; do
+        check "the kiosk is $word" grep -q "^${word%% *}\$" "$work/booted.log"
+    done
+else
+    echo "        not tried: no system can be booted here"
+    tail -n 3 "$work/boot.log" | sed 's/^/        /'
+fi
+rm -r "$override" "$root/etc/systemd/system/booted.service" "$root"/etc/systemd/system/multi-user.target.wants/booted.service "$root"/root/booted*
 
 say "What it wrote"
 elsewhere=$(find "$root" -xdev -user "$(inside id -u kv-panel)" -newer "$work/started" ! -path "$root/$state*" \
