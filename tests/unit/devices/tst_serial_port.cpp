@@ -331,12 +331,13 @@ void tst_serial_port::closedWhenTheProgramQuits()
     const QDir locks(QStringLiteral("/var/lock"));
     auto pty = std::make_unique<Pty>();
     startOn(pty->line());
-    const QStringList own{QStringLiteral("LCK..*") + QFileInfo(pty->line()).fileName()};
+    const QString own =
+        QStringLiteral("LCK..") + pty->line().mid(5).replace(QLatin1Char('/'), QLatin1Char('_'));
     QCOMPARE(holders(pty->line()), 2);
-    QVERIFY(!locks.exists() || !locks.entryList(own, QDir::Files).isEmpty());
+    QVERIFY(!locks.exists() || locks.exists(own));
     quit();
     QCOMPARE(holders(pty->line()), 1);
-    QCOMPARE(locks.entryList(own, QDir::Files), QStringList());
+    QVERIFY(!locks.exists(own));
     // One that is away isn't tried any more.
     m_reader->startDevice();
     pty.reset();
