@@ -12,7 +12,8 @@ demo_packages=(libcpp-httplib-dev nlohmann-json3-dev libssl-dev mosquitto xvfb x
 # What clicks on the screen, and what turns the clock of a program.
 hand_packages=(xdotool)
 fault_packages=(faketime)
-test_packages=(clang clang-format-14 libclang-rt-14-dev openssl qml-module-qttest)
+fuzz_packages=(clang libclang-rt-14-dev)
+test_packages=("${fuzz_packages[@]}" clang-format-14 openssl qml-module-qttest)
 package_packages=(file dpkg-dev)
 # A parser of printer bytes that we didn't write comes from npm; any node will do.
 command -v npm >/dev/null || test_packages+=(nodejs npm)

@@ -128,7 +128,7 @@ typed ./run.sh >"$work/second.log" 2>&1 || code=$?
 check "ends at once, with 1" [ $code -eq 1 -a $((SECONDS - begin)) -le 5 ]
 check "says that one runs" grep -q "runs already" "$work/second.log"
 check "the first one has told the house's address" grep -q "http://127.0.0.1:[0-9]*/_control/" "$work/first.log"
-pkill -f scripts/demo.py || true
+kill $first # su passes it on
 wait $first || true
 
 say "What a tour deletes"
