@@ -38,7 +38,7 @@ done
 
 # The terminal would end at once; why it did is told before anything is built.
 lock=build/demo/config/KV_PANEL_V2.lock
-[ ! -e "$lock" ] || flock -n "$lock" true || fail "the terminal of this demonstration runs already (it holds $lock)"
+! is_locked "$lock" || fail "the terminal of this demonstration runs already (it holds $lock)"
 
 [ -z "$tour" ] || demo_packages+=("${hand_packages[@]}")
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}"

@@ -48,6 +48,9 @@ install_missing() {
     fi
 }
 
+# Whether a process holds a lock on the file; asking for the lock would keep its owner out.
+is_locked() { [ -e "$1" ] && grep -q "FLOCK .*:$(stat -c %i "$1") " /proc/locks; }
+
 # build PRESET [TARGET...]: configures when needed and builds.
 build() {
     local preset=$1

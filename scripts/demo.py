@@ -64,7 +64,7 @@ def run(stand, options):
         return tour.run(stand, hands.connect())
     code = terminal.wait()
     if code == FAILED_START:
-        raise Failed(f"the terminal didn't start; see {stand.bin / 'log'}")
+        raise Failed("the terminal didn't start: " + (stand.said("terminal") or f"see {stand.bin / 'log'}"))
     return code
 
 

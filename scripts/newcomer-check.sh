@@ -120,7 +120,7 @@ typed exec ./run.sh >"$work/first.log" 2>&1 &
 first=$!
 lock=kv_panel/build/demo/config/KV_PANEL_V2.lock
 for _ in $(seq 600); do
-    flock -n "$root$home/$lock" true || break
+    ! is_locked "$root$home/$lock" || break
     sleep 0.2
 done
 begin=$SECONDS code=0

@@ -273,6 +273,10 @@ class Stand:
         count = self.control("stats").get(path, {})
         return count.get("seen", 0), count.get("executed", 0)
 
+    def said(self, name):
+        """The last line of what a part wrote to its standard error."""
+        return ("\n" + (self.run / f"{name}.log").read_text("utf-8", "replace").rstrip()).rsplit("\n", 1)[1]
+
     def log(self):
         """What the terminal has logged; of a copied program this stand's alone."""
         return "".join(file.read_text("utf-8", "replace") for file in sorted((self.bin / "log").glob("*.log")))
