@@ -6,17 +6,18 @@ cd "$(dirname "$0")"
 
 usage() {
     cat <<'HELP'
-usage: ./run.sh [--rooms N] [--others N] [--size WxH] [--shot FILE | --tour FOLDER]
+usage: ./run.sh [--rooms N] [--others N] [--room-mode] [--size WxH] [--shot FILE | --tour FOLDER]
 
 Installs what is missing, builds, starts a mosquitto broker, the demo back end and the terminal on ports of their own,
 and ends all of it when the terminal ends. Without a display a virtual one is started.
 
   --rooms N    size of the demo house
   --others N   changes a second by the house's other terminals (0.2; 0 for none)
+  --room-mode  a house without hand cards, in which a room's number is its card
   --size WxH   size of the virtual display (1920x1080), where there is no other
   --shot FILE  saves a picture of the screen after start-up and ends
   --tour DIR   walks the terminal by clicks like the front desk's evening, saves pictures of every step, then of
-               every page and dialog, and ends
+               every page and dialog, and ends. Of what is in the folder only an earlier tour's pictures are deleted
 
 Settings and identity of the demo terminal are kept in build/demo, its slips in build/demo/slips; remove the folder to
 start afresh.
@@ -27,6 +28,7 @@ options=() tour=""
 while [ $# -gt 0 ]; do
     case $1 in
         --rooms | --others | --size) options+=("$1" "${2:?$1 needs a value}"); shift 2 ;;
+        --room-mode) options+=("$1"); shift ;;
         --tour) tour=1 options+=("$1" "$(realpath -m "${2:?--tour needs a folder}")"); shift 2 ;;
         --shot) options+=("$1" "$(realpath -m "${2:?--shot needs a file}")"); shift 2 ;;
         --help | -h) usage; exit 0 ;;
@@ -34,7 +36,11 @@ while [ $# -gt 0 ]; do
     esac
 done
 
-[ -z "$tour" ] || demo_packages+=(xdotool)
+# The terminal would end at once; why it did is told before anything is built.
+lock=build/demo/config/KV_PANEL_V2.lock
+! is_locked "$lock" || fail "the terminal of this demonstration runs already (it holds $lock)"
+
+[ -z "$tour" ] || demo_packages+=("${hand_packages[@]}")
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}"
 build release kv_panel kv_house kv_card RF003Reader
-exec /usr/bin/python3 scripts/demo.py build build/demo "${options[@]}"
+exec scripts/demo.py build build/demo "${options[@]}"

@@ -24,7 +24,8 @@ while [ $# -gt 0 ]; do
     shift
 done
 
-install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}" "${test_packages[@]}"
+install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}" "${hand_packages[@]}" \
+    "${test_packages[@]}"
 
 say "Checking the style"
 sources() { # those that are there; git also lists what was just deleted
@@ -37,8 +38,7 @@ say "Checking the scripts"
 for script in run.sh test.sh bench.sh scripts/*.sh .ci/run; do
     bash -n "$script"
 done
-/usr/bin/python3 -m py_compile scripts/*.py
-rm -rf scripts/__pycache__
+/usr/bin/python3 -c 'import sys; [compile(open(name).read(), name, "exec") for name in sys.argv[1:]]' scripts/*.py
 
 build "$preset"
 

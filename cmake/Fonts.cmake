@@ -48,6 +48,9 @@ function(kv_add_fonts OUTPUT_DIR)
         DEPENDS ${KV_PANEL_FONT_SCRIPTS}/make_constants.py ${reader} ${table}
         COMMENT "Making the constants of the icons"
         VERBATIM)
+    # The compiler of the pages looks into the scripts of the resources while configuring.
+    execute_process(COMMAND ${KV_PANEL_FONT_PYTHON} -B ${KV_PANEL_FONT_SCRIPTS}/make_constants.py --glyphs ${table}
+                            --out ${generated} COMMAND_ERROR_IS_FATAL ANY)
     file(CONFIGURE OUTPUT ${generated}/Glyphs.qrc @ONLY CONTENT
          "<RCC><qresource prefix=\"/js\"><file>Glyphs.js</file></qresource></RCC>\n")
     add_custom_target(kv_fonts ALL DEPENDS ${fonts} ${constants})

@@ -1,4 +1,4 @@
-# A Debian package: `cpack -G DEB` in the build folder. The program finds its fonts, its log and its printer library beside
+# A Debian package: scripts/package.sh, or `cpack -G DEB` in the build folder. The program finds its fonts, its log and its printer library beside
 # itself, so they stand together; the log is a link to where a log belongs.
 if(NOT UNIX OR APPLE)
     return()
@@ -11,6 +11,7 @@ install(TARGETS posdll LIBRARY DESTINATION ${home})
 install(DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/res/fonts DESTINATION ${home}/res FILES_MATCHING PATTERN "*.ttf")
 install(CODE "file(CREATE_LINK /var/log/kv-panel \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${home}/log SYMBOLIC)")
 install(PROGRAMS ${debian}/kv-panel DESTINATION bin)
+install(PROGRAMS ${debian}/kiosk DESTINATION ${home})
 install(FILES ${debian}/kv-panel.desktop DESTINATION share/applications)
 install(FILES ${CMAKE_SOURCE_DIR}/ui/images/logo.png DESTINATION share/icons/hicolor/128x128/apps RENAME kv-panel.png)
 install(FILES ${CMAKE_SOURCE_DIR}/DEPLOY.md ${CMAKE_SOURCE_DIR}/docs/LICENCES.md ${debian}/copyright DESTINATION share/doc/kv-panel)
@@ -45,9 +46,10 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "adduser, libcurl4, libqt5sql5-sqlite, qml-module-qtquick2, qml-module-qtquick-window2, qml-module-qtquick-controls2, qml-module-qtquick-templates2, qml-module-qtquick-layouts, qml-module-qtquick-shapes, qml-module-qtqml, qml-module-qtqml-models2")
 # The kiosk's X server, and the login session that lets it run without root.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "xinit, xserver-xorg, xserver-xorg-video-all, xserver-xorg-input-all, libpam-systemd")
+    "xinit, xauth, xserver-xorg, xserver-xorg-video-all, xserver-xorg-input-all, libpam-systemd")
 # Settings are entered by hand as long as there is no page for them; printers of the system.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "sqlite3, cups-client")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${debian}/postinst ${debian}/prerm ${debian}/postrm ${debian}/conffiles)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/PackagingTools.cmake)
 include(CPack)

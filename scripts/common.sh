@@ -8,8 +8,13 @@ run_packages=(libqt5sql5-sqlite libcurl4 qml-module-qtquick2 qml-module-qtquick-
     qml-module-qtqml-models2)
 # The demo back end is built with the tests, and a display is made where there is none.
 demo_packages=(libcpp-httplib-dev nlohmann-json3-dev libssl-dev mosquitto xvfb xauth openbox imagemagick
-    libgl1-mesa-dri socat)
-test_packages=(clang clang-format-14 libclang-rt-14-dev xdotool openssl qml-module-qttest curl)
+    libgl1-mesa-dri socat curl)
+# What clicks on the screen, and what turns the clock of a program.
+hand_packages=(xdotool)
+fault_packages=(faketime)
+fuzz_packages=(clang libclang-rt-14-dev)
+test_packages=("${fuzz_packages[@]}" clang-format-14 openssl qml-module-qttest)
+package_packages=(file dpkg-dev)
 # A parser of printer bytes that we didn't write comes from npm; any node will do.
 command -v npm >/dev/null || test_packages+=(nodejs npm)
 
@@ -37,7 +42,14 @@ install_missing() {
     local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300)
     "${apt[@]}" update
     "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >/dev/null
+    # Of the broker only the program is wanted: a service of the system that wasn't there before stays off.
+    if [[ " ${missing[*]} " == *" mosquitto "* ]]; then
+        "${as_root[@]}" sh -c 'invoke-rc.d --quiet mosquitto stop; update-rc.d mosquitto disable' >/dev/null 2>&1 || true
+    fi
 }
+
+# Whether a process holds a lock on the file; asking for the lock would keep its owner out.
+is_locked() { [ -e "$1" ] && grep -q "FLOCK .*:$(stat -c %i "$1") " /proc/locks; }
 
 # build PRESET [TARGET...]: configures when needed and builds.
 build() {

@@ -1,7 +1,7 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3 -B
 """Runs the demonstration that run.sh has built; its options are told there.
 
-demo.py BUILD_FOLDER FOLDER [--rooms N] [--others N] [--size WIDTHxHEIGHT] [--shot FILE | --tour FOLDER]
+demo.py BUILD_FOLDER FOLDER [--rooms N] [--others N] [--room-mode] [--size WIDTHxHEIGHT] [--shot FILE | --tour FOLDER]
 """
 import argparse
 import pathlib
@@ -13,7 +13,7 @@ import tour
 from hands import Hands, Stuck
 from stand import Failed, MANAGER_CARD, Stand, end_on_signals, say, until
 
-SINGLE_INSTANCE_CODE = 255
+FAILED_START = 255
 
 
 def options_of(arguments):
@@ -22,6 +22,7 @@ def options_of(arguments):
     parser.add_argument("folder")
     parser.add_argument("--rooms")
     parser.add_argument("--others", default="0.2")
+    parser.add_argument("--room-mode", action="store_true")
     parser.add_argument("--size", default="1920x1080")
     parser.add_argument("--shot", type=pathlib.Path)
     parser.add_argument("--tour", type=pathlib.Path)
@@ -45,23 +46,26 @@ def take_shot(stand, picture):
 def run(stand, options):
     house_options = ["--rooms", options.rooms] if options.rooms else []
     stand.start_all(options.size, "--others", "0" if options.tour else options.others, *house_options)
-    say("To present a card, from another shell:")
+    if options.room_mode:
+        stand.control("config", {"usedRoomMod": 1})
+    say("To present a card or steer the house, from another shell:")
     card = stand.build / "sim" / "kv_card"
     print(f"   {card} staff {stand.staff_reader} {MANAGER_CARD}     # staff, by the numbers in README.md")
-    print(f"   {card} hand {stand.hand_reader} SERIAL          # a guest's hand card", flush=True)
+    print(f"   {card} hand {stand.hand_reader} SERIAL          # a guest's hand card")
+    print(f"   curl -d '{{\"perSecond\": 2}}' {stand.house_url}/_control/others     # and the other orders of README.md",
+          flush=True)
     say("Starting the terminal")
     terminal = stand.start_terminal(stdout=None)
     if options.shot:
         take_shot(stand, options.shot.resolve())
         return 0
     if options.tour:
-        for old in options.tour.rglob("*.png"):
-            old.unlink()
+        tour.remove_earlier(options.tour)
         hands = Hands(stand.places, stand.environment, options.tour)
         return tour.run(stand, hands.connect())
     code = terminal.wait()
-    if code == SINGLE_INSTANCE_CODE:
-        raise Failed(f"the terminal ended at once: another one is running, or see {stand.bin / 'log'}")
+    if code == FAILED_START:
+        raise Failed("the terminal didn't start: " + (stand.said("terminal") or f"see {stand.bin / 'log'}"))
     return code
 
 

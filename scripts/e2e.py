@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3 -B
 """The whole road through the real program on a virtual screen: e2e.py BUILD_FOLDER [PICTURES].
 
 Fails on a step that can't be done, on any complaint of the pages in the log, on a page or dialog that the terminal's

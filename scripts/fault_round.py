@@ -55,9 +55,6 @@ class Round:
 
     def restart_terminal(self, wrapper=()):
         self.stand.stop("terminal")
-        # Its line stays locked against all but root for as long as the other end is open.
-        self.stand.stop("staff-reader")
-        self.stand.start_readers()
         self.start_terminal(wrapper)
 
     def start_terminal(self, wrapper=()):

@@ -237,6 +237,8 @@ def power(shop):
     shop.hands.tap("saveButton")
     time.sleep(1)
     shop.stand.stop("terminal", signal.SIGKILL)
+    shop.stand.stop("staff-reader", signal.SIGKILL)  # nobody gives its line back
+    shop.stand.start_readers()
     shop.stand.control("clear", {})
     time.sleep(3)
     shop.start_terminal()

@@ -2,6 +2,7 @@
 # Fuzzes the reading of replies. ./scripts/fuzz.sh [--runs N | --seconds N]; what it finds is left in build-fuzz/found.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. scripts/common.sh
 
 limit=(-runs=20000)
 case ${1:-} in
@@ -11,6 +12,7 @@ case ${1:-} in
     *) echo "usage: scripts/fuzz.sh [--runs N | --seconds N]" >&2; exit 2 ;;
 esac
 
+install_missing "${build_packages[@]}" "${fuzz_packages[@]}"
 cmake -S . -B build-fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_C_COMPILER=clang \
     -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKV_PANEL_FUZZ=ON >/dev/null
 cmake --build build-fuzz --target fuzz_records

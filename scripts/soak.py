@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3 -B
 """A whole evening as fast as it goes: soak.py BUILD_FOLDER [REPORT] [--minutes N] [--others N].
 
 The front desk opens rooms, adds cards, orders services, lets guests leave and cleans, room after room, by clicks, while
@@ -10,13 +10,14 @@ import argparse
 import itertools
 import pathlib
 import re
+import shlex
 import sys
 import tempfile
 import time
 
 from e2e import complaints
 from hands import Hands, Stuck
-from stand import MANAGER_CARD, Stand, end_on_signals, say
+from stand import MANAGER_CARD, Stand, end_on_signals, install_missing, say, versions
 
 ROOMS = ("112", "115", "118", "203", "207", "208")
 # What one round takes. Other terminals leave alone what was named here in the last ten minutes.
@@ -24,6 +25,9 @@ CARDS = [str(number) for number in range(8046, 8046 + 2 * len(ROOMS))]
 # Between the middle and the end; an allocator's own unrest stays below.
 MOST_GROWTH_KB = 6000
 MOST_NEW_HANDLES = 2
+LOG_BYTES = 10 * 1024 * 1024
+FULL_LOG = ["The log reached its 10 MiB of the day on the way; from there on events aren't logged any more, and the",
+            "lines that wait in memory for the next day are the step in the memory, which is bounded.", ""]
 EVENT = re.compile(r"^.*(ROOMSTATUS|STAFFSTATUS|CALLCHGDATA)_\s*$", re.MULTILINE)
 
 
@@ -127,16 +131,17 @@ def faults(samples, log):
     return found + complaints(log)[:5]
 
 
-def report(samples, found, others, events, again):
+def report(samples, found, others, log, again, made_with):
     first, last = samples[0], samples[-1]
-    lines = ["# Soak", "", "One simulated evening at the front desk, as fast as it goes; made by `scripts/soak.py`.", "",
+    events = len(EVENT.findall(log))
+    lines = ["# Soak", "", "One simulated evening at the front desk, as fast as it goes; made by", "",
+             f"`{shlex.join(sys.argv)}`", "", f"{made_with}.", "",
              f"{last[0] / 60:.0f} minutes, {last[1]} taps ({again} of them repeated, because a call was under way),",
              f"{last[2]} changes saved, {last[3]} calls, other terminals at {others:.0f} changes a second,",
              f"{events} events of the broker logged. Memory {first[4]} kB at the start and {last[4]} kB at the end,",
              f"handles {first[5]} and {last[5]}, threads {first[6]} and {last[6]}.",
              "; ".join(found) or "No leak, no complaint of the pages.", "",
-             "The log reaches its 10 MiB of the day on the way; from there on events aren't logged any more, and the",
-             "lines that wait in memory for the next day are the step in the memory, which is bounded.", "",
+             *(FULL_LOG if len(log.encode()) >= LOG_BYTES else []),
              "| s | taps | changes | calls | memory (kB) | handles | threads |", "|---|---|---|---|---|---|---|"]
     step = max(1, len(samples) // 16)
     shown = samples[::step] + ([samples[-1]] if (len(samples) - 1) % step else [])
@@ -151,6 +156,7 @@ def main():
     parser.add_argument("--others", type=float, default=20)
     options = parser.parse_args()
     end_on_signals()
+    install_missing("run_packages", "demo_packages", "hand_packages")
     with tempfile.TemporaryDirectory() as folder, Stand(options.build, folder, has_own_program=True) as stand:
         for variable in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"):
             stand.environment.pop(variable, None)
@@ -170,10 +176,9 @@ def main():
             sys.exit(f"soak: {stuck}; see {evening.hands.save_screen('soak-stuck.png')}")
         log = stand.log()
     found = faults(evening.samples, log)
-    events = len(EVENT.findall(log))
     if options.report:
-        options.report.write_text(report(evening.samples, found, options.others, events,
-                                         evening.hands.again))
+        options.report.write_text(report(evening.samples, found, options.others, log, evening.hands.again,
+                                         versions(options.build)))
     say("; ".join(found) or "No leak")
     sys.exit(1 if found else 0)
 

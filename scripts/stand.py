@@ -61,6 +61,35 @@ def free_port():
             return port
 
 
+def install_missing(*groups):
+    """Installs the groups of packages that scripts/common.sh names."""
+    arrays = " ".join(f'"${{{group}[@]}}"' for group in groups)
+    subprocess.run(["bash", "-c", f"set -euo pipefail; . scripts/common.sh; install_missing {arrays}"], check=True,
+                   cwd=HERE.parent)
+
+
+def versions(build):
+    """What a report was made with."""
+    def said(*command):
+        return subprocess.run([str(word) for word in command], capture_output=True, text=True, check=False,
+                              cwd=HERE.parent).stdout.strip()
+    packages = {name: said("dpkg-query", "-W", "-f", "${Version}", package)
+                for name, package in (("Qt", "libqt5core5a"), ("mosquitto", "mosquitto"))}
+    return ", ".join([said(pathlib.Path(build) / "bin" / "kv_panel", "--version").replace("_", "\\_", 1),
+                      f"commit {said('git', 'rev-parse', '--short', 'HEAD') or 'unknown'}",
+                      f"Debian {pathlib.Path('/etc/debian_version').read_text().strip()}",
+                      *(f"{name} {version}" for name, version in packages.items()),
+                      f"{os.cpu_count()} processors, {time.strftime('%Y-%m-%d')}"])
+
+
+def forget_port_locks(process):
+    """A killed terminal leaves the lock of its serial port behind."""
+    for lock in pathlib.Path("/run/lock").glob("LCK..*"):
+        with contextlib.suppress(OSError):
+            if lock.read_text().split("\n", 1)[0] == str(process):
+                lock.unlink()
+
+
 class Stand:
     """One shop. `build` is the build folder, `folder` keeps settings, slips and identity from run to run."""
 
@@ -74,7 +103,8 @@ class Stand:
         self.broker_port = free_port()
         self.house_port = free_port()
         self.house_url = f"http://127.0.0.1:{self.house_port}"
-        self.environment = dict(os.environ)
+        # What window manager and libraries keep goes when the stand goes.
+        self.environment = {**os.environ, "XDG_CACHE_HOME": str(self.run / "cache")}
         self.bin = self._copy_program() if has_own_program else self.build / "bin"
         self.places = self.run / "places"
         self.staff_reader = self.run / "staff-reader"
@@ -87,10 +117,7 @@ class Stand:
         self.end()
 
     def _copy_program(self):
-        """A copy has a log of its own; with its own temporary folder the single-instance guard is its own too."""
-        temporary = self.run / "tmp"
-        temporary.mkdir()
-        self.environment["TMPDIR"] = str(temporary)
+        """A copy has a log of its own."""
         target = self.folder / "program"
         (target / "res").mkdir(parents=True, exist_ok=True)
         for name in ("kv_panel", "kv_house", "libPOSDLL.so"):
@@ -123,6 +150,8 @@ class Stand:
             part.kill()
             part.wait()
             return -signal.SIGKILL
+        finally:
+            forget_port_locks(part.pid)
 
     def freeze(self, name):
         self.parts[name].send_signal(signal.SIGSTOP)
@@ -243,6 +272,10 @@ class Stand:
         """How often the path was asked, and how often the house did what it asks."""
         count = self.control("stats").get(path, {})
         return count.get("seen", 0), count.get("executed", 0)
+
+    def said(self, name):
+        """The last line of what a part wrote to its standard error."""
+        return ("\n" + (self.run / f"{name}.log").read_text("utf-8", "replace").rstrip()).rsplit("\n", 1)[1]
 
     def log(self):
         """What the terminal has logged; of a copied program this stand's alone."""

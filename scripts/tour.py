@@ -5,6 +5,7 @@ import time
 
 from stand import MANAGER, MANAGER_CARD
 
+MADE = "tour.txt"  # which pictures of its folder a tour has made
 BOARD_S = 1.2  # the event of a change comes and the board is fetched
 
 
@@ -224,19 +225,44 @@ def walk(stand, hands):
         part(desk)
 
 
+def pictures_in(folder):
+    return {picture: picture.stat().st_mtime_ns for picture in folder.rglob("*.png")}
+
+
+def note(folder, before):
+    """Writes down which pictures a tour has made, so that the next one can tell them from others."""
+    made = sorted(str(picture.relative_to(folder)) for picture, time_ns in pictures_in(folder).items()
+                  if before.get(picture) != time_ns)
+    (folder / MADE).write_text("".join(f"{name}\n" for name in made))
+
+
+def remove_earlier(folder):
+    """Deletes what an earlier tour has made in the folder, and nothing else."""
+    names = (folder / MADE).read_text().splitlines() if (folder / MADE).exists() else []
+    for name in names:
+        if name.endswith(".png") and ".." not in name and not name.startswith("/"):
+            (folder / name).unlink(missing_ok=True)
+
+
 def every_page(stand, folder):
     """Then the terminal shows each of its pages and dialogs by itself; the exit code of that."""
     stand.stop("terminal")
     stand.environment["KV_PANEL_PASSWORD"] = MANAGER
-    terminal = stand.start_terminal("--selftest", "--staff", MANAGER, "--pictures", folder, stdout=None)
-    code = terminal.wait()
-    for picture in folder.glob("*.png"):
-        subprocess.run(["mogrify", "+dither", "-colors", "255", f"PNG8:{picture}"], check=True)
+    before = pictures_in(folder)
+    code = stand.start_terminal("--selftest", "--staff", MANAGER, "--pictures", folder, stdout=None).wait()
+    for picture, time_ns in pictures_in(folder).items():
+        if before.get(picture) != time_ns:
+            subprocess.run(["mogrify", "+dither", "-colors", "255", f"PNG8:{picture}"], check=True)
     return code
 
 
 def run(stand, hands):
-    walk(stand, hands)
-    code = every_page(stand, hands.pictures.resolve() / "pages")
-    print(f"tour: {len(list(hands.pictures.rglob('*.png')))} pictures in {hands.pictures}", file=sys.stderr)
+    folder = hands.pictures.resolve()
+    before = pictures_in(folder)
+    try:
+        walk(stand, hands)
+        code = every_page(stand, folder / "pages")
+    finally:
+        note(folder, before)
+    print(f"tour: {len((folder / MADE).read_text().splitlines())} pictures in {hands.pictures}", file=sys.stderr)
     return code

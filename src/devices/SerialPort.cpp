@@ -4,6 +4,7 @@
 #include "common/Settings.h"
 #include "platform/SerialPortName.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 
 namespace {
@@ -43,6 +44,8 @@ SerialPort::SerialPort(QObject* parent)
     m_reopenTimer->setObjectName(QStringLiteral("reopen"));
     m_reopenTimer->setInterval(reopenIntervalMs);
     connect(m_reopenTimer, &QTimer::timeout, this, &SerialPort::reopenLostPort);
+    // The reader lives as long as the process. An open port would stay locked against the next one.
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &SerialPort::closeForGood);
 }
 
 SerialPort::~SerialPort()
@@ -116,4 +119,11 @@ void SerialPort::reopenLostPort()
 {
     if (m_port->open(QIODevice::ReadOnly))
         m_reopenTimer->stop();
+}
+
+void SerialPort::closeForGood()
+{
+    m_reopenTimer->stop();
+    if (m_port->isOpen())
+        m_port->close();
 }

@@ -32,6 +32,7 @@ private:
     void onError(QSerialPort::SerialPortError error);
     void closeLostPort();
     void reopenLostPort();
+    void closeForGood();
 
     QString m_portName;
     QByteArray m_buffer;

@@ -10,8 +10,10 @@
 #include "entry/Pages.h"
 #include "inspect/PlaceServer.h"
 #include "inspect/SelfTest.h"
+#include "platform/PrivateFiles.h"
 #include "platform/QuitSignals.h"
 #include "platform/SingleInstance.h"
+#include "platform/UserValues.h"
 #include "services/ServicesRegister.h"
 
 #include <QDebug>
@@ -48,6 +50,13 @@ public:
 private:
     const QFuture<void> m_preparation;
 };
+
+/// For whoever started the program, and for the log.
+void tell(const QString& text)
+{
+    std::fputs(QStringLiteral("kv_panel: %1\n").arg(text).toLocal8Bit().constData(), stderr);
+    qDebug().noquote() << text;
+}
 
 void logTlsVersions()
 {
@@ -91,13 +100,29 @@ int runTerminal(int& argc, char** argv)
         std::fputs(options.answer.toLocal8Bit().constData(), options.exitCode == 0 ? stdout : stderr);
         return options.exitCode;
     }
-    if (!claimSingleInstance())
+    keepFilesPrivate();
+    // The cache of compiled pages is looked for below the working directory.
+    qputenv("QML_DISABLE_DISK_CACHE", "1");
+    QString cause;
+    const Claim claim = claimSingleInstance(cause);
+    if (claim == Claim::Taken) {
+        const QCoreApplication application(argc, argv);
+        const LogUse log;
+        log.waitUntilReady();
+        tell(cause);
         return -1;
+    }
 
     QCoreApplication::setAttribute(Qt::AA_UseSoftwareOpenGL, true);
     QGuiApplication application(argc, argv);
     quitOnTerminationSignals();
     const LogUse log;
+    if (claim == Claim::Unguarded) {
+        log.waitUntilReady();
+        tell(cause);
+    }
+    for (const QString& path : {UserValues::path(), QStringLiteral("kv_panel_v2.db"), logFolder()})
+        makePrivate(path);
     logTlsVersions();
     const QString directory = QCoreApplication::applicationDirPath();
     QFile marker(QStringLiteral("%1/%2.log").arg(logFolder(), QStringLiteral("STEP1")));
@@ -133,6 +158,8 @@ int runTerminal(int& argc, char** argv)
     std::unique_ptr<PlaceServer> places;
     if (!options.placesSocket.isEmpty())
         places = std::make_unique<PlaceServer>(options.placesSocket);
+    if (places && !places->isOpen())
+        tell(QStringLiteral("--places: %1: %2").arg(options.placesSocket, places->error()));
     std::unique_ptr<SelfTest> selfTest;
     if (options.isSelfTest && !engine.rootObjects().isEmpty())
         selfTest = std::make_unique<SelfTest>(engine, options.staffNo,

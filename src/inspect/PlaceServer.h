@@ -18,6 +18,8 @@ public:
     explicit PlaceServer(const QString& socket, QObject* parent = nullptr);
 
     bool isOpen() const { return m_server.isListening(); }
+    QString error() const { return m_server.errorString(); }
+    QString error() const { return m_server.errorString(); }
 
 private:
     void answer(QLocalSocket* asker);

@@ -1,52 +1,65 @@
 #include "platform/SingleInstance.h"
 
+#include <QString>
+
+#ifdef Q_OS_WIN
+
 #include <QSharedMemory>
 
-#ifndef Q_OS_WIN
+Claim claimSingleInstance(QString& cause)
+{
+    static QSharedMemory segment(QStringLiteral("Kv_Panel_V2"));
+    if (segment.create(1, QSharedMemory::ReadWrite))
+        return Claim::Ours;
+    cause = QStringLiteral("another terminal runs already");
+    return Claim::Taken;
+}
+
+#else
+
+#include "platform/UserValues.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
-#endif
 
 namespace {
 
-/// Where a segment outlives a process that was killed: the last one to detach removes it, so that attaching and
-/// detaching clears a stale one and leaves a living owner's alone.
-void clearStaleSegment(const QString& key)
+/// The folder is the user's own, so that no other user can be there before him; and a file that he may only
+/// read can be locked all the same.
+int openLock(const QByteArray& path)
 {
-#ifdef Q_OS_WIN
-    Q_UNUSED(key)
-#else
-    QSharedMemory stale(key);
-    if (stale.attach())
-        stale.detach();
-#endif
-}
-
-bool claim(QSharedMemory& segment)
-{
-    clearStaleSegment(segment.key());
-    if (segment.create(1, QSharedMemory::ReadWrite))
-        return true;
-    // When the temporary folder was emptied under a stale segment, it is only found once the file that names it
-    // has been made anew, which the failed try has done.
-    clearStaleSegment(segment.key());
-    return segment.create(1, QSharedMemory::ReadWrite);
+    constexpr int flags = O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
+    const int file = ::open(path.constData(), O_RDWR | O_CREAT | flags, S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP);
+    return file >= 0 ? file : ::open(path.constData(), O_RDONLY | flags);
 }
 
 } // namespace
 
-bool claimSingleInstance()
+Claim claimSingleInstance(QString& cause)
 {
-    const QString name = QStringLiteral("Kv_Panel_V2");
-    static QSharedMemory segment(name);
-    if (claim(segment))
-        return true;
-#ifndef Q_OS_WIN
-    // What a killed terminal of another user left behind can be neither taken nor removed, and would keep
-    // everyone else out for good; then a terminal is guarded against others of its own user.
-    if (segment.error() == QSharedMemory::PermissionDenied) {
-        segment.setKey(QStringLiteral("%1_%2").arg(name).arg(getuid()));
-        return claim(segment);
+    const QDir folder = QFileInfo(UserValues::path()).dir();
+    QDir().mkpath(folder.path());
+    const QString path = folder.filePath(QStringLiteral("KV_PANEL_V2.lock"));
+    const int file = openLock(QFile::encodeName(path)); // never closed: the claim goes with the process
+    if (file >= 0 && ::flock(file, LOCK_EX | LOCK_NB) == 0)
+        return Claim::Ours;
+    const int error = errno;
+    if (file >= 0)
+        ::close(file);
+    if (error == EWOULDBLOCK) {
+        cause = QStringLiteral("another terminal runs already, it holds %1").arg(path);
+        return Claim::Taken;
     }
-#endif
-    return false;
+    cause = QStringLiteral("whether another terminal runs can't be told: %1: %2")
+                .arg(path, QString::fromLocal8Bit(std::strerror(error)));
+    return Claim::Unguarded;
 }
+
+#endif

@@ -11,5 +11,7 @@ namespace UserValues {
 QString read(const QString& key);
 /// False when the store couldn't be written.
 bool write(const QString& key, const QString& value);
+/// Where they lie: a key of the registry or a file.
+QString path();
 
 } // namespace UserValues

@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include <memory>
+#include <sys/stat.h>
 
 namespace {
 
@@ -88,6 +89,8 @@ private Q_SLOTS:
 
     void startsAndRuns();
     void oneInstanceAtATime();
+    void nothingIsLoadedFromTheWorkingFolder();
+    void placesThatCannotBeToldOf();
     void failedStart_data();
     void failedStart();
     void selfTest_data();
@@ -108,6 +111,13 @@ void tst_process::startsAndRuns()
         QTRY_VERIFY_WITH_TIMEOUT(place.log().contains("/baa00/getSysInitByAuthCode?timestamp="), 5000);
         QVERIFY(run.state() == QProcess::Running);
         QCOMPARE(run.end(), 0);
+    }
+    // Settings, identity and log are the user's alone, also those that were readable by everybody before.
+    for (const char* name : {"kv_panel_v2.db", "KV_PANEL_V2.ini", "KV_PANEL_V2.lock", "log"}) {
+        constexpr QFile::Permissions others =
+            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        const QFileInfo file(place.path(name));
+        QVERIFY2(file.exists() && (file.permissions() & others) == 0, name);
     }
     // Nothing that QML complains of: a warning names the file.
     QVERIFY2(!place.log().contains("qrc:/"), qPrintable(place.log()));
@@ -130,7 +140,8 @@ void tst_process::oneInstanceAtATime()
     QTRY_VERIFY_WITH_TIMEOUT(starts() == 1, 20000);
     Run second(place, m_house->url());
     QCOMPARE(second.code(), failureCode);
-    QCOMPARE(second.readAll(), QByteArray());
+    const QString cause = "another terminal runs already, it holds " + place.path("KV_PANEL_V2.lock");
+    QVERIFY(QString(second.readAll()).contains("kv_panel: " + cause) && place.log().contains(cause));
     QVERIFY(first.state() == QProcess::Running);
     QCOMPARE(starts(), 1);
 
@@ -139,6 +150,30 @@ void tst_process::oneInstanceAtATime()
     first.waitForFinished();
     Run next(place, m_house->url());
     QTRY_VERIFY_WITH_TIMEOUT(starts() == 2, 20000);
+}
+
+void tst_process::nothingIsLoadedFromTheWorkingFolder()
+{
+    // Whoever opens one of these waits for good.
+    Installation place;
+    for (const char* name :
+         {":/main.qmlc", ":/js/Glyphs.jsc", ":/js/Func.jsc", ":/qml/Components/Theme.qmlc"}) {
+        const QString trap = place.path("./") + name;
+        QVERIFY(QDir().mkpath(QFileInfo(trap).path()));
+        QCOMPARE(::mkfifo(trap.toLocal8Bit().constData(), 0600), 0);
+    }
+    Run run(place, m_house->url());
+    QTRY_VERIFY_WITH_TIMEOUT(place.log().contains("SETP 1"), 20000); // the main page is there
+    QCOMPARE(run.end(), 0);
+}
+
+void tst_process::placesThatCannotBeToldOf()
+{
+    Installation place;
+    Run run(place, m_house->url(), {"--places", place.path("none/places")});
+    QTRY_VERIFY_WITH_TIMEOUT(starts() == 1, 20000);
+    QCOMPARE(run.end(), 0);
+    QVERIFY(run.readAll().contains("kv_panel: --places: ") && place.log().contains("--places: "));
 }
 
 // clang-format off

@@ -23,14 +23,13 @@ namespace {
 
 QStringList logLines; // of the test that runs
 
-/// Whether this process still holds the device, open or gone.
-bool isHeld(const QString& device)
+/// How often this process holds the device, open or gone; a test's own end is one.
+int holders(const QString& device)
 {
-    for (const QFileInfo& fd : QDir("/proc/self/fd").entryInfoList(QDir::System | QDir::Files)) {
-        if (fd.symLinkTarget().startsWith(device))
-            return true;
-    }
-    return false;
+    int count = 0;
+    for (const QFileInfo& fd : QDir("/proc/self/fd").entryInfoList(QDir::System | QDir::Files))
+        count += fd.symLinkTarget().startsWith(device) ? 1 : 0;
+    return count;
 }
 
 /// Passes on what it is told.
@@ -169,7 +168,28 @@ private Q_SLOTS:
         QVERIFY(pty->write("1\r\n"));
         QTRY_VERIFY(!m_reader);
         pty.reset();
-        QTRY_VERIFY(!isHeld(line));
+        QTRY_COMPARE(holders(line), 0);
+    }
+    void closedWhenTheProgramQuits()
+    {
+        const auto quit = [] {
+            QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+            QCoreApplication::exec();
+        };
+        auto pty = std::make_unique<Pty>();
+        startOn(pty->line());
+        const QString lock = "/var/lock/LCK.." + pty->line().mid(5).replace('/', '_');
+        QCOMPARE(holders(pty->line()), 2);
+        QVERIFY(!QDir("/var/lock").exists() || QFile::exists(lock));
+        quit();
+        QCOMPARE(holders(pty->line()), 1);
+        QVERIFY(!QFile::exists(lock));
+        // One that is away isn't tried any more.
+        m_reader->startDevice();
+        pty.reset();
+        QTRY_VERIFY(reopenTimer()->isActive());
+        quit();
+        QVERIFY(!reopenTimer()->isActive());
     }
     void portThatCannotBeOpened()
     {
@@ -191,11 +211,11 @@ private Q_SLOTS:
         };
         const auto pull = [&] {
             const QString device = pty->line();
-            QVERIFY(isHeld(device));
+            QCOMPARE(holders(device), 2);
             pty.reset();
             QVERIFY(QFile::remove(name));
             QTRY_VERIFY(reopenTimer()->isActive());
-            QVERIFY(!isHeld(device));
+            QCOMPARE(holders(device), 0);
         };
         plugIn();
         startOn(name);

@@ -1,3 +1,4 @@
+#include "platform/PrivateFiles.h"
 #include "platform/SingleInstance.h"
 #include "platform/UserValues.h"
 
@@ -6,16 +7,18 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <sys/stat.h>
+
 namespace {
 
-/// Another instance of the terminal, in a process of its own under the same temporary folder and thus the same
+/// Another instance of the terminal, in a process of its own with the same per-user values and thus the same
 /// claim: started with --claim, the test program claims the machine and waits.
 class Instance
 {
 public:
     Instance() { m_process.start(QCoreApplication::applicationFilePath(), {"--claim"}); }
     ~Instance() { end(); }
-    /// "claimed" or "refused".
+    /// "claimed", "refused" or "unguarded".
     QByteArray answer()
     {
         m_process.waitForReadyRead();
@@ -31,6 +34,12 @@ private:
     QProcess m_process;
 };
 
+int modeOf(const QString& path)
+{
+    struct stat status = {};
+    return ::stat(path.toLocal8Bit().constData(), &status) == 0 ? static_cast<int>(status.st_mode & 07777) : -1;
+}
+
 } // namespace
 
 class tst_platform : public QObject
@@ -41,7 +50,6 @@ private Q_SLOTS:
     void initTestCase()
     {
         qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
-        qputenv("TMPDIR", m_folder.path().toUtf8()); // where the claim of an instance is found
     }
 
     void oneInstanceAtATime()
@@ -52,6 +60,39 @@ private Q_SLOTS:
             for (int i = 0; i < 3; ++i)
                 QCOMPARE(Instance().answer(), QByteArray("refused"));
             first.end(isKilled);
+        }
+    }
+
+    void lockIsTheUsersOwn()
+    {
+        const QString lock = m_folder.filePath("KV_PANEL_V2.lock");
+        QFile::remove(lock);
+        QCOMPARE(Instance().answer(), QByteArray("claimed"));
+        QCOMPARE(modeOf(lock), 0600);
+        // What somebody else has put there is neither followed nor waited for.
+        const QString elsewhere = m_folder.filePath("elsewhere");
+        QVERIFY(QFile::remove(lock) && QFile::link(elsewhere, lock));
+        QCOMPARE(Instance().answer(), QByteArray("unguarded"));
+        QVERIFY(!QFile::exists(elsewhere) && QFile::remove(lock));
+    }
+
+    void filesAreTheUsersOwn()
+    {
+        // By the caller's mask: the mode of a file that is made, and of one that was readable by everybody.
+        for (const auto& [mask, mode] : {std::pair{022, 0600}, {002, 0600}, {007, 0660}, {027, 0640}}) {
+            const QTemporaryDir folder;
+            const mode_t before = ::umask(static_cast<mode_t>(mask));
+            keepFilesPrivate();
+            QFile made(folder.filePath("made"));
+            QFile old(folder.filePath("old"));
+            const bool areThere = made.open(QIODevice::WriteOnly) && old.open(QIODevice::WriteOnly) &&
+                                  ::chmod(old.fileName().toLocal8Bit().constData(), 0666) == 0;
+            makePrivate(old.fileName());
+            makePrivate(folder.filePath("none"));
+            ::umask(before);
+            QVERIFY(areThere);
+            QCOMPARE(modeOf(made.fileName()), mode);
+            QCOMPARE(modeOf(old.fileName()), mode);
         }
     }
 
@@ -85,7 +126,10 @@ int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
     if (application.arguments().contains("--claim")) {
-        std::puts(claimSingleInstance() ? "claimed" : "refused");
+        keepFilesPrivate();
+        QString cause;
+        const Claim claim = claimSingleInstance(cause);
+        std::puts(claim == Claim::Ours ? "claimed" : claim == Claim::Taken ? "refused" : "unguarded");
         std::fflush(stdout);
         return std::getchar() == EOF ? 0 : 1;
     }

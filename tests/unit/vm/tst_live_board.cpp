@@ -124,7 +124,7 @@ void tst_live_board::newParameters()
 
 void tst_live_board::newChannel()
 {
-    const auto address = QStringLiteral("tcp://localhost:%1").arg(m_broker->port());
+    const auto address = QStringLiteral("tcp://127.0.0.1:%1").arg(m_broker->port());
     const QString before = clientId();
     m_fixture->answer(initPath,
                       QJsonObject{{"mqttInfo", QJsonObject{{"hostUrl", address},
@@ -133,6 +133,7 @@ void tst_live_board::newChannel()
     QSignalSpy connected(program(), &MainClass::mqttConnected);
     const QString key = config()->secretKey();
     config()->setSecretKey("another-key");
+    config()->setMqttUrl(QStringLiteral("broker.example"));
     program()->initMqtt(false);
     config()->setSecretKey(key);
     const QString target = m_fixture->house().lastRequest(initPath).value("target").toString();
@@ -141,7 +142,7 @@ void tst_live_board::newChannel()
     QTRY_COMPARE(connected.size(), 1);
     QTRY_VERIFY(hasSaidGoodBye(before));
     QCOMPARE(program()->findChildren<MqttClient*>().size(), 1);
-    QCOMPARE(config()->mqttUrl(), QStringLiteral("localhost"));
+    QCOMPARE(config()->mqttUrl(), QStringLiteral("127.0.0.1"));
     QCOMPARE(config()->MQTT_ROOM_STATUS(), QStringLiteral("ROOMSTATUS_"));
     const QRegularExpression id("^client_" + config()->storeId() + "_[0-9a-f]{32}$");
     QVERIFY2(id.match(clientId()).hasMatch(), qPrintable(clientId()));
