@@ -1,5 +1,6 @@
 #include "app/MainClass.h"
 #include "common/GlobalConfig.h"
+#include "common/Modules.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -17,6 +18,7 @@ private Q_SLOTS:
     void keepAlive_data();
     void keepAlive();
     void confirmation();
+    void whatAPageGetsFromTheLogin();
 
 private:
     QTemporaryDir m_folder;
@@ -59,6 +61,14 @@ void tst_mainclass::confirmation()
     QCOMPARE(program->showMsgConfirm("提示", "确定吗"), 1);
     disconnect(dialog);
     QVERIFY(program->showMsgConfirm("提示", "") != 1); // nobody there to answer; the last one is forgotten
+}
+
+void tst_mainclass::whatAPageGetsFromTheLogin()
+{
+    const QVariantMap login{{"staffId", "i"}, {"staffNo", "n"}, {"userNo", "u"}, {"pwd", "p"}, {"other", "o"}};
+    QCOMPARE(Modules::getInstance()->arguments("HELP_BASH_WAIT", login),
+             (QVariantMap{{"staffNo", "u"}, {"staffPwd", "p"}, {"staffUid", ""}, {"staffId", "i"}}));
+    QCOMPARE(Modules::getInstance()->arguments("SELF_ORDER", login), QVariantMap());
 }
 
 QTEST_GUILESS_MAIN(tst_mainclass)
