@@ -23,17 +23,9 @@ int portOf(int descriptor, NameCall nameOf)
     return ntohs(address.sin_port);
 }
 
-int peerPort(int descriptor)
-{
-    return portOf(descriptor,
-                  [](int socket, sockaddr* name, socklen_t* size) { return getpeername(socket, name, size); });
-}
+int peerPort(int descriptor) { return portOf(descriptor, getpeername); }
 
-int ownPort(int descriptor)
-{
-    return portOf(descriptor,
-                  [](int socket, sockaddr* name, socklen_t* size) { return getsockname(socket, name, size); });
-}
+int ownPort(int descriptor) { return portOf(descriptor, getsockname); }
 
 std::vector<int> openDescriptors()
 {

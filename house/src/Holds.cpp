@@ -3,31 +3,23 @@
 #include "src/Seed.h"
 #include "src/state/State.h"
 
-#include <set>
-
 namespace house {
 namespace {
 
 constexpr std::size_t idDigits = 18;
 
-/// Fields of every request, none of which names what it is about.
-const std::set<std::string> commonFields = {"storeId",  "compId",  "deviceId",    "soft_version",
-                                            "operator", "creater", "acode",       "ts",
-                                            "nc",       "tcode",   "authOperater"};
-
 } // namespace
 
-void Holds::note(State& state, const Seed& seed, const nlohmann::json& body, Seconds now)
+void Holds::note(State& state, const Seed& seed, const nlohmann::json& value, Seconds now)
 {
-    if (body.is_structured()) {
-        for (const auto& entry : body.items())
-            if (body.is_array() || commonFields.count(entry.key()) == 0)
-                note(state, seed, entry.value(), now);
+    if (value.is_structured()) {
+        for (const auto& part : value)
+            note(state, seed, part, now);
         return;
     }
-    if (!body.is_string())
+    if (!value.is_string())
         return;
-    const std::string text = body.get<std::string>();
+    const std::string text = value.get<std::string>();
     const bool isId = text.size() == idDigits;
     const auto hold = [&](const auto* row) {
         if (row)

@@ -18,9 +18,9 @@ public:
     /// How long the other terminals leave alone what a caller has named.
     static constexpr Seconds holdSeconds = 600;
 
-    /// Notes every room, card and member of staff that a request names by id, number or serial, and the room in
+    /// Notes every room, card and member of staff that a field names by id, number or serial, and the room in
     /// which a named card is.
-    void note(State& state, const Seed& seed, const nlohmann::json& body, Seconds now);
+    void note(State& state, const Seed& seed, const nlohmann::json& value, Seconds now);
     bool has(const std::string& id, Seconds now) const;
 
 private:

@@ -34,7 +34,7 @@ struct House
     std::mutex mutex;
     Seed seed;
     State state;
-    std::unique_ptr<Publisher> publisher = std::make_unique<SilentPublisher>();
+    std::unique_ptr<Publisher> publisher; ///< null in a house that is silent
     Sessions sessions;
     NonceLog nonces;
     PerPath<Fault> faults;

@@ -14,7 +14,6 @@ using nlohmann::json;
 
 constexpr std::size_t cardsLeftToCallers = 20;
 constexpr std::size_t techniciansLeftToCallers = 4;
-constexpr std::size_t mostLines = 6; ///< on a card; nobody eats all evening
 
 /// Tries kinds of change; each of them does nothing when the house doesn't call for it.
 class Attempt
@@ -43,7 +42,7 @@ public:
             return;
         const Room& room = *pick(empty);
         const json guests = newGuests(room);
-        const bool isServed = !itemsIn(room, OrderKind::Technician).empty();
+        const bool isServed = !servicesIn(room).empty();
         json body = {{"id", room.id}, {"cardids", guests}, {"hours", 1 + dice() % 3}};
         body["planid"] = state.plans.findBy(&Plan::roomTypeId, room.typeId)->id;
         if (!guests.empty())
@@ -58,48 +57,38 @@ public:
             call("/bba01/roomAddCard", {{"roomNo", room->code}, {"cardids", guests}});
     }
 
-    void order()
-    {
-        const auto [room, card] = someGuest();
-        const Item* item = room ? pick(itemsIn(*room, OrderKind::Goods)) : nullptr;
-        if (!item || state.ordersOfCard(card->id).size() >= mostLines)
-            return;
-        const json line = {{"id", item->id},
-                           {"status", static_cast<int>(LineStatus::Normal)},
-                           {"orderType", static_cast<int>(item->kind)},
-                           {"num", 1},
-                           {"areaId", typeOf(*room).areaId}};
-        call("/bca01/batchUpdateOrder", {{"items", {line}}, {"mode", 0}, {"hardCardId", card->id}});
-    }
-
     void startService()
     {
-        const auto [room, card] = someGuest();
+        const Room* room = pick(roomsThat([&](const Room& each) {
+            return isInUse(each) && each.status == RoomStatus::Massage && !each.cardIds.empty() &&
+                   !isServed(each);
+        }));
+        const Item* item = room ? pick(servicesIn(*room)) : nullptr;
         std::vector<const Clock*> waiting;
         for (const Clock& clock : state.clocks)
             if (clock.workStatus == WorkWaiting && clock.timerStartedAt == 0)
                 waiting.push_back(&clock);
         const Clock* clock = waiting.size() > techniciansLeftToCallers ? pick(waiting) : nullptr;
-        if (!room || room->status != RoomStatus::Massage || isServed(*room) || !clock || isHeld(clock->id))
+        if (!item || !clock || isHeld(clock->id))
             return;
-        for (const Item* item : servableItems(state, house.seed.staffById(clock->id)->workerTypes))
-            if (isSoldIn(*item, typeOf(*room).areaId))
-                return call("/bda02/startServerWithoutOrder", {{"staffId", clock->id},
-                                                               {"itemId", item->id},
-                                                               {"cardNo", card->number},
-                                                               {"orderType", addedClockKind - 1}});
+        const auto known = servableItems(state, house.seed.staffById(clock->id)->workerTypes);
+        if (std::count(known.begin(), known.end(), item) > 0)
+            call("/bda02/startServerWithoutOrder", {{"staffId", clock->id},
+                                                    {"itemId", item->id},
+                                                    {"cardNo", state.cardNumber(room->cardIds.front())},
+                                                    {"orderType", addedClockKind - 1}});
     }
 
     void endService()
     {
         std::vector<const Order*> over;
-        for (const Room* room : rooms)
-            for (const Order* line : state.ordersOfRoom(room->id)) {
-                const Clock* clock = state.clocks.find(line->staffId);
-                if (clock && clock->workStatus == WorkServing && clock->orderId == line->id &&
-                    !isHeld(clock->id) && surplusMinutes(runningLines(state, *clock), now) <= 0)
-                    over.push_back(line);
-            }
+        for (const Clock& clock : state.clocks) {
+            const ServiceLines lines = runningLines(state, clock);
+            const auto isThere = [&](const Room* room) { return room->id == lines.front()->roomId; };
+            if (!lines.empty() && surplusMinutes(lines, now) <= 0 && !isHeld(clock.id) &&
+                std::any_of(rooms.begin(), rooms.end(), isThere))
+                over.push_back(lines.front());
+        }
         if (const Order* line = pick(over))
             call("/bda02/endServer", {{"orderId", line->id}});
     }
@@ -126,15 +115,13 @@ public:
 
     void clean()
     {
-        const Room* room = pick(roomsThat([](const Room& each) {
-            return each.status == RoomStatus::Cleaning || (each.status == RoomStatus::Occupied && each.isDirty);
-        }));
-        if (!room)
-            return;
-        const bool isCleaned = room->status == RoomStatus::Occupied || room->cleanFlg == 2;
-        json body = {{"id", room->id}, {"isClean", 0}, {"staffId", someStaff("保洁员")->id}};
-        body["cleanFlg"] = room->cleanFlg + 1;
-        call(isCleaned ? "/bba01/chgCleanRoom" : "/bba01/setCleanRoom", body);
+        const Room* room =
+            pick(roomsThat([](const Room& each) { return each.status == RoomStatus::Cleaning; }));
+        if (room && room->cleanFlg == 2)
+            call("/bba01/chgCleanRoom", {{"id", room->id}, {"isClean", 0}});
+        else if (room)
+            call("/bba01/setCleanRoom",
+                 {{"id", room->id}, {"staffId", staffOf("保洁员")->id}, {"cleanFlg", room->cleanFlg + 1}});
     }
 
 private:
@@ -175,13 +162,6 @@ private:
         });
     }
 
-    std::pair<const Room*, const Card*> someGuest()
-    {
-        const Room* room =
-            pick(roomsThat([](const Room& each) { return isInUse(each) && !each.cardIds.empty(); }));
-        return {room, room ? state.cards.find(room->cardIds[dice() % room->cardIds.size()]) : nullptr};
-    }
-
     /// For one of the beds at least, when enough free cards are left.
     json newGuests(const Room& room)
     {
@@ -196,22 +176,20 @@ private:
         return ids;
     }
 
-    std::vector<const Item*> itemsIn(const Room& room, OrderKind kind) const
+    std::vector<const Item*> servicesIn(const Room& room) const
     {
         std::vector<const Item*> found;
         for (const Item& item : state.items)
-            if (item.kind == kind && item.sellFlg != marketPriceSale && isSoldIn(item, typeOf(room).areaId))
+            if (item.kind == OrderKind::Technician && isSoldIn(item, typeOf(room).areaId))
                 found.push_back(&item);
         return found;
     }
 
-    const Staff* someStaff(const char* trade)
+    const Staff* staffOf(const char* trade) const
     {
-        std::vector<const Staff*> found;
-        for (const Staff& person : house.seed.staff)
-            if (person.workerTypes == trade)
-                found.push_back(&person);
-        return pick(found);
+        const auto& staff = house.seed.staff;
+        return &*std::find_if(staff.begin(), staff.end(),
+                              [&](const Staff& person) { return person.workerTypes == trade; });
     }
 
     /// Has the house do it as for any terminal that asks.
@@ -220,7 +198,7 @@ private:
         Call call;
         call.body = body;
         call.terminal = &house.seed.terminals.back();
-        call.staff = someStaff("收银员");
+        call.staff = staffOf("收银员");
         call.now = now;
         const Reply reply = house.endpoints.find(path)->answer(house, call);
         isMade = reply.isGood();
@@ -242,9 +220,9 @@ std::string changeSomething(House& house, Dice& dice, Seconds now)
 {
     // What stands here more than once comes up more often.
     using Move = void (Attempt::*)();
-    std::vector<Move> moves = {&Attempt::open,         &Attempt::open,       &Attempt::addCard, &Attempt::order,
-                               &Attempt::startService, &Attempt::endService, &Attempt::leave,   &Attempt::clean,
-                               &Attempt::clean,        &Attempt::clean};
+    std::vector<Move> moves = {&Attempt::open,         &Attempt::open,       &Attempt::addCard,
+                               &Attempt::startService, &Attempt::endService, &Attempt::leave,
+                               &Attempt::clean,        &Attempt::clean,      &Attempt::clean};
     Attempt attempt(house, dice, now);
     while (!moves.empty() && !attempt.isMade && attempt.refusal.empty()) {
         const auto move = moves.begin() + static_cast<std::ptrdiff_t>(dice() % moves.size());

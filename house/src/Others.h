@@ -11,7 +11,7 @@ namespace house {
 
 using Dice = std::mt19937_64;
 
-/// Changes one thing as another terminal would: somebody comes, orders, is served, leaves, or a room is
+/// Changes one thing as another terminal would: somebody comes, is served, leaves, or a room is
 /// cleaned. Left alone are guest rooms, what a caller has named lately, who waits for a bath helper, and the
 /// groups of all these. Empty when all went well, else what the house refused. The caller holds the mutex.
 std::string changeSomething(House& house, Dice& dice, Seconds now);

@@ -13,11 +13,4 @@ public:
     virtual bool publish(const std::string& topic, const std::string& payload) = 0;
 };
 
-/// Stands in while no broker is wanted.
-class SilentPublisher final : public Publisher
-{
-public:
-    bool publish(const std::string&, const std::string&) override { return false; }
-};
-
 } // namespace house

@@ -243,7 +243,9 @@ Call checkRequest(House& house, const Endpoint& endpoint, const WireRequest& req
     for (const auto step : {checkVerb, checkQuery, checkTimeAndNonce, checkJsonText, checkFields, checkStore,
                             checkSession, checkNonceUnused, checkRights})
         step(check);
-    house.holds.note(house.state, house.seed, check.call.body, check.call.now);
+    for (const Field& field : endpoint.fields)
+        if (check.call.body.contains(field.name))
+            house.holds.note(house.state, house.seed, check.call.body[field.name], check.call.now);
     return std::move(check.call);
 }
 

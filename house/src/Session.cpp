@@ -34,12 +34,6 @@ void Sessions::extend(const std::string& token, std::int64_t endsAt)
         found->second.endsAt = endsAt;
 }
 
-void Sessions::endAll()
-{
-    sessions.clear();
-    vouchers.clear();
-}
-
 void Sessions::vouch(const std::string& staffId, const std::string& deviceId, std::int64_t now)
 {
     vouchers[voucherKey(staffId, deviceId)] = now;

@@ -27,7 +27,6 @@ public:
     /// object.
     const Session* find(const std::string& token, std::int64_t now) const;
     void extend(const std::string& token, std::int64_t endsAt);
-    void endAll();
 
     /// A supervisor has identified himself at a terminal without a login of his own.
     void vouch(const std::string& staffId, const std::string& deviceId, std::int64_t now);

@@ -211,21 +211,8 @@ json RoomRecords::candidate(const Room& room) const
 
 const char* statusWord(RoomStatus status)
 {
-    switch (status) {
-    case RoomStatus::Empty:
-        return "空闲房";
-    case RoomStatus::Massage:
-        return "按摩房";
-    case RoomStatus::Rest:
-        return "休息房";
-    case RoomStatus::Cleaning:
-        return "清扫房";
-    case RoomStatus::Occupied:
-        return "特殊占用房";
-    case RoomStatus::Guest:
-        return "客房";
-    }
-    return "";
+    static constexpr const char* words[] = {"", "空闲房", "按摩房", "休息房", "清扫房", "特殊占用房", "客房"};
+    return words[static_cast<int>(status)];
 }
 
 std::string codeOf(const Staff* person) { return person ? person->code : std::string(); }

@@ -12,11 +12,18 @@ using Seconds = std::int64_t;
 
 enum class RoomStatus { Empty = 1, Massage = 2, Rest = 3, Cleaning = 4, Occupied = 5, Guest = 6 };
 
-struct Floor
+/// What is no more than its name.
+struct Named
 {
     std::string id;
     std::string name;
 };
+
+using Floor = Named;
+using OccupationType = Named; ///< why nobody may have a room
+using CallContent = Named;    ///< a service that guests can call to their room
+using Category = Named;
+using TasteChoice = Named;
 
 struct RoomType
 {
@@ -57,19 +64,6 @@ struct Plan
     std::string roomTypeId;
     int hours = 0;
     double fee = 0;
-};
-
-struct OccupationType
-{
-    std::string id;
-    std::string name;
-};
-
-/// A service that guests can call to their room.
-struct CallContent
-{
-    std::string id;
-    std::string name;
 };
 
 enum class CardStatus { Free = 0, InUse = 1, Lost = 2, Locked = 3 };
@@ -131,12 +125,6 @@ struct Order
     Seconds paidAt = 0; ///< the guest has paid and gone; his card's next guest sees nothing of it
 };
 
-struct Category
-{
-    std::string id;
-    std::string name;
-};
-
 constexpr int marketPriceSale = 2; ///< the price is made at the sale
 
 struct Item
@@ -159,12 +147,6 @@ struct Item
     std::string barCode;
     double commission = 0; ///< share of the amount that goes to the person it counts for
     std::string cardType;  ///< tickets: the one kind of card it is for
-};
-
-struct TasteChoice
-{
-    std::string id;
-    std::string name;
 };
 
 struct TasteGroup
