@@ -4,7 +4,7 @@ set -euo pipefail
 
 usage() {
     cat <<'HELP'
-usage: scripts/newcomer-check.sh [--as-root] [--quick] [--report FILE] [--suite SUITE] [--mirror URL]
+usage: scripts/newcomer-check.sh [--as-root] [--quick | --only "TEST..."] [--report FILE] [--suite SUITE] [--mirror URL]
 
 Makes a bare Debian in a folder of its own, without a hosts file, clones what is committed here into the home of a user
 there who may use sudo, and runs ./run.sh and ./test.sh as that user. Looks at what they install, take and leave behind,
@@ -14,16 +14,18 @@ Needs root, a Debian mirror, the npm registry, 6 GB of disk, and more than half 
 
   --as-root      runs them as root, where there is no sudo
   --quick        ./test.sh --quick
+  --only TESTS   in place of ./test.sh only these of its tests, built and run by hand
   --report FILE  writes the figures to FILE (docs/newcomer.md)
 HELP
 }
 
-user=newcomer test_options=() report="" suite=bookworm mirror=http://deb.debian.org/debian
+user=newcomer only="" test_options=() report="" suite=bookworm mirror=http://deb.debian.org/debian
 arguments=("$@")
 while [ $# -gt 0 ]; do
     case $1 in
         --as-root) user=root; shift ;;
         --quick) test_options=(--quick); shift ;;
+        --only) only=${2:?--only needs the names of tests}; shift 2 ;;
         --report) report=$(realpath -m "${2:?--report needs a file}"); shift 2 ;;
         --suite) suite=${2:?}; shift 2 ;;
         --mirror) mirror=${2:?}; shift 2 ;;
@@ -132,14 +134,19 @@ kill $first # su passes it on
 wait $first || true
 
 say "What a tour deletes"
-mkdir -p "$root/tmp/tour"
-touch "$root/tmp/tour/holiday.png" "$root/tmp/tour/01-main-page.png"
-echo 01-main-page.png >"$root/tmp/tour/tour.txt"
-typed "cd scripts && /usr/bin/python3 -Bc 'import pathlib, tour; tour.remove_earlier(pathlib.Path(\"/tmp/tour\"))'"
+typed "mkdir /tmp/tour && cd /tmp/tour && touch holiday.png 01-main-page.png && echo 01-main-page.png >tour.txt"
+typed "cd scripts && /usr/bin/python3 -Bc 'import pathlib, tour; tour.remove_earlier(pathlib.Path(\"/tmp/tour\"))'" || true
 check "its own pictures and nobody else's" [ "$(ls "$root/tmp/tour" | xargs)" = "holiday.png tour.txt" ]
 
 name="./test.sh${test_options[*]:+ ${test_options[*]}}"
-timed "$name" "$name"
+if [ -z "$only" ]; then
+    timed "$name" "$name"
+else
+    targets=$(tr ' ' '\n' <<<"$only" | grep ^tst_ | xargs)
+    timed "$only" "bash -c 'set -eu; . scripts/common.sh; install_missing \"\${demo_packages[@]}\" \"\${hand_packages[@]}\"
+        cmake --build build --target kv_panel kv_house kv_card RF003Reader $targets
+        ctest --test-dir build --output-on-failure -R \"^(${only// /|})\\\$\"'"
+fi
 
 say "What is left behind"
 check "no broker runs" sh -c '! pgrep -x mosquitto'
