@@ -7,47 +7,65 @@
 #include "platform/LocalText.h"
 #include "services/Baa00Service.h"
 #include "vm/dialogs/LoginVm.h"
+#include "vm/module1/Module1Register.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QLibrary>
+#include <QQmlComponent>
+#include <QTimer>
 
 #include <fcntl.h>
+#include <malloc.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-const QStringList& commonFields()
-{
-    static const QStringList fields = {"storeId", "compId", "deviceId", "soft_version", "operator",
-                                       "creater", "ts",     "nc",       "tcode",        "acode"};
-    return fields;
+/// What the steps may use besides p, and f, which is the fixture.
+const char script[] = R"(
+function tell(no, status, roomNo) {
+    const card = {id: 'id-' + no, cardno: no, status: status || 0, roomNo: roomNo || ''}
+    f.answer('/baa01/getHardCardDetail', card, 1)
 }
+function card(no, status, roomNo) { tell(no, status, roomNo); p.getCardInfo(no, '') }
+function room(numbers, status, fields) {
+    return f.madeUpRoom(numbers.split(' '), Object.assign({status: status || 2}, fields))
+}
+function group(row) { return p.pRoomModel.data(p.pRoomModel.index(row, 0), /* roomModel */ 259) }
+)";
 
 } // namespace
 
 RoomFixture::RoomFixture() : m_before(QDir::currentPath())
 {
+    mallopt(M_PERTURB, 0x5a); // who reads what is gone doesn't find it as it was
     QDir::setCurrent(m_folder.path());
     qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
     connectPrinter();
+    Module1Register().init();
+    QQmlEngine::setObjectOwnership(this, QQmlEngine::CppOwnership);
+    m_engine.globalObject().setProperty("f", m_engine.newQObject(this));
+    run(QString::fromUtf8(script));
     Sqlite settings;
     if (!settings.open() || !settings.createTable())
         return;
     settings.addData(QStringLiteral("print"), QStringLiteral("前台"));
     settings.addData(QStringLiteral("is_open_room_print"), QStringLiteral("1"));
     settings.close();
-    QObject::connect(MyMessage::getInstance(), &MyMessage::showMessageSignal, &m_listener,
-                     [this](const QString& text, const QString& type) { m_shown.append(type + "|" + text); });
-    QObject::connect(MainClass::getInstance(), &MainClass::msgConfirmSignal, &m_listener,
-                     [this](const QString& title, const QString& text) {
-                         m_shown.append("question|" + title + "|" + text);
-                         MainClass::getInstance()->msgConfirmResult(m_answer);
-                     });
+    connect(MyMessage::getInstance(), &MyMessage::showMessageSignal, this,
+            [this](const QString& text, const QString& type) { m_shown.append(type + "|" + text); });
+    connect(MainClass::getInstance(), &MainClass::msgConfirmSignal, this,
+            [this](const QString& title, const QString& text) {
+                m_shown.append("question|" + title + "|" + text);
+                MainClass::getInstance()->msgConfirmResult(m_answer);
+            });
     m_isUp = logIn();
     takeShown();
+    SysConfigDto* store = GlobalConfig::getInstance()->sysConfig();
+    QQmlEngine::setObjectOwnership(store, QQmlEngine::CppOwnership);
+    m_engine.globalObject().setProperty("store", m_engine.newQObject(store));
 }
 
 RoomFixture::~RoomFixture()
@@ -59,7 +77,7 @@ RoomFixture::~RoomFixture()
 /// A named pipe stands for the printer's device file.
 void RoomFixture::connectPrinter()
 {
-    const QByteArray path = QFile::encodeName(m_folder.filePath(QStringLiteral("printer")));
+    const QByteArray path = QFile::encodeName(filePath(QStringLiteral("printer")));
     if (::mkfifo(path.constData(), 0600) != 0)
         qFatal("no named pipe");
     m_paper = ::open(path.constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
@@ -93,6 +111,38 @@ void RoomFixture::reset()
     takeShown();
     takePrinted();
     m_answer = 1;
+    GlobalConfig* config = GlobalConfig::getInstance();
+    config->leave_room_print_count = 0;
+    QSet<QString> rights;
+    for (int code = 101; code <= 117; ++code)
+        rights.insert(QStringLiteral("0%1").arg(code));
+    config->setRights(rights);
+    SysConfigDto* store = config->sysConfig();
+    store->set_openMulti(true);
+    store->set_isNeedCard(true);
+    store->set_usedRoomMod(0);
+    store->set_defaultTime(2);
+    store->set_isCleaning(false);
+}
+
+QObject* RoomFixture::page(const QString& type, const QString& steps)
+{
+    QQmlComponent component(&m_engine);
+    component.setData(QStringLiteral("import %1 1.0\n%1 {}").arg(type).toUtf8(), {});
+    m_page = component.create();
+    if (!m_page)
+        qFatal("%s", qPrintable(component.errorString()));
+    m_engine.globalObject().setProperty("p", m_engine.newQObject(m_page));
+    run(steps);
+    return m_page;
+}
+
+QJSValue RoomFixture::run(const QString& steps)
+{
+    const QJSValue value = m_engine.evaluate(steps);
+    if (value.isError())
+        qFatal("%s: %s", qPrintable(steps), qPrintable(value.toString()));
+    return value;
 }
 
 QStringList RoomFixture::takeShown()
@@ -107,8 +157,9 @@ QVector<QJsonObject> RoomFixture::allSent(const QString& path)
     QVector<QJsonObject> all;
     for (const QJsonValue& request : m_house.requests(path)) {
         QJsonObject fields = request.toObject().value(QStringLiteral("json")).toObject();
-        for (const QString& common : commonFields())
-            fields.remove(common);
+        for (const char* common : {"storeId", "compId", "deviceId", "soft_version", "operator", "creater", "ts",
+                                   "nc", "tcode", "acode"})
+            fields.remove(QLatin1String(common));
         all.append(fields);
     }
     return all;
@@ -130,14 +181,31 @@ void RoomFixture::refuse(const QString& path, const QString& text, int count)
     m_house.answer(path, QJsonObject{{"code", "TEST_ERR"}, {"msg", text}}, count);
 }
 
-Reply<GetRoomDetailNew> RoomFixture::madeUpDetail(QJsonObject fields, const QStringList& cardNos)
+void RoomFixture::closeDuring(const QString& path)
+{
+    const auto close = [this] { delete m_page; };
+    if (path.isEmpty()) {
+        connect(MainClass::getInstance(), &MainClass::msgConfirmSignal, m_page, close);
+        return;
+    }
+    m_house.fault(path, "delay", 100, 1);
+    QTimer::singleShot(30, m_page, close);
+}
+
+QObject* RoomFixture::madeUpRoom(const QStringList& cardNos, QJsonObject fields)
 {
     QJsonArray cards;
-    for (const QString& cardNo : cardNos)
-        cards.append(QJsonObject{{"cardno", cardNo}, {"cardId", "id-" + cardNo}});
+    for (const QString& cardNo : cardNos) {
+        if (!cardNo.isEmpty())
+            cards.append(QJsonObject{{"cardno", cardNo}, {"cardId", "id-" + cardNo}});
+    }
+    fields.insert("id", "R1");
+    fields.insert("roomNo", "101");
     fields.insert("cardlist", cards);
     answer(QStringLiteral("/bba01/getRoomDetailNew"), fields, 1);
-    return RoomFloor::detail({});
+    m_record = RoomFloor::detail({});
+    QQmlEngine::setObjectOwnership(m_record->data(), QQmlEngine::CppOwnership);
+    return m_record->data();
 }
 
 QString RoomFixture::takePrinted()

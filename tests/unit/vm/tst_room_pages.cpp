@@ -3,8 +3,8 @@
 #include "RoomFixture.h"
 
 #include "vm/module1/RoomCallVm.h"
-#include "vm/module1/RoomConsumeVm.h"
 #include "vm/module1/RoomChangeVms.h"
+#include "vm/module1/RoomConsumeVm.h"
 
 #include <QAbstractItemModelTester>
 #include <QTimer>
