@@ -9,12 +9,11 @@
 #include "vm/dialogs/LoginVm.h"
 #include "vm/module1/Module1Register.h"
 
+#include <QAbstractItemModel>
 #include <QDir>
-#include <QFile>
-#include <QJsonDocument>
 #include <QLibrary>
 #include <QQmlComponent>
-#include <QTimer>
+#include <QtTest>
 
 #include <fcntl.h>
 #include <malloc.h>
@@ -23,17 +22,28 @@
 
 namespace {
 
-/// What the steps may use besides p, and f, which is the fixture.
+/// What the steps may use.
 const char script[] = R"(
-function tell(no, status, roomNo) {
-    const card = {id: 'id-' + no, cardno: no, status: status || 0, roomNo: roomNo || ''}
-    f.answer('/baa01/getHardCardDetail', card, 1)
+var rooms = '/bba01/getRoomList', emptyRooms = '/bba01/getEmptyRoomList', plans = '/bba01/getPlanListNew'
+var detail = '/bba01/getRoomDetailNew', candidates = '/bba01/getCanMergeRoomList', cards = '/baa01/getHardCardDetail'
+var kinds = '/bba01/getOccTypeList', lines = '/bba01/getRoomConsList', floors = '/bba01/getFloorSum'
+var types = '/bba01/getRoomTypeSum', overruns = '/bba01/getOverTime', opening = '/bba01/openMassRoom'
+// Lets the house tell so of a card; has the page look it up, too.
+function tell(no, status = 0, roomNo = '', id = 'id-' + no) { f.answer(cards, {id, cardno: no, status, roomNo}, 1) }
+function card(no, ...told) { tell(no, ...told); p.getCardInfo(no, '') }
+// The record of a room with these cards; a page that reads such a room itself.
+function room(numbers, status = 2, fields) { return f.madeUpRoom(numbers, Object.assign({status}, fields)) }
+function read(fields) { f.answer(detail, Object.assign({id: 'R1', status: 2}, fields), 1); return p.init('R0') }
+// An answer that is a list of ids with a name each.
+function ids(text) { return text.split(' ').map(id => ({id, vals: '%1:' + id, name: '%1:' + id, type_name: '%1:' + id})) }
+function show(list, role) { return f.listed(p[list], role) }
+function sent(path) { return JSON.stringify(f.sent(path)) }
+// A group of rooms to merge; all of them.
+function group(row, role = 259) { return p.pRoomModel.data(p.pRoomModel.index(row, 0), role) }
+function groups() {
+    const rows = [...Array(p.pRoomModel.rowCount()).keys()]
+    return rows.map(row => group(row, 257) + ': ' + f.listed(group(row), 'tempName')).join(', ')
 }
-function card(no, status, roomNo) { tell(no, status, roomNo); p.getCardInfo(no, '') }
-function room(numbers, status, fields) {
-    return f.madeUpRoom(numbers.split(' '), Object.assign({status: status || 2}, fields))
-}
-function group(row) { return p.pRoomModel.data(p.pRoomModel.index(row, 0), /* roomModel */ 259) }
 )";
 
 } // namespace
@@ -44,15 +54,11 @@ RoomFixture::RoomFixture() : m_before(QDir::currentPath())
     QDir::setCurrent(m_folder.path());
     qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
     connectPrinter();
-    Module1Register().init();
-    QQmlEngine::setObjectOwnership(this, QQmlEngine::CppOwnership);
-    m_engine.globalObject().setProperty("f", m_engine.newQObject(this));
-    run(QString::fromUtf8(script));
     Sqlite settings;
     if (!settings.open() || !settings.createTable())
         return;
-    settings.addData(QStringLiteral("print"), QStringLiteral("前台"));
-    settings.addData(QStringLiteral("is_open_room_print"), QStringLiteral("1"));
+    settings.addData("print", "前台");
+    settings.addData("is_open_room_print", "1");
     settings.close();
     connect(MyMessage::getInstance(), &MyMessage::showMessageSignal, this,
             [this](const QString& text, const QString& type) { m_shown.append(type + "|" + text); });
@@ -62,10 +68,17 @@ RoomFixture::RoomFixture() : m_before(QDir::currentPath())
                 MainClass::getInstance()->msgConfirmResult(m_answer);
             });
     m_isUp = logIn();
-    takeShown();
-    SysConfigDto* store = GlobalConfig::getInstance()->sysConfig();
-    QQmlEngine::setObjectOwnership(store, QQmlEngine::CppOwnership);
-    m_engine.globalObject().setProperty("store", m_engine.newQObject(store));
+    Module1Register().init();
+    GlobalConfig* config = GlobalConfig::getInstance();
+    const QHash<QString, QObject*> known{{"f", this},
+                                         {"store", config->sysConfig()},
+                                         {"user", config->userInfo()},
+                                         {"terminal", config->terminalInfo()}};
+    for (auto object = known.begin(); object != known.end(); ++object) {
+        QQmlEngine::setObjectOwnership(*object, QQmlEngine::CppOwnership);
+        m_engine.globalObject().setProperty(object.key(), m_engine.newQObject(*object));
+    }
+    run(QString::fromUtf8(script));
 }
 
 RoomFixture::~RoomFixture()
@@ -77,13 +90,13 @@ RoomFixture::~RoomFixture()
 /// A named pipe stands for the printer's device file.
 void RoomFixture::connectPrinter()
 {
-    const QByteArray path = QFile::encodeName(filePath(QStringLiteral("printer")));
+    const QByteArray path = filePath("printer").toUtf8();
     if (::mkfifo(path.constData(), 0600) != 0)
         qFatal("no named pipe");
     m_paper = ::open(path.constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
-    qputenv("KV_PANEL_PRINTERS", QByteArrayLiteral("前台=") + path);
+    qputenv("KV_PANEL_PRINTERS", "前台=" + path);
     // The terminal looks for the library beside its program; once it is there, it is found by name.
-    QLibrary library(HouseProcess::programFolder() + QStringLiteral("/POSDLL"));
+    QLibrary library(HouseProcess::programFolder() + "/POSDLL");
     if (!library.load())
         qWarning("%s", qPrintable(library.errorString()));
 }
@@ -95,14 +108,14 @@ bool RoomFixture::logIn()
         return false;
     config->setApiUrl(m_house.url());
     config->setApiUrls({m_house.url()});
-    config->setSecretKey(QStringLiteral("demo-secret-key-0001"));
+    config->setSecretKey("demo-secret-key-0001");
     const auto init = held(Baa00Service::getInstance()->getSysInitByAuthCode(config->secretKey()));
     if (!init->data())
         return false;
     applySysInit(init->data(), config);
     LoginVm login;
-    login.setModCode(QStringLiteral("ROOMINFO_CTRL"));
-    return login.login(QStringLiteral("1001"), QStringLiteral("1001"), {});
+    login.setModCode("ROOMINFO_CTRL");
+    return login.login("1001", "1001", {});
 }
 
 void RoomFixture::reset()
@@ -111,29 +124,27 @@ void RoomFixture::reset()
     takeShown();
     takePrinted();
     m_answer = 1;
-    GlobalConfig* config = GlobalConfig::getInstance();
-    config->leave_room_print_count = 0;
-    QSet<QString> rights;
-    for (int code = 101; code <= 117; ++code)
-        rights.insert(QStringLiteral("0%1").arg(code));
-    config->setRights(rights);
-    SysConfigDto* store = config->sysConfig();
+    GlobalConfig::getInstance()->leave_room_print_count = 0;
+    dropRight({});
+    SysConfigDto* store = GlobalConfig::getInstance()->sysConfig();
     store->set_openMulti(true);
     store->set_isNeedCard(true);
     store->set_usedRoomMod(0);
     store->set_defaultTime(2);
     store->set_isCleaning(false);
+    GlobalConfig::getInstance()->terminalInfo()->set_isShowAmount(true);
 }
 
 QObject* RoomFixture::page(const QString& type, const QString& steps)
 {
+    run(steps.section("||", 0, -2));
     QQmlComponent component(&m_engine);
     component.setData(QStringLiteral("import %1 1.0\n%1 {}").arg(type).toUtf8(), {});
     m_page = component.create();
     if (!m_page)
         qFatal("%s", qPrintable(component.errorString()));
     m_engine.globalObject().setProperty("p", m_engine.newQObject(m_page));
-    run(steps);
+    run(steps.section("||", -1));
     return m_page;
 }
 
@@ -145,22 +156,33 @@ QJSValue RoomFixture::run(const QString& steps)
     return value;
 }
 
-QStringList RoomFixture::takeShown()
+void RoomFixture::check(const QStringList& row)
 {
-    QStringList taken;
-    taken.swap(m_shown);
-    return taken;
+    const std::unique_ptr<QObject> page(this->page(row.at(0), row.at(1)));
+    QCOMPARE(run(row.at(2)).toString(), row.value(3));
+    QCOMPARE(takeShown().join("; ").replace("\n", "\\n"), row.value(4));
+    QVERIFY(page->property("isEnabled").toBool());
+}
+
+void RoomFixture::closeDuring(const QString& path)
+{
+    const auto close = [this] { delete m_page; };
+    if (path.isEmpty()) {
+        connect(MainClass::getInstance(), &MainClass::msgConfirmSignal, m_page, close);
+        return;
+    }
+    m_house.fault(path, "delay", 100, 1);
+    QTimer::singleShot(30, m_page, close);
 }
 
 QVector<QJsonObject> RoomFixture::allSent(const QString& path)
 {
     QVector<QJsonObject> all;
     for (const QJsonValue& request : m_house.requests(path)) {
-        QJsonObject fields = request.toObject().value(QStringLiteral("json")).toObject();
+        all.append(request.toObject().value("json").toObject());
         for (const char* common : {"storeId", "compId", "deviceId", "soft_version", "operator", "creater", "ts",
                                    "nc", "tcode", "acode"})
-            fields.remove(QLatin1String(common));
-        all.append(fields);
+            all.last().remove(QLatin1String(common));
     }
     return all;
 }
@@ -181,31 +203,39 @@ void RoomFixture::refuse(const QString& path, const QString& text, int count)
     m_house.answer(path, QJsonObject{{"code", "TEST_ERR"}, {"msg", text}}, count);
 }
 
-void RoomFixture::closeDuring(const QString& path)
+void RoomFixture::dropRight(const QString& dropped)
 {
-    const auto close = [this] { delete m_page; };
-    if (path.isEmpty()) {
-        connect(MainClass::getInstance(), &MainClass::msgConfirmSignal, m_page, close);
-        return;
-    }
-    m_house.fault(path, "delay", 100, 1);
-    QTimer::singleShot(30, m_page, close);
+    QSet<QString> rights;
+    for (int code = 101; code <= 117; ++code)
+        rights.insert(QStringLiteral("0%1").arg(code));
+    rights.remove(dropped);
+    GlobalConfig::getInstance()->setRights(rights);
 }
 
-QObject* RoomFixture::madeUpRoom(const QStringList& cardNos, QJsonObject fields)
+QObject* RoomFixture::madeUpRoom(const QString& cardNos, QJsonObject fields)
 {
     QJsonArray cards;
-    for (const QString& cardNo : cardNos) {
-        if (!cardNo.isEmpty())
-            cards.append(QJsonObject{{"cardno", cardNo}, {"cardId", "id-" + cardNo}});
-    }
+    for (const QString& cardNo : cardNos.split(' ', Qt::SkipEmptyParts))
+        cards.append(QJsonObject{{"cardno", cardNo}, {"cardId", "id-" + cardNo}});
     fields.insert("id", "R1");
     fields.insert("roomNo", "101");
     fields.insert("cardlist", cards);
-    answer(QStringLiteral("/bba01/getRoomDetailNew"), fields, 1);
+    answer("/bba01/getRoomDetailNew", fields, 1);
     m_record = RoomFloor::detail({});
     QQmlEngine::setObjectOwnership(m_record->data(), QQmlEngine::CppOwnership);
     return m_record->data();
+}
+
+QString RoomFixture::listed(QObject* list, const QString& role)
+{
+    const auto* model = qobject_cast<QAbstractItemModel*>(list);
+    const auto value = [&](int row, const QByteArray& name) {
+        return model->data(model->index(row, 0), model->roleNames().key(name));
+    };
+    QStringList rows;
+    for (int row = 0; row < model->rowCount(); ++row)
+        rows.append(value(row, role.toLatin1()).toString() + (value(row, "isChecked").toBool() ? "*" : ""));
+    return rows.join(' ');
 }
 
 QString RoomFixture::takePrinted()

@@ -6,7 +6,12 @@
 #include <QPointer>
 #include <QQmlEngine>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QVector>
+
+inline const QString roomsPath = QStringLiteral("/bba01/getRoomList");
+inline const QString plansPath = QStringLiteral("/bba01/getPlanListNew");
+inline const QString done = QStringLiteral("success|操作成功");
 
 /// A terminal logged in for the room board, with the demo house behind it and with scripts in place of pages:
 /// what the view-models of the room pages need. One for a test program, since the shared state lives as long as
@@ -27,32 +32,39 @@ public:
     /// and the store is one in which everything is allowed and hand cards are used.
     void reset();
 
-    /// Makes a view-model as its page does, to be deleted by the caller, and runs the steps.
+    /// Makes a view-model as its page does, to be deleted by the caller, and runs the steps; those before "||"
+    /// are run before it is made.
     QObject* page(const QString& type, const QString& steps = {});
-    /// Runs what a page would call: p is the last view-model that was made, store the store's settings. tell()
-    /// lets the house tell so of a card, card() has p look it up too; room() gives the record of a room with
-    /// these cards, group() a group of rooms to merge. The last step's value.
+    /// Runs what a page would call, and gives the last step's value. p is the last view-model that was made, f
+    /// the fixture, store, user and terminal are the shared settings and the operator; the rest is in the
+    /// script.
     QJSValue run(const QString& steps);
-
-    /// What the user saw since the last call, in its order: "error|text", "success|text",
-    /// "question|title|text".
-    QStringList takeShown();
-    /// What the user answers from now on: 1 yes, 0 no.
-    void answerQuestions(int answer) { m_answer = answer; }
-
-    /// The page's own fields of the last request on the path, as the house saw them.
-    QJsonObject sent(const QString& path);
-    /// The same of all requests, the oldest first.
-    QVector<QJsonObject> allSent(const QString& path);
-
-    /// Lets the house answer so; an answer without count stands until reset().
-    Q_INVOKABLE void answer(const QString& path, const QJsonValue& data, int count = -1);
-    void refuse(const QString& path, const QString& text, int count = -1);
+    /// The table's row: the page; the steps; what to look at in the end; what it says; what was shown.
+    void check(const QStringList& row);
     /// Destroys p while the house works on this call, or while the user is asked when there is no path.
     void closeDuring(const QString& path);
 
+    /// What the user saw since the last call, in its order: "error|text", "success|text",
+    /// "question|title|text".
+    QStringList takeShown() { return std::exchange(m_shown, {}); }
+    /// What the user answers from now on: 1 yes, 0 no.
+    Q_INVOKABLE void answerQuestions(int answer) { m_answer = answer; }
+
+    /// The page's own fields of the requests on the path, as the house saw them, the oldest first; of the last
+    /// one.
+    QVector<QJsonObject> allSent(const QString& path);
+    Q_INVOKABLE QJsonObject sent(const QString& path);
+    Q_INVOKABLE int seen(const QString& path) { return m_house.seen(path); }
+
+    /// Lets the house answer so; an answer without count stands until reset().
+    Q_INVOKABLE void answer(const QString& path, const QJsonValue& data, int count = -1);
+    Q_INVOKABLE void refuse(const QString& path, const QString& text, int count = -1);
+    /// Takes a right from the operator, who has all that a room needs.
+    Q_INVOKABLE void dropRight(const QString& code);
     /// The record of room R1, number 101, from further fields; each card number gets "id-number" as id.
-    Q_INVOKABLE QObject* madeUpRoom(const QStringList& cardNos, QJsonObject fields);
+    Q_INVOKABLE QObject* madeUpRoom(const QString& cardNos, QJsonObject fields);
+    /// What a list shows in this role, the checked row with a star.
+    Q_INVOKABLE QString listed(QObject* list, const QString& role);
     /// What the receipt printer took since the last call.
     QString takePrinted();
 
