@@ -13,7 +13,6 @@
 #include <QDir>
 #include <QLibrary>
 #include <QQmlComponent>
-#include <QtTest>
 
 #include <fcntl.h>
 #include <malloc.h>
@@ -32,7 +31,10 @@ var types = '/bba01/getRoomTypeSum', overruns = '/bba01/getOverTime', opening = 
 function tell(no, status = 0, roomNo = '', id = 'id-' + no) { f.answer(cards, {id, cardno: no, status, roomNo}, 1) }
 function card(no, ...told) { tell(no, ...told); p.getCardInfo(no, '') }
 // The record of a room with these cards; a page that reads such a room itself.
-function room(numbers, status = 2, fields) { return f.madeUpRoom(numbers, Object.assign({status}, fields)) }
+function room(numbers, status = 2, fields) {
+    const cardlist = numbers.split(' ').filter(no => no).map(no => ({cardno: no, cardId: 'id-' + no}))
+    return f.record(Object.assign({id: 'R1', roomNo: '101', status, cardlist}, fields))
+}
 function read(fields) { f.answer(detail, Object.assign({id: 'R1', status: 2}, fields), 1); return p.init('R0') }
 // An answer that is a list of ids with a name each.
 function ids(text) { return text.split(' ').map(id => ({id, vals: '%1:' + id, name: '%1:' + id, type_name: '%1:' + id})) }
@@ -48,7 +50,7 @@ function groups() {
 
 } // namespace
 
-RoomFixture::RoomFixture() : m_before(QDir::currentPath())
+RoomFixture::RoomFixture()
 {
     mallopt(M_PERTURB, 0x5a); // who reads what is gone doesn't find it as it was
     QDir::setCurrent(m_folder.path());
@@ -68,23 +70,17 @@ RoomFixture::RoomFixture() : m_before(QDir::currentPath())
                 MainClass::getInstance()->msgConfirmResult(m_answer);
             });
     m_isUp = logIn();
+    if (!m_isUp)
+        return;
     Module1Register().init();
-    GlobalConfig* config = GlobalConfig::getInstance();
-    const QHash<QString, QObject*> known{{"f", this},
-                                         {"store", config->sysConfig()},
-                                         {"user", config->userInfo()},
-                                         {"terminal", config->terminalInfo()}};
-    for (auto object = known.begin(); object != known.end(); ++object) {
-        QQmlEngine::setObjectOwnership(*object, QQmlEngine::CppOwnership);
-        m_engine.globalObject().setProperty(object.key(), m_engine.newQObject(*object));
-    }
+    know("f", this);
     run(QString::fromUtf8(script));
 }
 
 RoomFixture::~RoomFixture()
 {
     ::close(m_paper);
-    QDir::setCurrent(m_before);
+    QDir::setCurrent(QDir::rootPath());
 }
 
 /// A named pipe stands for the printer's device file.
@@ -126,13 +122,11 @@ void RoomFixture::reset()
     m_answer = 1;
     GlobalConfig::getInstance()->leave_room_print_count = 0;
     dropRight({});
-    SysConfigDto* store = GlobalConfig::getInstance()->sysConfig();
-    store->set_openMulti(true);
-    store->set_isNeedCard(true);
-    store->set_usedRoomMod(0);
-    store->set_defaultTime(2);
-    store->set_isCleaning(false);
-    GlobalConfig::getInstance()->terminalInfo()->set_isShowAmount(true);
+    know("store", GlobalConfig::getInstance()->sysConfig());
+    know("user", GlobalConfig::getInstance()->userInfo());
+    know("terminal", GlobalConfig::getInstance()->terminalInfo());
+    run("terminal.isShowAmount = true; Object.assign(store, {openMulti: true, isNeedCard: true, usedRoomMod: 0,"
+        "defaultTime: 2, isCleaning: false})");
 }
 
 QObject* RoomFixture::page(const QString& type, const QString& steps)
@@ -143,9 +137,15 @@ QObject* RoomFixture::page(const QString& type, const QString& steps)
     m_page = component.create();
     if (!m_page)
         qFatal("%s", qPrintable(component.errorString()));
-    m_engine.globalObject().setProperty("p", m_engine.newQObject(m_page));
+    know("p", m_page);
     run(steps.section("||", -1));
     return m_page;
+}
+
+void RoomFixture::know(const QString& name, QObject* object)
+{
+    QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
+    m_engine.globalObject().setProperty(name, m_engine.newQObject(object));
 }
 
 QJSValue RoomFixture::run(const QString& steps)
@@ -212,14 +212,8 @@ void RoomFixture::dropRight(const QString& dropped)
     GlobalConfig::getInstance()->setRights(rights);
 }
 
-QObject* RoomFixture::madeUpRoom(const QString& cardNos, QJsonObject fields)
+QObject* RoomFixture::record(const QJsonValue& fields)
 {
-    QJsonArray cards;
-    for (const QString& cardNo : cardNos.split(' ', Qt::SkipEmptyParts))
-        cards.append(QJsonObject{{"cardno", cardNo}, {"cardId", "id-" + cardNo}});
-    fields.insert("id", "R1");
-    fields.insert("roomNo", "101");
-    fields.insert("cardlist", cards);
     answer("/bba01/getRoomDetailNew", fields, 1);
     m_record = RoomFloor::detail({});
     QQmlEngine::setObjectOwnership(m_record->data(), QQmlEngine::CppOwnership);

@@ -5,9 +5,9 @@
 
 #include <QPointer>
 #include <QQmlEngine>
+#include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QTimer>
-#include <QVector>
+#include <QtTest>
 
 inline const QString roomsPath = QStringLiteral("/bba01/getRoomList");
 inline const QString plansPath = QStringLiteral("/bba01/getPlanListNew");
@@ -61,8 +61,8 @@ public:
     Q_INVOKABLE void refuse(const QString& path, const QString& text, int count = -1);
     /// Takes a right from the operator, who has all that a room needs.
     Q_INVOKABLE void dropRight(const QString& code);
-    /// The record of room R1, number 101, from further fields; each card number gets "id-number" as id.
-    Q_INVOKABLE QObject* madeUpRoom(const QString& cardNos, QJsonObject fields);
+    /// A room's record as a page gets it, until the next one.
+    Q_INVOKABLE QObject* record(const QJsonValue& fields);
     /// What a list shows in this role, the checked row with a star.
     Q_INVOKABLE QString listed(QObject* list, const QString& role);
     /// What the receipt printer took since the last call.
@@ -71,8 +71,9 @@ public:
 private:
     void connectPrinter();
     bool logIn();
+    /// Makes an object known to the steps.
+    void know(const QString& name, QObject* object);
 
-    const QString m_before;
     QTemporaryDir m_folder;
     HouseProcess m_house;
     QQmlEngine m_engine;
@@ -83,3 +84,16 @@ private:
     int m_paper = -1; ///< the reading end of the printer's device file
     bool m_isUp = false;
 };
+
+/// Makes the rows of a table that is a text: a row a line, its cells between bars with blanks; a line that
+/// begins with blanks goes on with the row before.
+inline void addRows(const char* table)
+{
+    QTest::addColumn<QStringList>("cells");
+    const QString text = QString::fromUtf8(table).trimmed().replace(QRegularExpression("\n +"), " ");
+    for (const QString& row : text.split('\n')) {
+        QStringList cells = row.split(QRegularExpression(" \\|(?= |$)"));
+        cells.replaceInStrings(QRegularExpression("^ +| +$"), {});
+        QTest::newRow(qPrintable(row)) << cells;
+    }
+}

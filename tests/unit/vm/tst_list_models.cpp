@@ -122,13 +122,9 @@ private Q_SLOTS:
 void tst_list_models::changes_data()
 {
     QTest::addColumn<Change>("change");
-    QTest::addColumn<bool>("isDone");
-    QTest::addColumn<QStringList>("told");
-    const auto row = [](const char* name, bool isDone, const QStringList& told, const Change& change) {
-        QTest::newRow(name) << change << isDone << told;
-    };
-    const auto count = [](int at, int num) {
-        return [=](Drinks& list) { return list.changeAt(at, [=](Drink& drink) { drink.num = num; }); };
+    QTest::addColumn<QString>("told");
+    const auto row = [](const char* name, const char* told, const Change& change) {
+        QTest::newRow(name) << change << told;
     };
     const auto refresh = [](const QVector<Drink>& rows) {
         return [=](Drinks& list) {
@@ -139,38 +135,31 @@ void tst_list_models::changes_data()
     QVector<Drink> others = threeDrinks();
     others[0].num = 9;
     others[2].isSelected = true;
-    row("check", true, {"change 1-1:isChecked", "change 2-2:isChecked"},
-        [](Drinks& list) { return list.onChecked(2) && list.checkedIndex() == 2; });
-    row("check what is checked", true, {}, [](Drinks& list) { return list.onChecked(1); });
-    row("check none such", false, {},
-        [](Drinks& list) { return list.onChecked(3) || list.onChecked(-1) || list.checkedIndex() != 1; });
-    row("uncheck", true, {"change 1-1:isChecked"}, [](Drinks& list) {
-        list.uncheckAll();
-        return list.checkedIndex() == -1;
-    });
-    row("select", true, {"change 0-0:isSelected", "change 2-2:isSelected"},
-        [](Drinks& list) { return list.onSelected(0) && list.onSelected(2) && list.row(0).isSelected; });
-    row("select and back", true, {"change 0-0:isSelected", "change 0-0:isSelected"},
-        [](Drinks& list) { return list.onSelected(0) && list.onSelected(0) && !list.row(0).isSelected; });
-    row("select none such", false, {}, [](Drinks& list) { return list.onSelected(3) || list.onSelected(-1); });
-    row("change", true, {"change 2-2:num,text"}, count(2, 7));
-    row("change to the same", true, {}, count(2, 3));
-    row("change none such", false, {}, count(3, 7));
-    row("change before the first", false, {}, count(-1, 7));
-    row("refresh", true, {"change 0-2:num,isSelected,text"}, refresh(others));
-    row("refresh with the same", true, {}, refresh(threeDrinks()));
-    row("refresh with fewer", true, {"reset"}, refresh(others.mid(1)));
-    row("refresh with none", true, {"reset"}, refresh({}));
-    row("replace with the same", true, {"reset"}, [](Drinks& list) {
-        list.replace(threeDrinks());
-        return list.rowCount() == 3;
-    });
-    row("append", true, {"insert 3-3"}, [](Drinks& list) {
-        list.append({"milk"});
-        return list.row(3).name == "milk";
-    });
-    row("remove", true, {"remove 1-1"}, [](Drinks& list) { return list.removeAt(1) && list.row(1).num == 3; });
-    row("remove none such", false, {}, [](Drinks& list) { return list.removeAt(3) || list.removeAt(-1); });
+    row("check", "change 1-1:isChecked change 2-2:isChecked", [](auto& list) { return list.onChecked(2); });
+    row("check what is checked", "", [](auto& list) { return list.onChecked(1); });
+    row("check none such", "", [](auto& list) { return !list.onChecked(3) && !list.onChecked(-1); });
+    row("uncheck", "change 1-1:isChecked",
+        [](auto& list) { return list.uncheckAll(), list.checkedIndex() < 0; });
+    row("select", "change 0-0:isSelected change 2-2:isSelected",
+        [](auto& list) { return list.onSelected(0) && list.onSelected(2) && list.row(0).isSelected; });
+    row("select and back", "change 0-0:isSelected change 0-0:isSelected",
+        [](auto& list) { return list.onSelected(0) && list.onSelected(0); });
+    row("select none such", "", [](auto& list) { return !list.onSelected(3) && !list.onSelected(-1); });
+    const auto count = [](int at, int num) {
+        return [=](auto& list) { return list.changeAt(at, [=](Drink& row) { row.num = num; }) == (at == 2); };
+    };
+    row("change", "change 2-2:num,text", count(2, 7));
+    row("change to the same", "", count(2, 3));
+    row("change none such", "", count(3, 7));
+    row("change before the first", "", count(-1, 7));
+    row("refresh", "change 0-2:num,isSelected,text", refresh(others));
+    row("refresh with the same", "", refresh(threeDrinks()));
+    row("refresh with fewer", "reset", refresh(others.mid(1)));
+    row("refresh with none", "reset", refresh({}));
+    row("replace", "reset", [](auto& list) { return list.replace(threeDrinks()), list.rowCount() == 3; });
+    row("append", "insert 3-3", [](auto& list) { return list.append({"milk"}), list.row(3).name == "milk"; });
+    row("remove", "remove 1-1", [](auto& list) { return list.removeAt(1) && list.row(1).num == 3; });
+    row("remove none such", "", [](auto& list) { return !list.removeAt(3) && !list.removeAt(-1); });
 }
 
 void tst_list_models::changes()
@@ -185,8 +174,8 @@ void tst_list_models::changes()
     drinks.replace(threeDrinks());
     QStringList told;
     note(&drinks, &told);
-    QTEST(change(drinks), "isDone");
-    QTEST(told, "told");
+    QVERIFY(change(drinks));
+    QTEST(told.join(' '), "told");
 }
 
 void tst_list_models::concreteModels_data()

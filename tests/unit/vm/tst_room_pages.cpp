@@ -1,7 +1,6 @@
 // What the room pages show and offer, which cards and rooms they take, and what they print.
 
 #include "RoomFixture.h"
-#include "Rows.h"
 
 #include "common/Clock.h"
 #include "common/GlobalConfig.h"

@@ -1,7 +1,6 @@
 // What each room page sends, what it refuses before it asks the house, and that it may close at any time.
 
 #include "RoomFixture.h"
-#include "Rows.h"
 
 #include "common/GlobalConfig.h"
 
