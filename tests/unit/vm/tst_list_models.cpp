@@ -140,10 +140,8 @@ void tst_list_models::changes_data()
     row("check none such", "", [](auto& list) { return !list.onChecked(3) && !list.onChecked(-1); });
     row("uncheck", "change 1-1:isChecked",
         [](auto& list) { return list.uncheckAll(), list.checkedIndex() < 0; });
-    row("select", "change 0-0:isSelected change 2-2:isSelected",
-        [](auto& list) { return list.onSelected(0) && list.onSelected(2) && list.row(0).isSelected; });
     row("select and back", "change 0-0:isSelected change 0-0:isSelected",
-        [](auto& list) { return list.onSelected(0) && list.onSelected(0); });
+        [](auto& list) { return list.onSelected(0) && list.row(0).isSelected && list.onSelected(0); });
     row("select none such", "", [](auto& list) { return !list.onSelected(3) && !list.onSelected(-1); });
     const auto count = [](int at, int num) {
         return [=](auto& list) { return list.changeAt(at, [=](Drink& row) { row.num = num; }) == (at == 2); };

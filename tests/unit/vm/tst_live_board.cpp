@@ -29,7 +29,7 @@ class tst_live_board : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void cleanupTestCase();
+    void cleanupTestCase() { delete channel(); }
     void init() { m_fixture->reset(); }
 
     void newLine();
@@ -67,13 +67,6 @@ void tst_live_board::initTestCase()
     QSignalSpy connected(program(), &MainClass::mqttConnected);
     program()->initMqtt(true);
     QVERIFY(connected.wait());
-}
-
-void tst_live_board::cleanupTestCase()
-{
-    delete channel();
-    m_broker.reset();
-    m_fixture.reset();
 }
 
 std::unique_ptr<Module1Vm> tst_live_board::listeningBoard()

@@ -14,6 +14,7 @@
 #include "vm/shared/SlipStamp.h"
 
 #include <QLibrary>
+#include <QSettings>
 #include <QSignalSpy>
 
 #include <fcntl.h>
@@ -93,10 +94,9 @@ void tst_view_models::initTestCase()
     QVERIFY(QLibrary(QStringLiteral(KV_SIM_FOLDER "/RF003Reader")).load());
     MainClass::getInstance()->setSqlData("staff_device_com", "COM1");
     GlobalConfig::getInstance()->hand_card_device = 1;
-    QFile identity(m_room->filePath("KV_PANEL_V2.ini"));
-    QVERIFY(identity.open(QIODevice::WriteOnly));
-    identity.write("authCode=KV-DEMO-0001\nsecretKey=demo-secret-key-0001\n");
-    identity.close();
+    QSettings identity(m_room->filePath("KV_PANEL_V2.ini"), QSettings::IniFormat);
+    identity.setValue("authCode", "KV-DEMO-0001");
+    identity.setValue("secretKey", "demo-secret-key-0001");
     MainClass::getInstance()->init();
     QCOMPARE(m_room->takeShown(), QStringList());
 }
@@ -106,7 +106,6 @@ void tst_view_models::cleanupTestCase()
     QTimer::singleShot(0, qApp, &QCoreApplication::quit);
     QCoreApplication::exec(); // ends the readers
     ::close(m_staffLine);
-    m_room.reset();
 }
 
 void tst_view_models::outcomes_data()
@@ -114,32 +113,28 @@ void tst_view_models::outcomes_data()
     QTest::addColumn<Ask>("ask");
     QTest::addColumn<QString>("path");
     QTest::addColumn<QStringList>("told"); // when it is done
-    QTest::addColumn<bool>("isFetch");
-    QTest::newRow("change") << Ask([](Page& page) {
+    const auto row = [](const char* name, const QString& path, const QStringList& told, const Ask& ask) {
+        QTest::newRow(name) << ask << path << told;
+    };
+    row("change", cleanPath, {done}, [](auto& page) {
         return page.change(&Bba01Service::chgCleanRoom, {{"id", "R"}});
-    }) << cleanPath << QStringList{done}
-                            << false;
-    QTest::newRow("silent change") << Ask([](Page& page) {
+    });
+    row("silent change", cleanPath, {}, [](auto& page) {
         return page.changeSilently(&Bba01Service::chgCleanRoom, {{"id", "R"}});
-    }) << cleanPath << QStringList()
-                                   << false;
-    QTest::newRow("fetch") << Ask([](Page& page) {
-        const auto take = [&](const GetRoomListDto& reply) { page.taken += reply.data().size(); };
-        return page.fetch(&Bba01Service::getRoomList, {{"id", "R"}}, take);
-    }) << roomsPath << QStringList()
-                           << true;
-    QTest::newRow("fetch of all") << Ask([](Page& page) {
-        const auto take = [&](const GetOverTimeDto& reply) { page.taken += reply.data().size(); };
-        return page.fetch(&Bba01Service::getOverTime, take, Refusal::Shown);
-    }) << overrunsPath << QStringList()
-                                  << true;
+    });
+    const auto take = [](Page& page) { return [&](const auto& reply) { page.taken += reply.data().size(); }; };
+    row("fetch", roomsPath, {}, [=](auto& page) {
+        return page.fetch(&Bba01Service::getRoomList, {{"id", "R"}}, take(page));
+    });
+    row("fetch of all", overrunsPath, {},
+        [=](auto& page) { return page.fetch(&Bba01Service::getOverTime, take(page), Refusal::Shown); });
 }
 
 void tst_view_models::outcomes()
 {
     QFETCH(Ask, ask);
     QFETCH(QString, path);
-    QFETCH(bool, isFetch);
+    const bool isFetch = path != cleanPath;
     Page page;
     QSignalSpy enabled(&page, &Page::isEnabledChanged);
     QVERIFY(!page.act([&] { return page.require(true, "") && page.require(false, "请选择") && ask(page); }));
@@ -162,7 +157,7 @@ void tst_view_models::meanwhile()
     QFETCH(Ask, ask);
     QFETCH(QString, path);
     QFETCH(QStringList, told);
-    QFETCH(bool, isFetch);
+    const bool isFetch = path != cleanPath;
     for (const bool isRefused : {false, true}) {
         alignas(Page) char memory[sizeof(Page)];
         const QByteArray untouched(sizeof memory, 0x5a);
