@@ -19,7 +19,6 @@ public:
 
     bool isOpen() const { return m_server.isListening(); }
     QString error() const { return m_server.errorString(); }
-    QString error() const { return m_server.errorString(); }
 
 private:
     void answer(QLocalSocket* asker);

@@ -1,410 +1,259 @@
-// The room board's view-model: when it fetches, what it asks for, and what its actions do.
+// The room board: when it fetches, what it asks for and shows, and what taps and searches do.
 
 #include "RoomFixture.h"
 
-#include "app/MainClass.h"
 #include "common/GlobalConfig.h"
-#include "dto/room/RoomRecords.h"
 #include "vm/module1/Module1Vm.h"
-
-#include <QSignalSpy>
-#include <QtTest>
-
-namespace {
-
-const QString listPath = QStringLiteral("/bba01/getRoomList");
-const QStringList boardPaths{listPath, QStringLiteral("/bba01/getFloorSum"),
-                             QStringLiteral("/bba01/getRoomTypeSum"), QStringLiteral("/bba01/getOverTime")};
-
-GlobalConfig* config() { return GlobalConfig::getInstance(); }
-
-QJsonObject roomFields(const QString& number, int status = 1)
-{
-    return {{"id", "id-" + number}, {"code", number}, {"status", status}};
-}
-
-QString shownNumber(const Module1Vm& board, int row) { return board.pRoomModel()->rows().value(row).roomNo; }
-
-} // namespace
-
-Q_DECLARE_METATYPE(std::function<void(Module1Vm&)>)
 
 class tst_room_board : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_fixture = std::make_unique<RoomFixture>();
-        QVERIFY(m_fixture->isUp());
-    }
-    void cleanupTestCase() { m_fixture.reset(); }
-    void init();
+    void initTestCase();
+    void init() { m_room->reset(); }
 
-    void columns_data();
     void columns();
-    void strip();
-    void houseSettings();
-    void firstTickByItself();
-    void tickFetchesOnAMark();
-    void events_data();
-    void events();
-    void tickWaitsForAnAction();
-    void refusedFetch();
-    void filters();
-    void groupMode();
+    void shows_data();
+    void shows();
+    void taps_data();
+    void taps();
+    void tiles_data();
+    void tiles();
     void newerAnswerWins();
-    void goneDuringAFetch();
-    void changes_data();
-    void changes();
-    void searchRoom();
-    void searchCard_data();
-    void searchCard();
 
 private:
-    QStringList fetched() const;
-    void publish(const QString& prefix) { Q_EMIT MainClass::getInstance()->mqttSignal(prefix, {}); }
-    /// A board that has been filled and waits for an event; its own timer stands still.
-    std::unique_ptr<Module1Vm> filledBoard();
-
-    std::unique_ptr<RoomFixture> m_fixture;
+    std::unique_ptr<RoomFixture> m_room;
 };
 
-void tst_room_board::init()
+void tst_room_board::initTestCase()
 {
-    m_fixture->reset();
-    config()->room_item_count = 0;
-    config()->sysConfig()->set_isCleaning(false);
-    config()->sysConfig()->set_usedRoomMod(0);
-}
-
-/// The board's calls since the last reset, in their order.
-QStringList tst_room_board::fetched() const
-{
-    QStringList paths;
-    for (const QJsonValue& request : m_fixture->house().requests({})) {
-        const QString path = request.toObject().value("target").toString().section('?', 0, 0);
-        if (boardPaths.contains(path))
-            paths.append(path);
-    }
-    return paths;
-}
-
-std::unique_ptr<Module1Vm> tst_room_board::filledBoard()
-{
-    auto board = std::make_unique<Module1Vm>();
-    board->timeEvent();
-    board->findChild<QTimer*>("eventTick")->stop();
-    m_fixture->house().reset();
-    m_fixture->takeShown();
-    return board;
-}
-
-void tst_room_board::columns_data()
-{
-    QTest::addColumn<int>("setting");
-    QTest::addColumn<int>("columns");
-    for (const auto& [setting, columns] : {std::pair{0, 8}, {-3, 8}, {5, 8}, {6, 6}, {12, 12}})
-        QTest::addRow("%d", setting) << setting << columns;
+    m_room.reset(new RoomFixture);
+    QVERIFY(m_room->isUp());
+    m_room->run(R"(
+        var all = [rooms, floors, types, overruns]
+        var lists = ['pRoomModel', 'pRoomFloorModel', 'pRoomTypeModel', 'pRoomOverTimeModel']
+        function event() { p.mqttEvent('ROOMSTATUS_', '{}'); p.timeEvent() }
+        function told(text) { return text.split(' ').map(id => ({id, name: 'n' + id, roomUseSum: 1, roomAllSum: 8})) }
+        function fill(floorIds, typeIds) {
+            f.answer(floors, {floorList: told(floorIds)}); f.answer(types, {roomTypeList: told(typeIds)}); event()
+        }
+        function tap(fields) {
+            f.answer(rooms, [{id: 'id-800', code: '800', status: 1}, Object.assign({id: 'id-801', code: '801'}, fields)])
+            p.onSelectStatus('1')
+            let said = []
+            for (const name of ['openRoomAsked', 'roomDetailAsked', 'cleanAsked', 'cleanFlgAsked'])
+                p[name].connect((...values) => said.push([name, ...values].join('|')))
+            for (const miss of ['8', '80', '8010', '', '803'])
+                p.queryRoom(miss)
+            p.tapRoom('801')
+            p.tapRoom('id-801')
+            const once = said.join()
+            p.queryRoom('801') // the same again
+            return said.join() == [once, once].filter(text => text).join() ? once : said
+        }
+        function list(told) { f.answer(rooms, told); p.onSelectStatus('') }
+        function resets(model) { let count = 0; model.modelReset.connect(() => ++count); return () => count }
+        var nothing = {cardList: '', staffList: '', finishStaff: '', groupRoom: '', usedTime: '', leftTime: '',
+                       lastSvrTime: '', payAmount: ''}
+        var inside = Object.assign({}, nothing, {cardList: '客:8001,8002', staffList: '技:801', finishStaff: '停:802',
+                                                 groupRoom: '团:105,106', usedTime: '1:5', leftTime: '0:55'})
+        function full(status) {
+            return {status, cardnos: '8001,8002', staffnos: '801', completedStaffnos: '802', groupRoom: '105,106',
+                    lastSvrTime: '末次下钟 22:15', hours: 2, surplus: 55, needPayAmount: 298.5}
+        }
+        function tile(fields, shown) { // what isn't as expected
+            f.answer(rooms, [fields])
+            p.onSelectStatus('')
+            return Object.keys(shown).map(role => show('pRoomModel', role)).join() == Object.values(shown).join()
+                ? '' : Object.keys(shown).map(role => role + ': ' + show('pRoomModel', role))
+        })");
 }
 
 void tst_room_board::columns()
 {
-    QFETCH(int, setting);
-    config()->room_item_count = setting;
-    QTEST(Module1Vm().itemColumns(), "columns");
-}
-
-void tst_room_board::strip()
-{
-    const Module1Vm board;
-    QStringList shown;
-    for (const room_status_struct& entry : board.pRoomStatusModel()->rows()) {
-        shown.append(entry.statusCode + entry.statusName + (entry.isFirst ? "<" : "") +
-                     (entry.isLast ? ">" : ""));
+    for (const auto& [setting, columns] : {std::pair{0, 8}, {-3, 8}, {5, 8}, {6, 6}, {12, 12}}) {
+        GlobalConfig::getInstance()->room_item_count = setting;
+        QCOMPARE(Module1Vm().itemColumns(), columns);
     }
-    QCOMPARE(shown,
-             (QStringList{"全部状态<", "1空闲房", "7在用房", "4清扫房", "5特殊占用房", "2按摩房", "3休息房>"}));
 }
 
-void tst_room_board::houseSettings()
+// The steps; what to look at; what it says; what is shown to the user.
+void tst_room_board::shows_data()
 {
-    QVERIFY(!Module1Vm().usedRoomMod() && !Module1Vm().isCleaning());
-    config()->sysConfig()->set_isCleaning(true);
-    config()->sysConfig()->set_usedRoomMod(1);
-    QVERIFY(Module1Vm().usedRoomMod() && Module1Vm().isCleaning());
-    config()->sysConfig()->set_usedRoomMod(2);
-    QVERIFY(!Module1Vm().usedRoomMod());
+    addRows(R"(
+0 | [p.isCleaning, p.usedRoomMod] | false,false
+store.isCleaning = true; store.usedRoomMod = 1|| | [p.isCleaning, p.usedRoomMod] | true,true
+store.usedRoomMod = 2|| | p.usedRoomMod | false
+0 | show('pRoomStatusModel', 'statusName') + show('pRoomStatusModel', 'statusCode')
+    | 全部状态 空闲房 在用房 清扫房 特殊占用房 按摩房 休息房 1 7 4 5 2 3
+0 | [p.pRoomModel.rowCount(), all.map(f.seen)] | 0,0,0,0,0
+p.timeEvent(); p.timeEvent() | [all.map(f.seen), sent(rooms)] | 1,1,1,1,{}
+p.timeEvent() | lists.map(list => p[list].rowCount() > 0) | true,true,true,true
+p.timeEvent(); p.isEnabled = false; event(); p.onSelectStatus('1'); p.onChgMode(); p.onChgFloor('F'); p.onChgType('T');
+    p.queryCard('24', '') | [all.map(f.seen), f.seen(cards), p.isGroupMode, p.isEnabled = true, p.timeEvent(),
+    all.map(f.seen)] | 1,1,1,1,0,false,true,,2,2,2,2
+p.timeEvent(); all.map(path => f.refuse(path, path)); event() | lists.map(list => p[list].rowCount() > 0)
+    | true,true,true,true
+    | error|/bba01/getRoomList; error|/bba01/getFloorSum; error|/bba01/getRoomTypeSum; error|/bba01/getOverTime
+p.timeEvent(); f.answer(floors, null); f.answer(types, null); event() | lists.map(list => p[list].rowCount() > 0)
+    | true,true,true,true
+p.timeEvent(); p.onSelectStatus('1') | [sent(rooms), all.map(f.seen)] | {"status":"1"},2,1,1,1
+fill('A B', 'T'); p.onChgFloor('A'); p.onChgFloor('B'); p.onChgType('T') | [sent(rooms), all.map(f.seen)]
+    | {"floorId":["A","B"],"houseType":["T"]},4,1,1,1
+fill('A B', 'T'); p.onChgFloor('A'); p.onChgType('T'); p.onSelectStatus('1'); event() | sent(rooms)
+    | {"floorId":["A"],"houseType":["T"],"status":"1"}
+fill('A B', 'T'); p.onChgFloor('A'); p.onChgType('T'); p.onSelectStatus('1'); p.onChgFloor('A'); p.onChgType('T');
+    p.onSelectStatus('') | sent(rooms) | {}
+fill('A B', 'T'); p.onChgFloor('B'); fill('C B D', 'T') | show('pRoomFloorModel', 'floorId') | C B* D
+fill('A', 'a b c'); ['b', 'c', 'unknown'].map(p.onChgType); fill('A', 'c d b a') | show('pRoomTypeModel', 'typeId')
+    | c* d b* a
+fill('A', 'a b c'); ['b', 'c'].map(p.onChgType); fill('A', 'a c') | [show('pRoomTypeModel', 'typeId'), sent(rooms)]
+    | a c*,{"houseType":["b","c"]}
+fill('A', 'a b') | [show('pRoomTypeModel', 'typeName'), show('pRoomTypeModel', 'num'), show('pRoomFloorModel', 'floorName'),
+    show('pRoomFloorModel', 'num')] | na nb,1/8 1/8,nA,1/8
+f.answer(overruns, [{code: '801', overtimes: 135}, {code: '802', overtimes: 9}]); p.timeEvent()
+    | [show('pRoomOverTimeModel', 'roomNo'), show('pRoomOverTimeModel', 'overDesc')] | 801 802,超2时15分 超0时9分
+p.timeEvent(); p.onChgMode() | [p.isGroupMode, sent(rooms), p.pRoomSortModel.rowCount() > 1] | true,{"sortType":1},true
+p.onChgMode(); p.onSelectStatus('4') | sent(rooms) | {"sortType":1,"status":"4"}
+p.onChgMode(); p.onChgMode() | [p.isGroupMode, sent(rooms)] | false,{}
+list([{id: 'x', code: '801'}]); p.onChgMode(); list([{roomList: [{id: 'y', code: '901'}]}, {roomList: [{id: 'z',
+    code: '902', status: 6, openType: 2, dirtyFlg: true, roomLock: true, cleanFlg: 1}]}]); hits = [];
+    p.selectRoomSignal.connect((...values) => hits.push(values)); ['801', '902'].map(p.queryRoom)
+    | JSON.stringify(hits) | [["z","902",6,2,true,true,1]] | error|此程序不支持客房功能
+list([{code: '801'}, {code: '802'}]); n = resets(p.pRoomModel); list([{code: '802'}, {code: '803'}])
+    | [n(), show('pRoomModel', 'roomNo')] | 0,802 803
+p.onChgMode(); list([{name: 'A', roomList: [{code: '1'}, {code: '2'}]}, {name: 'B', roomList: []}]);
+    first = p.pRoomSortModel.data(p.pRoomSortModel.index(0, 0), 258); n = resets(p.pRoomSortModel); n1 = resets(first);
+    list([{name: 'C', roomList: [{code: '4'}, {code: '2'}]}, {name: 'B', roomList: [{code: '3'}]}])
+    | [n(), n1(), f.listed(first, 'roomNo'), show('pRoomSortModel', 'typeName')] | 0,0,4 2,C B
+p.onChgMode(); list([{name: 'A'}, {name: 'B'}]); n = resets(p.pRoomSortModel); list([{name: 'B'}])
+    | [n(), show('pRoomSortModel', 'typeName')] | 1,B
+tell('1024', 5, '806'); p.queryCard('24', '') | sent(cards) | {"cardno":"24"} | question|提示|[1024]手牌在【806】
+tell('1024', 5); p.queryCard('24', '') | 0 | 0
+f.refuse(cards, '手牌不存在'); p.queryCard('24', '') | 0 | 0 | error|手牌不存在
+)");
 }
 
-void tst_room_board::firstTickByItself()
+void tst_room_board::shows()
 {
-    Module1Vm board;
-    QCOMPARE(board.pRoomModel()->rowCount(), 0);
-    QTRY_VERIFY(board.pRoomOverTimeModel()->rowCount() > 0);
-    QVERIFY(board.pRoomModel()->rowCount() > 0);
-    QVERIFY(board.pRoomFloorModel()->rowCount() > 0);
-    QVERIFY(board.pRoomTypeModel()->rowCount() > 0);
-    QCOMPARE(fetched(), boardPaths);
-    QCOMPARE(m_fixture->sent(listPath), QJsonObject());
+    QFETCH(QStringList, cells);
+    m_room->check(QStringList{"Module1Vm"} + cells);
 }
 
-void tst_room_board::tickFetchesOnAMark()
+// The room; what is asked for; what the user is told, by a tap and by a search.
+void tst_room_board::taps_data()
 {
-    const auto board = filledBoard();
-    auto* tick = board->findChild<QTimer*>("eventTick");
-    board->timeEvent();
-    QCOMPARE(fetched(), QStringList());
-    QVERIFY(tick->isActive());
-    QCOMPARE(tick->interval(), 500);
-    for (int i = 0; i < 1000; ++i)
-        publish(config()->MQTT_ROOM_STATUS());
-    QCOMPARE(fetched(), QStringList());
-    board->timeEvent();
-    board->timeEvent();
-    QCOMPARE(fetched(), boardPaths);
+    addRows(R"(
+{status: 1, openType: 2, dirtyFlg: true} | openRoomAsked|id-801
+{status: 1, roomLock: true} | | error|当前包房已被预约,不能直接开房
+{status: 2, roomLock: true, dirtyFlg: true} | roomDetailAsked|id-801
+{status: 2, openType: 2} | roomDetailAsked|id-801
+{status: 3, openType: 1} | roomDetailAsked|id-801
+{status: 3, openType: 2} | | error|此程序不支持客房功能
+{status: 6, openType: 2} | | error|此程序不支持客房功能
+{status: 6, openType: 1} |
+{status: 7, openType: 2} |
+{status: 8} |
+{status: 9} |
+{status: 0} |
+{status: 4, cleanFlg: 0} | cleanAsked|确定要将当前房间【801】转成空闲房?|id-801|true
+{status: 4, cleanFlg: 1} | cleanAsked|确定要将当前房间【801】转成空闲房?|id-801|true
+{status: 4, cleanFlg: 2} | cleanAsked|确定要将当前房间【801】转成空闲房?|id-801|true
+{status: 4, cleanFlg: 0, inSteps: 1} | cleanFlgAsked|确定要[开始清扫]当前房间【801】?|id-801|1
+{status: 4, cleanFlg: 1, inSteps: 1} | cleanFlgAsked|当前房间【801】 确定[清扫完成]?|id-801|2
+{status: 4, cleanFlg: 2, inSteps: 1} | cleanAsked|确定要将当前房间【801】转成空闲房?|id-801|true
+{status: 4, cleanFlg: 3, inSteps: 1} |
+{status: 5} | cleanAsked|确定要将当前房间【801】转成空闲房?|id-801|false
+{status: 5, inSteps: 1} | cleanAsked|确定要将当前房间【801】转成空闲房?|id-801|false
+{status: 5, dirtyFlg: true} | cleanAsked|确定要将当前房间【801】转成空闲房?|id-801|true
+{status: 5, dirtyFlg: true, inSteps: 1} | cleanAsked|确定要将当前房间【801】转成空闲房?|id-801|true
+)");
 }
 
-void tst_room_board::events_data()
+void tst_room_board::taps()
 {
-    QTest::addColumn<QString>("topic");
-    QTest::addColumn<bool>("isFetching");
-    QTest::newRow("rooms") << config()->MQTT_ROOM_STATUS() << true;
-    QTest::newRow("staff") << config()->MQTT_STAFF_STATUS() << false;
-    QTest::newRow("calls") << config()->MQTT_CALL_CHGDATA() << false;
-    QTest::newRow("no topic") << QString() << false;
-    QTest::newRow("rooms of another store") << config()->MQTT_ROOM_STATUS() + "7" << false;
+    QFETCH(QStringList, cells);
+    const QString told = cells.value(2).isEmpty() ? QString() : cells.at(2) + "; " + cells.at(2);
+    const QString before = cells.at(0).contains("inSteps") ? "store.isCleaning = true||" : "";
+    m_room->check({"Module1Vm", before, "tap(" + cells.at(0) + ")", cells.at(1), told});
 }
 
-void tst_room_board::events()
+// The room; what its tile shows.
+void tst_room_board::tiles_data()
 {
-    QFETCH(QString, topic);
-    const auto board = filledBoard();
-    publish(topic);
-    board->timeEvent();
-    QTEST(!fetched().isEmpty(), "isFetching");
-    // What the broker lost while it was away is fetched whatever it was.
-    m_fixture->house().reset();
-    Q_EMIT MainClass::getInstance()->mqttConnected();
-    board->timeEvent();
-    QCOMPARE(fetched(), boardPaths);
+    addRows(R"(
+{status: 1, statusStr: '空闲房'} | {backColor: '#08A0D3', statusVal: '空闲房'}
+{status: 1, statusStr: '空闲房', roomLock: true} | {backColor: '#08A0D3', statusVal: '预约'}
+{status: 2, statusStr: '按摩房', cleanerNo: '901'} | {backColor: '#DB70D7', statusVal: '', roomCleaner: ''}
+{status: 2, isSettle: true} | {backColor: '#B2B10A'}
+{status: 2, dirtyFlg: true, cleanerNo: '901', cleanerName: '余宝'} | {statusVal: '余宝-901', roomCleaner: '901-余宝'}
+{status: 3} | {backColor: '#DB70D7'}
+{status: 3, isSettle: true} | {backColor: '#B2B10A'}
+{status: 4, statusStr: '清扫房', isSettle: true} | {backColor: '#409914', statusVal: '清扫房'}
+{status: 4, statusStr: '清扫房', cleanFlg: 1} | {statusVal: '开始清扫'}
+{status: 4, statusStr: '清扫房', cleanFlg: 2} | {statusVal: '清扫完成'}
+{status: 4, cleanFlg: 2, cleanerNo: '901', cleanerName: '余宝'} | {statusVal: '余宝-901', roomCleaner: '901-余宝'}
+{status: 5, cooName: '设备维修'} | {backColor: '#CD3333', statusVal: '设备维修'}
+{status: 5, cooName: '设备维修', dirtyFlg: true, cleanerNo: '901', cleanerName: '余宝'}
+    | {backColor: '#409914', statusVal: '清扫', roomCleaner: '901-余宝'}
+{status: 6, openType: 2} | {backColor: '#DB70D7'}
+{status: 6, openType: 2, dirtyFlg: true} | {backColor: '#AC9273'}
+{status: 6, openType: 1, dirtyFlg: true} | {backColor: '#DB70D7'}
+{status: 7} | {backColor: '#DB70D7'}
+{status: 8} | {backColor: '#E51C23'}
+{status: 9} | {backColor: '#000000'}
+{id: 'R1', code: '801', name: '801', remark: '加冰桶'} | {roomId: 'R1', roomNo: '801', roomName: '', remark: '加冰桶'}
+{name: '听泉', floorname: '三楼', num: 2, innum: 4} | {roomName: '听泉', roomFloor: '三楼', roomNum: '2/4'}
+{status: 7, openType: 2, cleanFlg: 1} | {status: 7, openType: 2, cleanFlg: 1, dirtyFlg: false, roomLock: false}
+full(1) | nothing
+full(2) | Object.assign({}, inside, {lastSvrTime: '末次下钟 22:15', payAmount: '¥298.5'})
+full(3) | Object.assign({}, inside, {payAmount: '¥298.5'})
+full(4) | nothing
+full(5) | nothing
+full(6) | nothing
+full(7) | inside
+full(8) | inside
+full(9) | inside
+(terminal.isShowAmount = false, full(3)) | inside
+{status: 2} | {cardList: '', staffList: '', finishStaff: '', groupRoom: '', payAmount: ''}
+{status: 3, needPayAmount: 1234567.25} | {payAmount: '¥1234567.25'}
+{status: 3, needPayAmount: -1} | {payAmount: ''}
+{status: 3, surplus: 0} | {leftTime: '0:0'}
+{status: 3, surplus: 59} | {leftTime: '0:59'}
+{status: 3, surplus: 65} | {leftTime: '1:5'}
+{status: 3, surplus: -1} | {leftTime: '超:>0:1'}
+{status: 3, surplus: -83} | {leftTime: '超:>1:23'}
+{status: 3, surplus: -2879} | {leftTime: '超:>47:59'}
+{status: 3, surplus: -2880} | {leftTime: '超:1d'}
+{status: 3, surplus: -100000} | {leftTime: '超:1d'}
+)");
 }
 
-void tst_room_board::tickWaitsForAnAction()
+void tst_room_board::tiles()
 {
-    const auto board = filledBoard();
-    board->setIsEnabled(false);
-    publish(config()->MQTT_ROOM_STATUS());
-    board->timeEvent();
-    board->onSelectStatus("1");
-    board->onChgMode();
-    board->cleanRoom("id", true);
-    board->queryCard("8001", {});
-    QCOMPARE(m_fixture->house().requests({}).size(), 0);
-    QVERIFY(!board->isGroupMode());
-    board->setIsEnabled(true);
-    board->timeEvent();
-    QCOMPARE(fetched(), boardPaths);
+    QFETCH(QStringList, cells);
+    m_room->check({"Module1Vm", {}, "tile(" + cells.join(", ") + ")"});
 }
 
-void tst_room_board::refusedFetch()
-{
-    const auto board = filledBoard();
-    const int rooms = board->pRoomModel()->rowCount();
-    for (const QString& path : boardPaths)
-        m_fixture->refuse(path, "拒绝" + path);
-    for (int i = 0; i < 2; ++i) {
-        publish(config()->MQTT_ROOM_STATUS());
-        board->timeEvent();
-        QStringList expected;
-        for (const QString& path : boardPaths)
-            expected.append("error|拒绝" + path);
-        QCOMPARE(m_fixture->takeShown(), expected);
-    }
-    QCOMPARE(board->pRoomModel()->rowCount(), rooms);
-    QVERIFY(board->pRoomFloorModel()->rowCount() > 0);
-    // An answer without what it should carry changes nothing either.
-    for (const QString& path : boardPaths.mid(1, 2))
-        m_fixture->answer(path, QJsonValue::Null);
-    publish(config()->MQTT_ROOM_STATUS());
-    board->timeEvent();
-    QVERIFY(board->pRoomFloorModel()->rowCount() > 0);
-}
-
-void tst_room_board::filters()
-{
-    const auto board = filledBoard();
-    const int all = board->pRoomModel()->rowCount();
-    const QString floor = board->pRoomFloorModel()->rows().value(0).id;
-    const QString floor2 = board->pRoomFloorModel()->rows().value(1).id;
-    const QString type = board->pRoomTypeModel()->rows().value(0).id;
-    const auto enabled = noteEnabled(board.get());
-
-    board->onSelectStatus("1");
-    QCOMPARE(m_fixture->sent(listPath), (QJsonObject{{"status", "1"}}));
-    QVERIFY(board->pRoomModel()->rowCount() > 0 && board->pRoomModel()->rowCount() < all);
-    for (const RoomTile& tile : board->pRoomModel()->rows())
-        QCOMPARE(tile.status, 1);
-    board->onChgFloor(floor);
-    QCOMPARE(m_fixture->sent(listPath), (QJsonObject{{"status", "1"}, {"floorId", QJsonArray{floor}}}));
-    board->onChgFloor(floor2);
-    board->onChgType(type);
-    QCOMPARE(m_fixture->sent(listPath),
-             (QJsonObject{
-                 {"status", "1"}, {"floorId", QJsonArray{floor, floor2}}, {"houseType", QJsonArray{type}}}));
-    // The marks outlive a refresh, and a refresh asks for the same rooms.
-    publish(config()->MQTT_ROOM_STATUS());
-    board->timeEvent();
-    QCOMPARE(m_fixture->sent(listPath).value("floorId").toArray(), (QJsonArray{floor, floor2}));
-    QCOMPARE(board->pRoomFloorModel()->checkedIds(), (QStringList{floor, floor2}));
-    board->onSelectStatus({});
-    board->onChgFloor(floor2);
-    board->onChgFloor(floor);
-    board->onChgType(type);
-    QCOMPARE(m_fixture->sent(listPath), QJsonObject());
-    QCOMPARE(board->pRoomModel()->rowCount(), all);
-    QCOMPARE(*enabled, busyOnce() + busyOnce() + busyOnce() + busyOnce() + busyOnce() + busyOnce() +
-                           busyOnce() + busyOnce());
-    // The floors, types and exceptions were fetched by the one tick alone.
-    QCOMPARE(m_fixture->house().seen(boardPaths.at(1)), 1);
-}
-
-void tst_room_board::groupMode()
-{
-    const auto board = filledBoard();
-    board->onChgMode();
-    QVERIFY(board->isGroupMode());
-    QCOMPARE(m_fixture->sent(listPath), (QJsonObject{{"sortType", 1}}));
-    int rooms = 0;
-    for (const RoomSortVm* group : board->pRoomSortModel()->rows())
-        rooms += group->pRoomModel->rowCount();
-    QCOMPARE(rooms, board->pRoomModel()->rowCount());
-    board->onSelectStatus("4");
-    QCOMPARE(m_fixture->sent(listPath), (QJsonObject{{"sortType", 1}, {"status", "4"}}));
-    board->onChgMode();
-    QVERIFY(!board->isGroupMode());
-    QCOMPARE(m_fixture->sent(listPath), (QJsonObject{{"status", "4"}}));
-}
-
+/// The user's choice comes while the tick's slow answer is on its way.
 void tst_room_board::newerAnswerWins()
 {
-    const auto board = filledBoard();
-    m_fixture->house().fault(listPath, "delay", 150, 1);
-    publish(config()->MQTT_ROOM_STATUS());
-    // The user's choice comes while the tick's slow answer is on its way.
-    QTimer::singleShot(50, board.get(), [&] { board->onSelectStatus("5"); });
-    board->timeEvent();
-    QVERIFY(board->pRoomModel()->rowCount() > 0);
-    for (const RoomTile& tile : board->pRoomModel()->rows())
-        QCOMPARE(tile.status, 5);
-}
-
-void tst_room_board::goneDuringAFetch()
-{
-    auto board = filledBoard();
-    m_fixture->house().fault(listPath, "delay", 100, 1);
-    publish(config()->MQTT_ROOM_STATUS());
-    QTimer::singleShot(20, QCoreApplication::instance(), [&] { board.reset(); });
-    board->timeEvent();
-    QVERIFY(!board);
-    QCOMPARE(fetched(), QStringList{listPath});
-
-    board = filledBoard();
-    m_fixture->house().fault("/bba01/chgCleanRoom", "delay", 100, 1);
-    QTimer::singleShot(20, QCoreApplication::instance(), [&] { board.reset(); });
-    board->cleanRoom("no such room", true);
-    QVERIFY(!board);
-}
-
-void tst_room_board::changes_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<std::function<void(Module1Vm&)>>("action");
-    QTest::addColumn<QJsonObject>("sent");
-    using Action = std::function<void(Module1Vm&)>;
-    QTest::newRow("cleaned") << "/bba01/chgCleanRoom"
-                             << Action([](Module1Vm& board) { board.cleanRoom("r1", true); })
-                             << QJsonObject{{"id", "r1"}, {"isClean", 0}};
-    QTest::newRow("no longer occupied")
-        << "/bba01/chgOccupyRoom" << Action([](Module1Vm& board) { board.cleanRoom("r1", false); })
-        << QJsonObject{{"id", "r1"}, {"isOccupy", 0}};
-    QTest::newRow("cleaning") << "/bba01/setCleanRoom" << Action([](Module1Vm& board) {
-        board.setCleanFlg("r1", 2);
-    }) << QJsonObject{{"id", "r1"}, {"staffId", config()->userInfo()->staffId()}, {"cleanFlg", 2}};
-}
-
-void tst_room_board::changes()
-{
-    QFETCH(QString, path);
-    QFETCH(std::function<void(Module1Vm&)>, action);
-    const auto board = filledBoard();
-    const auto enabled = noteEnabled(board.get());
-    m_fixture->answer(path, QJsonValue::Null);
-    action(*board);
-    QTEST(m_fixture->sent(path), "sent");
-    QCOMPARE(m_fixture->takeShown(), QStringList{"success|操作成功"});
-    m_fixture->refuse(path, "房间正在使用");
-    action(*board);
-    QCOMPARE(m_fixture->takeShown(), QStringList{"error|房间正在使用"});
-    QCOMPARE(*enabled, busyOnce() + busyOnce());
-    // The event tells what has changed, not the action.
-    QCOMPARE(fetched(), QStringList());
-}
-
-void tst_room_board::searchRoom()
-{
-    const auto board = filledBoard();
-    m_fixture->answer(listPath, QJsonArray{roomFields("801"), QJsonObject{{"id", "x"},
-                                                                          {"code", "802"},
-                                                                          {"status", 6},
-                                                                          {"openType", 2},
-                                                                          {"dirtyFlg", true},
-                                                                          {"roomLock", true},
-                                                                          {"cleanFlg", 1}}});
-    board->onSelectStatus("1");
-    QCOMPARE(shownNumber(*board, 1), QStringLiteral("802"));
-    QSignalSpy hits(board.get(), &Module1Vm::selectRoomSignal);
-    for (const char* miss : {"8", "80", "8020", "", "803"})
-        board->queryRoom(QLatin1String(miss));
-    QCOMPARE(hits.size(), 0);
-    board->queryRoom("802");
-    QCOMPARE(hits.size(), 1);
-    QCOMPARE(hits.at(0), (QList<QVariant>{"x", "802", 6, 2, true, true, 1}));
-
-    m_fixture->answer(listPath,
-                      QJsonArray{QJsonObject{{"name", "A"}, {"roomList", QJsonArray{roomFields("901")}}},
-                                 QJsonObject{{"name", "B"}, {"roomList", QJsonArray{roomFields("902")}}}});
-    board->onChgMode();
-    board->queryRoom("802"); // loaded before, but not shown in this mode
-    board->queryRoom("902");
-    QCOMPARE(hits.size(), 2);
-    QCOMPARE(hits.at(1).at(0).toString(), QStringLiteral("id-902"));
-    QCOMPARE(m_fixture->takeShown(), QStringList());
-}
-
-void tst_room_board::searchCard_data()
-{
-    QTest::addColumn<QString>("roomNo");
-    QTest::addColumn<QStringList>("shown");
-    QTest::newRow("in a room") << "806" << QStringList{"question|提示|[1024]手牌在【806】"};
-    QTest::newRow("in none") << "" << QStringList();
-}
-
-void tst_room_board::searchCard()
-{
-    QFETCH(QString, roomNo);
-    const QString path = QStringLiteral("/baa01/getHardCardDetail");
-    const auto board = filledBoard();
-    m_fixture->answer(path, QJsonObject{{"cardno", "1024"}, {"roomNo", roomNo}, {"status", 5}}, 1);
-    board->queryCard("24", {});
-    QCOMPARE(m_fixture->sent(path), (QJsonObject{{"cardno", "24"}}));
-    QTEST(m_fixture->takeShown(), "shown");
-    m_fixture->refuse(path, "手牌不存在");
-    board->queryCard("24", {});
-    QCOMPARE(m_fixture->takeShown(), QStringList{"error|手牌不存在"});
+    for (const bool isGroupMode : {false, true}) {
+        Module1Vm board;
+        board.timeEvent();
+        if (isGroupMode)
+            board.onChgMode();
+        m_room->house().fault(roomsPath, "delay", 150, 1);
+        board.mqttEvent("ROOMSTATUS_", {});
+        QTimer::singleShot(50, &board, [&] { board.onSelectStatus("5"); });
+        board.timeEvent();
+        const auto* shown = isGroupMode ? board.pRoomSortModel()->row(0)->pRoomModel : board.pRoomModel();
+        QVERIFY(shown->rowCount() > 0);
+        for (const RoomTile& tile : shown->rows())
+            QCOMPARE(tile.status, 5);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_room_board)
-
 #include "tst_room_board.moc"

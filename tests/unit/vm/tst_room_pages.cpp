@@ -1,28 +1,10 @@
-// The small pages of a room: what was consumed, the remark, and calling services to it.
+// What the room pages show and offer, which cards and rooms they take, and what they print.
 
 #include "RoomFixture.h"
 
-#include "vm/module1/RoomCallVm.h"
-#include "vm/module1/RoomConsumeVm.h"
-#include "vm/module1/RoomChangeVms.h"
-
-#include <QAbstractItemModelTester>
-#include <QTimer>
-#include <QtTest>
-
-namespace {
-
-const QString linesPath = QStringLiteral("/bba01/getRoomConsList");
-const QString remarkPath = QStringLiteral("/bba01/setRemark");
-const QString callPath = QStringLiteral("/caa04/callStaff");
-const QString done = QStringLiteral("success|操作成功");
-
-QVariant cell(const QAbstractItemModel* model, int row, const QByteArray& role)
-{
-    return model->data(model->index(row, 0), model->roleNames().key(role));
-}
-
-} // namespace
+#include "common/Clock.h"
+#include "common/GlobalConfig.h"
+#include "dto/room/RoomDetailRecords.h"
 
 class tst_room_pages : public QObject
 {
@@ -30,275 +12,333 @@ class tst_room_pages : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void init() { m_room->reset(); }
-
-    void consumption_data();
-    void consumption();
-    void consumptionRefused();
-    void consumptionOfTheHouse();
-    void remark_data();
-    void remark();
-    void remarkOfTheHouse();
-    void quantities();
-    void calls_data();
-    void calls();
-    void noRecord();
-    void oneAtATime();
-    void pageClosedDuringItsCall();
+    void init()
+    {
+        m_room->reset();
+        m_room->run("f.answer(plans, [])");
+    }
+    void cleanup() { Clock::setSource(nullptr); }
+    void cards_data();
+    void cards();
+    void shows_data();
+    void shows();
+    void recordIsKept();
+    void laterChoiceWins();
+    void slips_data();
+    void slips();
 
 private:
-    Reply<GetRoomDetailNew> roomWithServices(int count);
-
     std::unique_ptr<RoomFixture> m_room;
-    QString m_roomNo; ///< a massage room with one guest
 };
 
 void tst_room_pages::initTestCase()
 {
     m_room.reset(new RoomFixture);
     QVERIFY(m_room->isUp());
-    m_roomNo = RoomFloor::openRoom(2, 1);
-    QVERIFY(!m_roomNo.isEmpty());
-}
-
-Reply<GetRoomDetailNew> tst_room_pages::roomWithServices(int count)
-{
-    QJsonArray services;
-    for (int i = 1; i <= count; ++i)
-        services.append(QJsonObject{{"contId", QString("c%1").arg(i)}, {"contName", QString("服务%1").arg(i)}});
-    return m_room->madeUpDetail({{"id", "R1"}, {"remark", "旧的"}, {"status", 2}, {"calllist", services}}, {});
-}
-
-void tst_room_pages::consumption_data()
-{
-    QTest::addColumn<QJsonObject>("line");
-    QTest::addColumn<QByteArray>("role");
-    QTest::addColumn<QVariant>("shown");
-    const auto row = [](const char* name, const char* field, const QJsonValue& value, const char* role,
-                        const QVariant& shown) {
-        QTest::newRow(name) << QJsonObject{{"cardNo", "8001"}, {"cmtFlg", 1}, {field, value}}
-                            << QByteArray(role) << shown;
-    };
-    row("own card", "srcOldCardNo", "", "cardNo", "8001");
-    row("moved card", "srcOldCardNo", "8002", "cardNo", "8001[转]");
-    row("own colour", "srcOldCardNo", "", "backColor", "#FFFFFF");
-    row("moved colour", "srcOldCardNo", "8002", "backColor", "#EAE9EA");
-    row("item", "itemName", "足疗60分钟", "itemName", "足疗60分钟");
-    row("quantity", "num", 1.5, "num", 1.5);
-    row("whole price", "price", 128, "price", "128");
-    row("price", "price", 28.8, "price", "28.8");
-    row("long price", "price", 1234567.89, "price", "1234567.89");
-    row("amount", "amount", -0.5, "amount", "-0.5");
-    row("credited", "staffNo", "801", "staffNo", "801");
-    row("pushed", "pushNo", "802", "pushNo", "802");
-    row("entered", "createtime", "2026-01-02 03:04:05", "createTime", "2026-01-02 03:04:05");
-    row("not finished", "cmtFlg", 0, "statusVal", "[未完成]");
-    row("finished", "cmtFlg", 1, "statusVal", "");
-    row("finished otherwise", "cmtFlg", 2, "statusVal", "");
-}
-
-void tst_room_pages::consumption()
-{
-    QFETCH(QJsonObject, line);
-    QFETCH(QByteArray, role);
-    m_room->answer(linesPath, QJsonArray{QJsonObject{{"cardNo", "8009"}}, line});
-    RoomConsumeVm page;
-    const QAbstractItemModelTester tester(page.pRoomConsumeModel());
-    page.init("R1");
-    QCOMPARE(m_room->sent(linesPath), (QJsonObject{{"roomId", "R1"}}));
-    QCOMPARE(page.pRoomConsumeModel()->rowCount(), 2);
-    QTEST(cell(page.pRoomConsumeModel(), 1, role), "shown");
-}
-
-void tst_room_pages::consumptionRefused()
-{
-    RoomConsumeVm page;
-    m_room->answer(linesPath, QJsonArray{QJsonObject{{"cardNo", "8009"}}}, 1);
-    page.init("R1");
-    m_room->refuse(linesPath, QStringLiteral("房间不存在"));
-    page.init("R1");
-    QCOMPARE(m_room->takeShown(), QStringList{"error|房间不存在"});
-    QCOMPARE(page.pRoomConsumeModel()->rowCount(), 1);
-}
-
-void tst_room_pages::consumptionOfTheHouse()
-{
-    RoomConsumeVm page;
-    const QString roomNo = RoomFloor::openRoom(3, 1); // the plan's fee is its first line
-    page.init(RoomFloor::roomId(roomNo));
-    QCOMPARE(m_room->takeShown(), QStringList{});
-    QVERIFY(page.pRoomConsumeModel()->rowCount() > 0);
-    QVERIFY(!cell(page.pRoomConsumeModel(), 0, "itemName").toString().isEmpty());
-}
-
-void tst_room_pages::remark_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("refusal");
-    QTest::newRow("text") << "客人要热水\n少冰"
-                          << "";
-    QTest::newRow("cleared") << ""
-                             << "";
-    QTest::newRow("refused") << "新的"
-                             << "备注过长";
-}
-
-void tst_room_pages::remark()
-{
-    QFETCH(QString, text);
-    QFETCH(QString, refusal);
-    RoomRemarkVm page;
-    page.init(roomWithServices(0)->data());
-    QCOMPARE(page.roomId() + page.remark(), QStringLiteral("R1旧的"));
-    page.setRemark(text);
-    const auto enabled = noteEnabled(&page);
-    if (refusal.isEmpty())
-        m_room->answer(remarkPath, {});
-    else
-        m_room->refuse(remarkPath, refusal);
-    QCOMPARE(page.save(), refusal.isEmpty());
-    QCOMPARE(m_room->sent(remarkPath), (QJsonObject{{"id", "R1"}, {"remark", text}}));
-    QCOMPARE(m_room->takeShown(), QStringList{refusal.isEmpty() ? done : "error|" + refusal});
-    QCOMPARE(*enabled, busyOnce());
-    QCOMPARE(page.remark(), text);
-}
-
-void tst_room_pages::remarkOfTheHouse()
-{
-    for (const char* text : {"靠窗, 安静", ""}) {
-        RoomRemarkVm page;
-        page.init(RoomFloor::detail(m_roomNo)->data());
-        page.setRemark(QString::fromUtf8(text));
-        QVERIFY(page.save());
-        QCOMPARE(RoomFloor::detail(m_roomNo)->data()->remark(), QString::fromUtf8(text));
-    }
-}
-
-void tst_room_pages::quantities()
-{
-    RoomCallVm page;
-    const QAbstractItemModelTester tester(page.pRoomCallModel());
-    page.init(roomWithServices(2)->data());
-    RoomCallModel* services = page.pRoomCallModel();
-    const auto shown = [&] {
-        QStringList rows;
-        for (int row = 0; row < services->rowCount(); ++row) {
-            rows.append(cell(services, row, "callId").toString() + cell(services, row, "callName").toString() +
-                        cell(services, row, "num").toString());
+    m_room->run(R"(
+        function found() { f.answer(emptyRooms, ids('A B C'), 1); f.answer(plans, ids('P1 P2')); p.init('R1') }
+        function states() {
+            f.answer(rooms, [0, 1, 2, 3, 4, 5, 6, 7].map(n => ({code: '20' + n, typename: '%3间', status: n})))
+            p.init(room('8001'))
         }
-        return rows.join(' ');
-    };
-    QCOMPARE(shown(), QStringLiteral("c1服务10 c2服务20"));
-    services->sub(0);
-    QCOMPARE(shown(), QStringLiteral("c1服务10 c2服务20"));
-    services->add(1);
-    services->add(1);
-    services->add(1);
-    services->sub(1);
-    for (const int outside : {-1, 2}) {
-        services->add(outside);
-        services->sub(outside);
-        services->setNum(outside, 5);
-    }
-    QCOMPARE(shown(), QStringLiteral("c1服务10 c2服务22"));
+        function merging() {
+            const told = ['1 K2', '2 ', '3 K1', '4 K2', '5 '].map(t => ({roomId: t[0], groupKey: t.slice(2), roomNo: t[0],
+                                                                         floorName: '一楼', hourseName: '双人间'}))
+            f.answer(candidates, told, 1)
+            p.init('R1', '101')
+        }
+        function leaving(answer) {
+            f.answer('/bba01/leaveRoomNew', answer)
+            p.init(room('8001 8002 8001', 3, {roomName: '商务套房', planName: '套房4小时', hours: 4,
+                                              startTime: '2026-01-02 03:04:05', useTime: 5}))
+        }
+        function hourly(fee) {
+            f.answer(plans, [{id: 'P', name: '钟点', min_time: 3, min_fee: fee}])
+            p.init('R1', '101'); card('8001'); card('8002'); p.checkPlan(0)
+        }
+        function moving() { p.init('R1', '101'); card('5', 1, '103'); card('4'); card('2', 1, '102'); f.answer(opening, null) }
+        function calls(...counts) {
+            const calllist = counts.map((count, i) => ({contId: 'c' + i, contName: '服务' + i}))
+            p.init(room('', 2, {calllist}))
+            counts.map((count, i) => { for (p.pRoomCallModel.sub(i); count >= 0; --count) p.pRoomCallModel.add(i) })
+            counts.map((count, i) => p.pRoomCallModel.sub(i))
+            f.answer('/caa04/callStaff', null)
+        }
+        function known() { return [p.roomNo, p.openHours, show('pMenuModel', 'code'), p.pRoomDetail] }
+        var entries = {
+            1: '开按摩房 MASS_ROOM,开休息房 REST_ROOM,特殊占用 OCCUPY_ROOM,转清扫房 CLEAN_ROOM',
+            2: '新增手牌 ADD_CARD,更换房间 MASS_CHG_ROOM,改休息房 MASS_CHG_REST,取消开房 CANCEL_ROOM,备注信息 REMARK_ROOM,' +
+               '离开房间 OUT_ROOM,取消团体 LEAVE_TEAM,房间组团 UNION_ROOM,手牌拆房 UNPACK_ROOM,呼叫服务 ROOM_CALLING',
+            3: '新增手牌 ADD_CARD,更换房间 REST_CHG_ROOM,更改方案 REST_CHG_PLAN,改按摩房 REST_CHG_MASS,取消开房 CANCEL_ROOM,' +
+               '备注信息 REMARK_ROOM,离开房间 OUT_ROOM,取消团体 LEAVE_TEAM,房间组团 UNION_ROOM,房间加时 ADD_TIME'}
+        function lacks(status, fields) { // the entries that a room in this state doesn't offer
+            read(Object.assign({status, group_key: 'K', calllist: [{contId: 'c1'}]}, fields))
+            const codes = show('pMenuModel', 'code').split(' '), names = show('pMenuModel', 'name').split(' ')
+            const offered = codes.map((code, i) => names[i] + ' ' + code)
+            const all = entries[status == 4 || status == 5 ? 1 : status].split(',')
+            const inOrder = all.filter(entry => offered.includes(entry)).join() == offered.filter(e => e != ' ').join()
+            return inOrder ? all.filter(e => !offered.includes(e)).map(e => e.split(' ')[1]).join(' ') : offered
+        })");
 }
 
-void tst_room_pages::calls_data()
+// The page, "each" for all of them; the steps, on a page with the card 8001; the cards then; what is shown.
+void tst_room_pages::cards_data()
 {
-    QTest::addColumn<QVector<int>>("wanted");
-    QTest::addColumn<int>("unknown"); // index of a service that the house doesn't know, -1: none
-    QTest::addColumn<QStringList>("shown");
-    QTest::addColumn<QVector<int>>("called"); // indexes
-    QTest::addColumn<QVector<int>>("left");
-    using Numbers = QVector<int>;
-    const QStringList refusal{"error|呼叫内容不存在"};
-    QTest::newRow("none") << Numbers{0, 0, 0} << -1 << QStringList{"error|请输入需要呼叫的数量"} << Numbers{}
-                          << Numbers{0, 0, 0};
-    QTest::newRow("all") << Numbers{1, 2, 3} << -1 << QStringList{done} << Numbers{0, 1, 2} << Numbers{0, 0, 0};
-    QTest::newRow("one") << Numbers{0, 2, 0} << -1 << QStringList{done} << Numbers{1} << Numbers{0, 0, 0};
-    QTest::newRow("first refused") << Numbers{1, 2, 3} << 0 << refusal << Numbers{0, 1, 2} << Numbers{1, 0, 0};
-    QTest::newRow("second refused") << Numbers{1, 2, 3} << 1 << refusal << Numbers{0, 1, 2} << Numbers{0, 2, 0};
-    QTest::newRow("last refused") << Numbers{1, 0, 3} << 2 << refusal << Numbers{0, 2} << Numbers{0, 0, 3};
+    addRows(R"(
+each | card('8003', 0) | 8001 8003
+each | card('8003', 1) | 8001 8003
+each | card('8003', 2, '102') | 8001 | error|[8003]手牌不处于可用状态
+each | card('8003', 1, '102') | 8001 8003 | asked 8003 in 102
+each | f.answerQuestions(0); card('8003', 1, '102') | 8001 | asked 8003 in 102
+each | f.refuse(cards, '手牌不存在', 1); p.getCardInfo('9', '') | 8001 | error|手牌不存在
+OpenMassVm OpenRestVm | p.openMulti = true; f.answerQuestions(0); card('8003', 1, '102') | 8001 8003
+OpenMassVm OpenRestVm | card('8001', 1, '102') | 8001 | asked 8001 in 102; there
+OpenMassVm OpenRestVm RestChgMassVm | card('8003', 0, '', 'id-8001') | 8001 | there
+OpenMassVm OpenRestVm | card('8001', 0, '', 'other') | 8001 8001
+MassChgRestVm | card('8001', 2) | 8001 | there
+MassChgRestVm RoomAddCardsVm | card('8003', 0, '', 'id-8001') | 8001 8003
+RestChgMassVm | card('8001', 2) | 8001 | error|[8001]手牌不处于可用状态
+RestChgMassVm | card('8001', 1, '101') | 8001 | asked 8001 in 101; there
+RoomAddCardsVm | card('8000', 1, '101') | 8001 | asked 8000 in 101; there
+RoomAddCardsVm | card('8001', 0, '', 'other') | 8001 | there
+RoomAddCardsVm | card('8003'); p.deleteCard(7); p.deleteCard(0) | 8003
+)");
 }
 
-void tst_room_pages::calls()
+void tst_room_pages::cards()
 {
-    QFETCH(QVector<int>, wanted);
-    QFETCH(int, unknown);
-    QFETCH(QStringList, shown);
-    QFETCH(QVector<int>, called);
-    const auto room = RoomFloor::detail(m_roomNo);
-    const QList<RoomCardsDto*> services = room->data()->calllist().list();
-    QVERIFY(services.size() >= wanted.size());
-    if (unknown >= 0)
-        services.at(unknown)->set_contId(QStringLiteral("unknown"));
-    RoomCallVm page;
-    page.init(room->data());
-    for (int i = 0; i < wanted.size(); ++i)
-        page.pRoomCallModel()->setNum(i, wanted.at(i));
-    const auto enabled = noteEnabled(&page);
-    QCOMPARE(page.save(), shown == QStringList{done});
-    QCOMPARE(m_room->takeShown(), shown);
-    QVector<QJsonObject> calls;
-    for (const int i : called) {
-        calls.append(
-            {{"roomId", room->data()->id()}, {"contId", services.at(i)->contId()}, {"num", wanted.at(i)}});
-    }
-    QCOMPARE(m_room->allSent(callPath), calls);
-    QVector<int> left;
-    for (const call_struct& service : page.pRoomCallModel()->getAll().mid(0, wanted.size()))
-        left.append(service.num);
-    QTEST(left, "left");
-    QCOMPARE(*enabled, called.isEmpty() ? QVector<bool>() : busyOnce());
-}
-
-void tst_room_pages::noRecord()
-{
-    RoomRemarkVm remark;
-    remark.init(nullptr);
-    QCOMPARE(remark.roomId(), QString());
-    RoomCallVm call;
-    call.init(nullptr);
-    QCOMPARE(call.pRoomCallModel()->rowCount(), 0);
-}
-
-void tst_room_pages::oneAtATime()
-{
-    RoomCallVm call;
-    call.init(roomWithServices(1)->data());
-    call.pRoomCallModel()->add(0);
-    RoomRemarkVm remark;
-    remark.init(roomWithServices(0)->data());
-    for (const QString& path : {callPath, remarkPath}) {
-        m_room->answer(path, {});
-        m_room->house().fault(path, "delay", 300, 1);
-        const auto save = [&] { return path == callPath ? call.save() : remark.save(); };
-        bool second = true;
-        QTimer::singleShot(50, &call, [&] { second = save(); });
-        QVERIFY(save());
-        QVERIFY(!second);
-        QCOMPARE(m_room->house().seen(path), 1);
+    QFETCH(QStringList, cells);
+    QString shown = cells.value(3).replace("there", "error|当前手牌已存在,不能重复添加");
+    shown.replace(QRegularExpression("asked (\\d+) in (\\d+)"),
+                  "question|提示|当前手牌[\\1] 已在【\\2】房间, 是否继续当前操作]???");
+    const QMap<QString, const char*> starts{
+        {"OpenMassVm", "store.openMulti = false|| p.init('R1', '101'); card('8001')"},
+        {"OpenRestVm", "store.openMulti = false|| p.init('R1', '101'); card('8001')"},
+        {"MassChgRestVm", "p.init('R1', '101', room('8001'))"},
+        {"RestChgMassVm", "p.init('R1', '101', room('8001'))"},
+        {"RoomAddCardsVm", "p.init('101', room('8000')); card('8001')"}};
+    for (const QString& type : cells.at(0) == "each" ? QStringList(starts.keys()) : cells.at(0).split(' ')) {
+        m_room->answerQuestions(1);
+        const std::unique_ptr<QObject> page(m_room->page(type, starts[type]));
+        const QString list = page->property("pNewCardModel").isValid() ? "pNewCardModel" : "pCardListModel";
+        m_room->run(cells.at(1));
+        QCOMPARE(m_room->takeShown().join("; "), shown);
+        QCOMPARE(m_room->run("show('" + list + "', 'cardNo')").toString(), cells.at(2));
+        m_room->run("tell('8009'); p.getCardInfo('', 'A1B2')");
+        QCOMPARE(m_room->sent("/baa01/getHardCardDetail"), (QJsonObject{{"cardUid", "A1B2"}}));
     }
 }
 
-void tst_room_pages::pageClosedDuringItsCall()
+// The page; the steps; what is seen in the end; what is said meanwhile.
+void tst_room_pages::shows_data()
 {
-    m_room->answer(callPath, {});
-    m_room->house().fault(callPath, "delay", 200, 1);
-    QPointer<RoomCallVm> call(new RoomCallVm);
-    call->init(roomWithServices(2)->data());
-    call->pRoomCallModel()->add(0);
-    call->pRoomCallModel()->add(1);
-    QTimer::singleShot(50, call, [&] { delete call; });
-    QVERIFY(call->save());
-    QVERIFY(!call);
-    QCOMPARE(m_room->allSent(callPath).size(), 2); // what was wanted is still called
+    addRows(R"(
+OpenMassVm | store.defaultTime = 3|| | p.hours | 3
+RestChgMassVm | store.defaultTime = 3|| | p.hours | 3
+OpenMassVm | store.defaultTime = 0|| | p.hours | 1
+OpenMassVm | store.usedRoomMod = 2|| p.init('R1', '101') | [p.usedRoomMod, show('pCardListModel', 'cardNo')] | false,
+OpenMassVm | store.usedRoomMod = 1|| tell('101'); p.init('R1', '101') | show('pCardListModel', 'cardNo') + sent(cards)
+    | 101{"cardno":"101"}
+OpenRestVm | store.usedRoomMod = 1|| tell('101'); p.init('R1', '101') | show('pCardListModel', 'cardNo') + sent(plans)
+    | 101{"planType":1,"roomId":"R1"}
+MassChgRestVm | store.usedRoomMod = 1|| tell('101'); p.init('R1', '101', room('8001'))
+    | show('pCardListModel', 'cardNo') + sent(plans) | 101{"planType":1,"roomId":"R1"}
+RestChgMassVm | store.usedRoomMod = 1|| tell('101'); p.init('R1', '101', room('8001'))
+    | show('pCardListModel', 'cardNo') + sent(cards) | 101{"cardno":"101"}
+MassChgRestVm | p.init('R1', '101', room('8001 8002 8001')) | show('pCardListModel', 'cardNo') + sent(plans)
+    | 8001 8002{"planType":1,"roomId":"R1"}
+RestChgMassVm | p.init('R1', '101', room('8001 8002 8001')) | show('pCardListModel', 'cardNo') + sent(plans)
+    | 8001 8002{"never":"sent"}
+MassChgRestVm | p.init('R1', '101', null) | show('pCardListModel', 'cardNo') + sent(plans) | {"never":"sent"}
+RestChgPlanVm | f.answer(plans, ids('P1 P2')); p.init('R1') | show('pPlanListModel', 'planId') + sent(plans)
+    | P1 P2{"planType":1,"roomId":"R1"}
+OpenRestVm | f.answer(plans, ids('P1 P2')); p.init('R1', '101') | show('pPlanListModel', 'planName') | %1:P1 %1:P2
+OpenOccupyVm | f.answer(kinds, ids('K1 K2')); p.init('R1') | show('pOccupyListModel', 'occupyName') | %1:K1 %1:K2
+OpenOccupyVm | f.refuse(kinds, '查询失败'); p.init('R1') | show('pOccupyListModel', 'occupyName') | | error|查询失败
+LeaveRoomVm | | p.init(null) | false
+RoomAddCardsVm | p.init('101', room('8001 8001 8000')) | show('pOldCardModel', 'cardNo') | 8001 8000
+RoomAddCardsVm | | p.init('101', null) | false
+RoomAddCardsVm | p.init('101', room('')); card('1'); f.answer('/bba01/roomAddCard', {flg: false, roomcard:
+    [{cardNo: '1', roomNo: '101'}, {cardNo: '2', roomNo: '102'}]}) | p.save() + show('pNewCardModel', 'cardNo') | false1
+    | error|[1]手牌已在[101]包房中[2]手牌已在[102]包房中
+RoomAddCardsVm | p.init('101', room('')); card('1'); f.answer('/bba01/roomAddCard', {flg: false, roomcard: []}) | p.save()
+    | false | error|操作失败
+RoomAddCardsVm | p.init('101', room('')); card('1'); f.answer('/bba01/roomAddCard', null) | p.save() | false | error|操作失败
+RoomRemarkVm | p.init(null) | p.roomId |
+RoomCallVm | p.init(null) | show('pRoomCallModel', 'callId') |
+RoomConsumeVm | f.answer(lines, [{cardNo: '8009'}]); p.init('R1'); f.refuse(lines, '查询失败'); p.init('R1')
+    | show('pRoomConsumeModel', 'cardNo') + sent(lines) | 8009{"roomId":"R1"} | error|查询失败
+MassChgRoomVm | found() | [show('pEmptyRoomModel', 'tempId'), sent(emptyRooms), sent(plans)]
+    | A* B C,{"roomNo":""},{"never":"sent"}
+MassChgRoomVm | found() | show('pEmptyRoomModel', 'tempName') | %1:A* %1:B %1:C
+MassChgRoomVm | found(); [2, 3, -1].map(p.selectRoom); f.refuse(emptyRooms, '查询失败'); p.getRoomInfo('1')
+    | show('pEmptyRoomModel', 'tempId') | A B C* | error|查询失败
+MassChgRoomVm | found(); p.selectRoom(2); f.answer(emptyRooms, ids('B C')); p.getRoomInfo('2')
+    | [show('pEmptyRoomModel', 'tempId'), sent(emptyRooms)] | B* C,{"roomNo":"2"}
+RestChgRoomVm | found(); [2, 3, -1].map(p.selectRoom) | [show('pEmptyRoomModel', 'tempId'), sent(plans)]
+    | A B C*,{"planType":1,"roomId":"C"}
+RestChgRoomVm | found(); p.checkPlan(1); p.checkPlan(2) | show('pPlanListModel', 'planId') | P1 P2*
+RestChgRoomVm | found(); p.checkPlan(1); f.answer(plans, ids('P3 P4')); p.selectRoom(1)
+    | [show('pPlanListModel', 'planId'), sent(plans)] | P3* P4,{"planType":1,"roomId":"B"}
+RestChgRoomVm | found(); p.checkPlan(1); f.refuse(plans, '查询失败'); p.selectRoom(1)
+    | [p.save(), show('pPlanListModel', 'planId')] | false, | error|查询失败; error|请选择新房间的计费方案
+RestChgRoomVm | found(); f.answer(emptyRooms, []); p.getRoomInfo('9') | show('pPlanListModel', 'planId') |
+RoomCardSplitVm | states() | [show('pEmptyRoomModel', 'tempName'), show('pEmptyRoomModel', 'tempId'), sent(rooms)]
+    | 201  -[%3间] 空闲 202  -[%3间] 在用 203  -[%3间] 在用,201 202 203,{"roomno":""}
+RoomCardSplitVm | states(); f.refuse(rooms, '查询失败'); p.getRoomInfo('3')
+    | [show('pEmptyRoomModel', 'tempId'), sent(rooms)] | 201 202 203,{"roomno":"3"} | error|查询失败
+RoomCardSplitVm | p.init(null) | sent(rooms) | {"never":"sent"}
+MergeRoomVm | merging() | groups()
+    | 单独房间: 一楼 双人间 2 一楼 双人间 5, 团[K1]: 一楼 双人间 3, 团[K2]: 一楼 双人间 1 一楼 双人间 4
+MergeRoomVm | merging() | [sent(candidates), group(0, 258), group(2, 258)] | {"roomNo":"101","schRoomNo":""},,K2
+MergeRoomVm | merging(); f.refuse(candidates, '查询失败') | [p.getRoomList('9'), p.pRoomModel.rowCount()] | false,3
+    | error|查询失败
+MergeRoomVm | merging(); f.answer(candidates, [{roomId: '9', roomNo: '9', groupKey: 'K1'}])
+    | [p.getRoomList('9'), groups(), sent(candidates)] | true,团[K1]:   9,{"roomNo":"101","schRoomNo":"9"}
+MergeRoomVm | merging(); f.answer(candidates, []); p.getRoomList('9') | groups() |
+RoomDetailVm | read({id: 'R7', roomNo: '101', roomName: '双人间', floorName: '一楼', statusStr: '按摩房', planName: '过夜'})
+    | [p.roomId, p.roomNo, p.roomType, p.roomFloor, p.statusStr, p.planName, sent(detail)]
+    | R7,101,双人间,一楼,按摩房,过夜,{"roomId":"R0"}
+RoomDetailVm | read({hours: 2, startTime: '01-02 03:04', start_time: 'other', useTime: 90})
+    | [p.openHours, p.openTime, p.usedHours] | 2小时,01-02 03:04,90时0分
+RoomDetailVm | read({staffNo: '1001', staffName: '王前台', remark: '<b>安静</b>\n%1', groupRoom: '101,102'})
+    | JSON.stringify([p.staffNo, p.remark, p.groupRoom]) | ["1001-王前台","<b>安静</b>\n%1","101,102"]
+RoomDetailVm | read({surplus: 125, overTime: 60}) | [p.leftHours, p.overHours] | 2时5分,1时0分
+RoomDetailVm | read({surplus: 1, overTime: 0}) | [p.leftHours, p.overHours] | 0时1分,
+RoomDetailVm | read({surplus: 0, overTime: -3}) | [p.leftHours, p.overHours] | ,
+RoomDetailVm | read({surplus: -65}) | [p.leftHours, p.overHours] | ,
+RoomDetailVm | read({surplus: 61, overTime: 62}); read({surplus: 0, overTime: 0}) | [p.leftHours, p.overHours]
+    | 1时1分,1时2分
+RoomDetailVm | read({status: 0, roomNo: '101'}) | known() | ,,, | error|包房状态发生变化,请刷新后再试
+RoomDetailVm | read({status: 1, roomNo: '101'}) | known() | ,,, | error|包房状态发生变化,请刷新后再试
+RoomDetailVm | read({status: 4, roomNo: '101'}) | known() | ,,, | error|包房状态发生变化,请刷新后再试
+RoomDetailVm | f.refuse(detail, '查询失败'); p.init('R1') | known() | ,,, | error|查询失败
+RoomDetailVm | f.answer(detail, null) | [p.init('R1'), known()] | false,,,,
+RoomDetailVm | p.cancelTeam() | sent('/bba01/splitRoom') | {"never":"sent"}
+OpenRoomVm | read({roomNo: '101', floorName: '一楼', roomName: '双人间'})
+    | [p.roomId, p.roomNo, p.floorName, p.typeName, sent(detail)] | R1,101,一楼,双人间,{"roomId":"R0"}
+OpenRoomVm | f.refuse(detail, '查询失败') | [p.init('R1'), p.roomId] | false, | error|查询失败
+OpenRoomVm | f.answer(detail, null) | [p.init('R1'), p.roomId] | false,
+RoomDetailVm | 0 | lacks(2) |
+RoomDetailVm | 0 | lacks(2, {group_key: ''}) | LEAVE_TEAM
+RoomDetailVm | 0 | lacks(2, {calllist: []}) | ROOM_CALLING
+RoomDetailVm | store.usedRoomMod = 1 | lacks(2) | ADD_CARD OUT_ROOM UNPACK_ROOM
+RoomDetailVm | f.dropRight('0103') | lacks(2) | CANCEL_ROOM
+RoomDetailVm | f.dropRight('0104') | lacks(2) | MASS_CHG_ROOM
+RoomDetailVm | f.dropRight('0105') | lacks(2) | ADD_CARD
+RoomDetailVm | f.dropRight('0106') | lacks(2) | MASS_CHG_REST
+RoomDetailVm | f.dropRight('0109') | lacks(2) | UNION_ROOM
+RoomDetailVm | f.dropRight('0110') | lacks(2) | LEAVE_TEAM
+RoomDetailVm | f.dropRight('0111') | lacks(2) | UNPACK_ROOM
+RoomDetailVm | f.dropRight('0112') | lacks(2) | OUT_ROOM
+RoomDetailVm | f.dropRight('0116') | lacks(2) | REMARK_ROOM
+RoomDetailVm | f.dropRight('0117') | lacks(2) |
+RoomDetailVm | 0 | lacks(3) |
+RoomDetailVm | store.usedRoomMod = 1 | lacks(3) | ADD_CARD OUT_ROOM
+RoomDetailVm | f.dropRight('0104') | lacks(3) | REST_CHG_ROOM
+RoomDetailVm | f.dropRight('0107') | lacks(3) | REST_CHG_MASS
+RoomDetailVm | f.dropRight('0108') | lacks(3) | REST_CHG_PLAN
+RoomDetailVm | f.dropRight('0117') | lacks(3) | ADD_TIME
+OpenRoomVm | 0 | lacks(1) |
+OpenRoomVm | f.dropRight('0101') | lacks(1) | MASS_ROOM
+OpenRoomVm | f.dropRight('0102') | lacks(1) | REST_ROOM
+OpenRoomVm | f.dropRight('0113') | lacks(1) | OCCUPY_ROOM
+OpenRoomVm | f.dropRight('0114') | lacks(1) | CLEAN_ROOM
+OpenRoomVm | 0 | lacks(4) | MASS_ROOM REST_ROOM CLEAN_ROOM
+OpenRoomVm | 0 | lacks(5) | MASS_ROOM REST_ROOM OCCUPY_ROOM CLEAN_ROOM
+OpenRoomVm | read({status: 4}) | [show('pMenuModel', 'backColor'), show('pMenuModel', 'foreColor')] | #EBEBEB,#6A6969
+RoomCallVm | calls(1, 2, 3) | [p.save(), show('pRoomCallModel', 'num'), show('pRoomCallModel', 'callName')]
+    | true,0 0 0,服务0 服务1 服务2 | success|操作成功
+RoomCallVm | calls(1, 2, 0); p.pRoomCallModel.dataChanged.connect(() => f.refuse('/caa04/callStaff', '无人应答'))
+    | [p.save(), show('pRoomCallModel', 'num'), sent('/caa04/callStaff')]
+    | false,0 2 0,{"contId":"c1","num":2,"roomId":"R1"} | error|无人应答
+RoomCallVm | calls(1, 0, 3); f.refuse('/caa04/callStaff', '无人应答') | [p.save(), show('pRoomCallModel', 'num')]
+    | false,1 0 3 | error|无人应答; error|无人应答
+OpenMassVm | moving() | [p.save(), sent(opening)]
+    | true,{"cardids":["id-5","id-4","id-2"],"hours":2,"id":"R1","isConn":1}
+    | question|提示|手牌2在102房间中\n手牌5在103房间中\n是否确认联房？？？; success|操作成功
+OpenMassVm | moving(); f.answerQuestions(0) | [p.save(), sent(opening)] | false,{"never":"sent"}
+    | question|提示|手牌2在102房间中\n手牌5在103房间中\n是否确认联房？？？
+)");
+}
 
-    m_room->house().fault(linesPath, "delay", 200, 1);
-    QPointer<RoomConsumeVm> lines(new RoomConsumeVm);
-    QTimer::singleShot(50, lines, [&] { delete lines; });
-    lines->init("R1");
-    QVERIFY(!lines);
+void tst_room_pages::shows()
+{
+    QFETCH(QStringList, cells);
+    m_room->check(cells);
+}
+
+/// The pages read it long after the reply has gone.
+void tst_room_pages::recordIsKept()
+{
+    const std::unique_ptr<QObject> page(
+        m_room->page("RoomDetailVm", "read({remark: '一', cardlist: [{cardno: '8001'}]})"));
+    const auto record = [&] { return page->property("pRoomDetail").value<RoomDetailDto*>(); };
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(record()->remark() + record()->cardlist().at(0)->cardno(), QStringLiteral("一8001"));
+    const QPointer<RoomDetailDto> first(record());
+    m_room->run("read({remark: '二'})");
+    QCOMPARE(record()->remark(), QStringLiteral("二"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!first);
+}
+
+/// The answer for B comes when C has been chosen and has its plans.
+void tst_room_pages::laterChoiceWins()
+{
+    const std::unique_ptr<QObject> page(
+        m_room->page("RestChgRoomVm", "found(); f.answer(plans, ids('P3'), 1)"));
+    m_room->house().fault(plansPath, "delay", 300, 1);
+    QTimer::singleShot(50, page.get(), [&] {
+        QVERIFY(!m_room->run("p.save()").toBool());
+        m_room->run("f.answer(plans, ids('P4 P5'), 1); p.selectRoom(2); p.checkPlan(1)");
+    });
+    m_room->run("p.selectRoom(1)");
+    QCOMPARE(m_room->takeShown(), QStringList{"error|请选择新房间的计费方案"});
+    QCOMPARE(m_room->house().seen(plansPath), 3);
+    QCOMPARE(
+        m_room->run("show('pEmptyRoomModel', 'tempId') + ' ' + show('pPlanListModel', 'planId')").toString(),
+        QStringLiteral("A B C* P4 P5*"));
+}
+
+// The page; the steps; how many slips; their lines, with "!" those that they haven't.
+void tst_room_pages::slips_data()
+{
+    addRows(R"(
+OpenMassVm | p.init('R1', '101'); card('8002'); card('8001') | 1
+    | [开房单],房 间 号:101 ,方案类型:按摩房 ,主结手牌:8002 ,预开时长:2小时 ,开房时间:2026-03-08 20:05:30,工号:1001,!预计房费
+OpenMassVm | store.isNeedCard = false; p.init('R1', '101') | 1 | 方案类型:按摩房 ,主结手牌:_
+OpenRestVm | hourly(168) | 1 | 房 间 号:101 ,方案类型:钟点 ,主结手牌:8001 ,预开时长:3小时 ,预计房费:168.00 ,工号:1001
+OpenRestVm | hourly(28.8) | 1 | 预计房费:28.00
+OpenRestVm | hourly(0) | 1 | 预计房费:0.00
+LeaveRoomVm | leaving({allleave: true}) | 2
+    | [退房单],房 间 号:101商务套房,开房类型:休息房,方案类型:套房4小时,开房时间:2026-01-02 03:04:05
+    ,退房时间:2026-03-08 20:05:30,开房时长:4小时,已开时长:5时0分,开房手牌:8001|8002,工号:1001
+LeaveRoomVm | leaving({allleave: false}) | 0
+LeaveRoomVm | leaving(null) | 0
+LeaveRoomVm | leaving({allleave: true}) /* none are set */ | 0
+)");
+}
+
+void tst_room_pages::slips()
+{
+    QFETCH(QStringList, cells);
+    static const qint64 moment = QDateTime({2026, 3, 8}, {20, 5, 30}).toMSecsSinceEpoch();
+    Clock::setSource([] { return moment; });
+    GlobalConfig::getInstance()->leave_room_print_count = cells.at(1).contains("none") ? 0 : 2;
+    m_room->answer("/bba01/openMassRoom", {});
+    m_room->answer("/bba01/openRestRoom", {});
+    const std::unique_ptr<QObject> page(m_room->page(cells.at(0), cells.at(1)));
+    QVERIFY(m_room->run("p.save()").toBool());
+    QCOMPARE(m_room->takeShown(), QStringList{done});
+    const QString paper = m_room->takePrinted();
+    const int copies = cells.at(2).toInt();
+    QCOMPARE(paper.isEmpty(), copies == 0);
+    for (QString line : cells.value(3).split(',', Qt::SkipEmptyParts)) {
+        const int expected = line.startsWith('!') ? 0 : copies;
+        line.remove('!').replace('|', ',').replace('_', ' ');
+        QVERIFY2(paper.count(line) == expected, qPrintable(line + " in " + paper));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_room_pages)
