@@ -10,10 +10,13 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QGuiApplication>
+#include <QJSValue>
+#include <QJsonDocument>
 #include <QQmlComponent>
 #include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QtTest>
 
@@ -28,6 +31,29 @@ constexpr int stepLimitTicks = 1000;
 constexpr int settledTicks = 4; // each of tickMs
 
 } // namespace
+
+void addRows(const char* table)
+{
+    QTest::addColumn<QStringList>("row");
+    const QString text = QString::fromUtf8(table).replace(QRegularExpression(QStringLiteral("\n +")), " ");
+    for (const QString& line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        QStringList row = line.split(QStringLiteral(" ;"));
+        for (QString& field : row)
+            field = field.trimmed();
+        QTest::addRow("%s %s", qPrintable(row.at(0)), qPrintable(row.at(1).left(12))) << row;
+    }
+}
+
+QString unlike(const QJsonObject& answer, const QString& expectedJson)
+{
+    const QJsonObject expected = QJsonDocument::fromJson(expectedJson.toUtf8()).object();
+    QJsonObject found;
+    for (auto field = expected.begin(); field != expected.end(); ++field) {
+        if (answer.value(field.key()) != field.value())
+            found.insert(field.key(), answer.value(field.key()));
+    }
+    return found.isEmpty() ? QString() : QJsonDocument(found).toJson(QJsonDocument::Compact);
+}
 
 Terminal::Terminal()
 {
@@ -66,11 +92,14 @@ Terminal::Terminal()
         }
     }
     QQmlComponent page(m_engine.get());
-    page.setData("import QtQuick 2.15\nimport 'qrc:/qml/DlgManager.js' as Dlg\n"
-                 "QtObject { function open(name, properties) { return Dlg.showDialog(name, properties) } }\n",
+    page.setData("import QtQuick 2.15\nimport 'qrc:/qml/DlgManager.js' as Dlg\nimport 'qrc:/js/Ask.js' as Ask\n"
+                 "QtObject {\n"
+                 "function open(name, properties) { return Dlg.showDialog(name, properties) }\n"
+                 "function ask(name, argument) { return Ask[name](argument) }\n"
+                 "}\n",
                  QUrl(QStringLiteral("qrc:/TestPage.qml")));
     m_page.reset(page.create(qmlContext(m_engine->rootObjects().first())));
-    until("the main page", [config] { return config->iSysStatus() == 2; }).see("mainPage").run();
+    until("the main page", [config] { return config->iSysStatus() == 2; }).walk("+mainPage").run();
 }
 
 Terminal::~Terminal()
@@ -91,13 +120,11 @@ void Terminal::connectReader()
     qputenv("KV_PANEL_COM1", ::ptsname(m_readerLine));
 }
 
-Terminal& Terminal::presentCard(const QByteArray& number)
+bool Terminal::writeCard(const QString& number)
 {
-    return add("present card " + number, [this, number] {
-        const QByteArray burst = number + "\r\n";
-        return takesInput() &&
-               ::write(m_readerLine, burst.constData(), static_cast<size_t>(burst.size())) == burst.size();
-    });
+    const QByteArray burst = number.toLatin1() + "\r\n";
+    return takesInput() &&
+           ::write(m_readerLine, burst.constData(), static_cast<size_t>(burst.size())) == burst.size();
 }
 
 bool Terminal::isUp() const { return GlobalConfig::getInstance()->iSysStatus() == 2; }
@@ -108,14 +135,60 @@ Terminal& Terminal::add(const QString& what, const std::function<bool()>& tryIt)
     return *this;
 }
 
+Terminal& Terminal::walk(const QString& road)
+{
+    for (const QString& word : road.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        walkWord(word);
+    return *this;
+}
+
+Terminal& Terminal::walkWord(const QString& word)
+{
+    const QString rest = word.mid(1);
+    const QString name = rest.section(QLatin1Char('.'), 0, 0);
+    const QString value = rest.section(QLatin1Char('='), 1);
+    const QByteArray property = rest.mid(name.size() + 1).section(QLatin1Char('='), 0, 0).toLatin1();
+    switch (word.at(0).unicode()) {
+    case '#':
+        for (const QChar key : rest)
+            tap("key_" + QString(key).toLower());
+        return *this;
+    case '@':
+        return add(word, [this, rest] { return writeCard(rest); });
+    case '+':
+        return add(word, [this, rest] { return item(rest) != nullptr; });
+    case '-':
+        return add(word, [this, rest] { return item(rest) == nullptr; });
+    case '=':
+        return add(word, [this, rest] { return hear(rest); });
+    case '?':
+        return add(word, [=] { return this->property(name, property.constData()).toString() == value; });
+    case '!':
+        return add(word, [=] {
+            QQuickItem* found = item(name);
+            return found && found->isEnabled() && found->setProperty(property.constData(), value);
+        });
+    default:
+        return tap(word);
+    }
+}
+
 Terminal& Terminal::tap(const QString& name)
 {
     return add("tap " + name, [this, name] { return tapNow(name); });
 }
 
+bool Terminal::hear(const QString& message)
+{
+    if (m_messages.isEmpty() || m_messages.first() != message)
+        return false;
+    m_messages.removeFirst();
+    return true;
+}
+
 Terminal& Terminal::tapTogether(const QStringList& names)
 {
-    see(names.last());
+    walk("+" + names.last());
     return add("tap together " + names.join(' '), [this, names] {
         QQuickItem* first = item(names.first());
         if (!first || !first->isEnabled() || !takesInput() || !isSettled(first))
@@ -136,26 +209,9 @@ Terminal& Terminal::tapTogether(const QStringList& names)
     });
 }
 
-Terminal& Terminal::keys(const QString& text)
-{
-    for (const QChar key : text)
-        tap("key_" + QString(key).toLower());
-    return *this;
-}
-
 Terminal& Terminal::login(const QString& tile, const QString& number, const QString& password)
 {
-    return tap(tile).see("loginDlg").keys(number).tap("confirmButton").keys(password).tap("confirmButton");
-}
-
-Terminal& Terminal::see(const QString& name)
-{
-    return add("see " + name, [this, name] { return item(name) != nullptr; });
-}
-
-Terminal& Terminal::seeNot(const QString& name)
-{
-    return add("no longer see " + name, [this, name] { return item(name) == nullptr; });
+    return walk(QStringLiteral("%1 +loginDlg #%2 confirmButton #%3 confirmButton").arg(tile, number, password));
 }
 
 Terminal& Terminal::until(const QString& what, const std::function<bool()>& condition)
@@ -173,14 +229,25 @@ Terminal& Terminal::act(const std::function<void()>& action)
 
 Terminal& Terminal::open(const QString& dialog, const QVariantMap& properties)
 {
-    return add("open " + dialog, [this, dialog, properties] {
+    return call("open", dialog, properties);
+}
+
+Terminal& Terminal::ask(const QString& function, const QVariant& argument)
+{
+    return call("ask", function, argument);
+}
+
+Terminal& Terminal::call(const char* method, const QString& name, const QVariant& argument)
+{
+    return add(method + (" " + name), [=] {
         m_result.clear();
         m_hasReturned = false;
-        QTimer::singleShot(0, qApp, [this, dialog, properties] {
+        QTimer::singleShot(0, qApp, [=] {
             QVariant result;
-            QMetaObject::invokeMethod(m_page.get(), "open", Q_RETURN_ARG(QVariant, result),
-                                      Q_ARG(QVariant, dialog), Q_ARG(QVariant, properties));
-            m_result = result.toMap();
+            QMetaObject::invokeMethod(m_page.get(), method, Q_RETURN_ARG(QVariant, result),
+                                      Q_ARG(QVariant, name), Q_ARG(QVariant, argument));
+            m_result =
+                result.userType() == qMetaTypeId<QJSValue>() ? result.value<QJSValue>().toVariant() : result;
             m_hasReturned = true;
         });
         return true;

@@ -6,13 +6,26 @@
 #include <QRectF>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QVariant>
 
 #include <functional>
 #include <memory>
 #include <vector>
 
 class QQuickItem;
-class QQuickWindow;
+
+/// A reply of the back end that carries this.
+inline QJsonObject ok(const QJsonValue& data) { return {{"code", "200"}, {"msg", ""}, {"data", data}}; }
+
+/// Makes test rows of a table that is written as a text: a row each line, or more lines where the further ones
+/// are indented; fields are parted by " ; ", and QFETCH(QStringList, row) has them.
+void addRows(const char* table);
+
+/// The fields that are not as expected, with what they are; of an answer more fields don't count.
+QString unlike(const QJsonObject& answer, const QString& expectedJson);
+
+/// Fails the test with the step at which a road broke off.
+#define WALKED(road) QCOMPARE((road).run(), QString())
 
 /// The whole terminal in the test's process, its real pages and view-models, with the demo house behind it;
 /// driven like a person would, by taps. One for a test program, since the shared state lives as long as the
@@ -31,27 +44,26 @@ public:
     // worked off by a timer, in whatever event loop runs; each waits until it can be done, for ten seconds at
     // most.
 
-    /// Taps the visible item with this object name once the terminal takes input.
+    /// The steps of a road in short, one word each: `name` taps the visible item with this object name once the
+    /// terminal takes input, `#12` taps keys, `@123` presents a staff card, `+name` waits until an item is
+    /// visible and `-name` until none is, `?name.property=value` waits for a value and `!name.property=value`
+    /// sets one, `=type|text` waits for the next message, which must be this one.
+    Terminal& walk(const QString& road);
+    /// A tap alone.
     Terminal& tap(const QString& name);
     /// Taps all of them before any of the taps has had an effect, as a bouncing finger or two hands do. The
     /// same name may stand there twice.
     Terminal& tapTogether(const QStringList& names);
-    /// Taps the keys of the dialog on top one after the other.
-    Terminal& keys(const QString& text);
     /// Taps a module's tile and logs in by number and password.
     Terminal& login(const QString& tile, const QString& number, const QString& password);
-    /// Waits until an item with this name is visible, or none is.
-    Terminal& see(const QString& name);
-    Terminal& seeNot(const QString& name);
     /// Waits until the condition holds.
     Terminal& until(const QString& what, const std::function<bool()>& condition);
-    /// Presents a staff card to the reader.
-    Terminal& presentCard(const QByteArray& number);
-    /// Opens a dialog as a page would; result() has what it returned once it has closed.
+    /// Opens a dialog as a page would, or asks by a function of Ask.js; result() has what came of it.
     Terminal& open(const QString& dialog, const QVariantMap& properties = {});
-    /// Waits until the dialog that open() opened has returned.
+    Terminal& ask(const QString& function, const QVariant& argument = {});
+    /// Waits until what was opened or asked has returned.
     Terminal& returned();
-    QVariantMap result() const { return m_result; }
+    QVariant result() const { return m_result; }
     /// Saves what the screen shows, when the environment asks for pictures (scripts/pictures.sh); else does
     /// nothing.
     Terminal& picture(const QString& name);
@@ -63,6 +75,7 @@ public:
     /// The visible item with this name, in the window on top that has one; null without.
     QQuickItem* item(const QString& name) const;
     QVariant property(const QString& name, const char* property) const;
+    QString text(const QString& name) const { return property(name, "text").toString(); }
     /// The texts of the messages shown since the last call, each as "type|text".
     QStringList takeMessages();
 
@@ -74,6 +87,10 @@ private:
     };
 
     Terminal& add(const QString& what, const std::function<bool()>& tryIt);
+    Terminal& walkWord(const QString& word);
+    Terminal& call(const char* method, const QString& name, const QVariant& argument);
+    bool writeCard(const QString& number);
+    bool hear(const QString& message);
     void tick();
     bool tapNow(const QString& name);
     bool isSettled(QQuickItem* target);
@@ -93,7 +110,7 @@ private:
     int m_settledTicks = 0;
     QString m_failure;
     std::unique_ptr<QObject> m_page; ///< stands for a page that opens dialogs
-    QVariantMap m_result;
+    QVariant m_result;
     bool m_hasReturned = false;
     QStringList m_messages;
 };

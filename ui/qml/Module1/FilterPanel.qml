@@ -1,5 +1,4 @@
 import QtQuick 2.15
-import "../Components"
 import "../../js/Func.js" as JsFunc
 
 // The floors or room types beside the board, of which any can be ticked; kind is how their roles begin.

@@ -102,6 +102,7 @@ Tappable {
         anchors.right: floor.left
         anchors.rightMargin: 6
         anchors.baseline: number.baseline
+        visible: width > 0
         text: tile.roomName
         font.pixelSize: Math.max(12, tile.unit)
         color: tile.textColor

@@ -1,6 +1,5 @@
 import QtQuick 2.15
 import MassChgRoomVm 1.0
-import "../../Components"
 
 // Moves the guests of a massage room to an empty room.
 RoomPage {
