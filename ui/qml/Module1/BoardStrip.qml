@@ -8,7 +8,7 @@ Row {
     property alias model: buttons.model
     property string currentCode: ""
 
-    readonly property real buttonWidth: Math.min(Theme.px(170), width / Math.max(1, buttons.count))
+    readonly property int buttonWidth: Math.min(Theme.px(170), width / Math.max(1, buttons.count))
     // All alike, by the longest of their texts, which has five characters.
     readonly property int pixelSize: Math.max(Theme.leastSize, Math.min(Theme.headSize, (buttonWidth - 10) / 5))
 

@@ -39,9 +39,10 @@ Tappable {
     // About as many rows as the lines want: a row holds two cards and their label, or three technicians.
     readonly property int wantedRows: Math.ceil(cardList.length / 14) + Math.ceil(staffList.length / 14)
                                       + [payAmount, remark, groupRoom, finishStaff, lastSvrTime, statusVal].filter(line => line !== "").length
-    readonly property int lineSize: Math.max(Theme.leastSize, Math.min(unit * 1.35, bodyHeight / Math.max(1, wantedRows) / 1.1))
+    readonly property int leastLine: Math.max(Theme.leastSize, unit * 0.97)
+    readonly property int lineSize: Math.max(leastLine, Math.min(unit * 1.35, bodyHeight / Math.max(1, wantedRows) / 1.1))
     readonly property int lineHeight: lineSize * 1.1
-    readonly property int stateHeight: statusVal === "" ? 0 : Math.max(Theme.leastSize * 1.3, lineHeight)
+    readonly property int stateHeight: statusVal === "" ? 0 : Math.max(leastLine * 1.3, lineHeight)
     readonly property int rows: (bodyHeight - stateHeight) / lineHeight
 
     // A state in words, in the middle of the tile.
@@ -143,7 +144,7 @@ Tappable {
         TileLine { id: amount; tile: tile; content: tile.payAmount; room: staff.rest; font.bold: true }
 
         Rectangle {
-            width: parent.width
+            width: cut.visible ? parent.width : head.width
             height: note.height
             visible: note.isShown
             radius: 3
@@ -152,7 +153,7 @@ Tappable {
             TileLine {
                 id: note
                 x: 4
-                width: parent.width - 8
+                width: lines.width - 8
                 tile: tile
                 content: tile.remark
                 room: amount.rest
