@@ -10,6 +10,8 @@
 namespace {
 
 constexpr int leastColumns = 6; ///< a setting of fewer is ignored
+constexpr int usualColumns = 8;
+constexpr int leastTileWidth = 125; ///< pixels
 constexpr int asGuestRoom = 2;
 const QString roomMark = QStringLiteral("room");
 const QString staffMark = QStringLiteral("staff");
@@ -30,7 +32,8 @@ Module1Vm::Module1Vm(QObject* parent)
       m_overruns(new RoomOverTimeModel(this)), m_marks(this, boardTopics(), [this] { fetchMarked(); })
 {
     const GlobalConfig* config = GlobalConfig::getInstance();
-    if (config->room_item_count >= leastColumns)
+    m_areColumnsSet = config->room_item_count >= leastColumns;
+    if (m_areColumnsSet)
         setItemColumns(config->room_item_count);
     if (const SysConfigDto* sysConfig = config->sysConfig()) {
         setUsedRoomMod(sysConfig->usedRoomMod() == 1);
@@ -50,6 +53,12 @@ void Module1Vm::initRoomStatus()
                       {QStringLiteral("5"), QStringLiteral("特殊占用房"), false, false},
                       {QStringLiteral("2"), QStringLiteral("按摩房"), false, false},
                       {QStringLiteral("3"), QStringLiteral("休息房"), false, true}});
+}
+
+int Module1Vm::columnsIn(int boardWidth) const
+{
+    const int columns = itemColumns() == 0 ? usualColumns : itemColumns();
+    return m_areColumnsSet ? columns : qBound(1, boardWidth / leastTileWidth, columns);
 }
 
 void Module1Vm::mqttEvent(const QString& topic, const QString&) { m_marks.hear(topic); }

@@ -25,6 +25,9 @@ class Module1Vm : public ActionVm
 public:
     explicit Module1Vm(QObject* parent = nullptr);
 
+    /// How many tiles stand in a row of a board that is so wide, in pixels: those of the setting, else as many
+    /// of the usual ones as leave each tile wide enough to be read.
+    Q_INVOKABLE int columnsIn(int boardWidth) const;
     /// Shows the rooms in this state alone, all with an empty code.
     Q_INVOKABLE void onSelectStatus(const QString& code);
     Q_INVOKABLE void onChgMode();
@@ -82,6 +85,7 @@ private:
     RoomTypeModel* m_types;
     RoomOverTimeModel* m_overruns;
     QString m_statusCode; ///< the strip's chosen state, empty for all
+    bool m_areColumnsSet = false;
     int m_listFetches = 0;
     EventMarks m_marks;
     ReaderListener m_staffReader{this}; ///< a staff card has no effect while the board is open

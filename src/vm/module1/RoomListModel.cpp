@@ -2,18 +2,42 @@
 
 #include "common/GlobalConfig.h"
 
+namespace {
+
+/// Made only for the tiles that are shown, so that a refresh compares what it is made of.
+bool isSpokenOtherwise(const RoomTile& one, const RoomTile& other)
+{
+    return one.roomNo != other.roomNo || one.stateName != other.stateName || one.statusVal != other.statusVal ||
+           one.leftTime != other.leftTime;
+}
+
+} // namespace
+
 RoomListModel::RoomListModel(QObject* parent)
-    : RowModel({field("roomId", &RoomTile::roomId),           field("roomNo", &RoomTile::roomNo),
-                field("roomName", &RoomTile::roomName),       field("roomFloor", &RoomTile::roomFloor),
-                field("roomNum", &RoomTile::roomNum),         field("backColor", &RoomTile::backColor),
-                field("payAmount", &RoomTile::payAmount),     field("statusVal", &RoomTile::statusVal),
-                field("cardList", &RoomTile::cardList),       field("staffList", &RoomTile::staffList),
-                field("finishStaff", &RoomTile::finishStaff), field("groupRoom", &RoomTile::groupRoom),
-                field("usedTime", &RoomTile::usedTime),       field("leftTime", &RoomTile::leftTime),
-                field("roomCleaner", &RoomTile::roomCleaner), field("remark", &RoomTile::remark),
-                field("lastSvrTime", &RoomTile::lastSvrTime), field("roomLock", &RoomTile::roomLock),
-                field("openType", &RoomTile::openType),       field("dirtyFlg", &RoomTile::dirtyFlg),
-                field("status", &RoomTile::status),           field("cleanFlg", &RoomTile::cleanFlg)},
+    : RowModel({field("roomId", &RoomTile::roomId),
+                field("roomNo", &RoomTile::roomNo),
+                field("roomName", &RoomTile::roomName),
+                field("roomFloor", &RoomTile::roomFloor),
+                field("roomNum", &RoomTile::roomNum),
+                field("backColor", &RoomTile::backColor),
+                field("payAmount", &RoomTile::payAmount),
+                field("statusVal", &RoomTile::statusVal),
+                field("cardList", &RoomTile::cardList),
+                field("staffList", &RoomTile::staffList),
+                field("finishStaff", &RoomTile::finishStaff),
+                field("groupRoom", &RoomTile::groupRoom),
+                field("usedTime", &RoomTile::usedTime),
+                field("leftTime", &RoomTile::leftTime),
+                field("roomCleaner", &RoomTile::roomCleaner),
+                field("remark", &RoomTile::remark),
+                field("lastSvrTime", &RoomTile::lastSvrTime),
+                field("stateMark", &RoomTile::stateMark),
+                {"spokenName", [](const RoomTile& tile) { return spokenName(tile); }, isSpokenOtherwise},
+                field("roomLock", &RoomTile::roomLock),
+                field("openType", &RoomTile::openType),
+                field("dirtyFlg", &RoomTile::dirtyFlg),
+                field("status", &RoomTile::status),
+                field("cleanFlg", &RoomTile::cleanFlg)},
                parent)
 {
 }
@@ -41,6 +65,11 @@ RoomSortListModel::RoomSortListModel(QObject* parent)
                    {"roomList", [](RoomSortVm* group) { return QVariant::fromValue(group->pRoomModel); }}},
                   parent)
 {
+}
+
+int RoomSortListModel::indexOf(const QString& typeName) const
+{
+    return find([&](const RoomSortVm* group) { return group->typeName == typeName; });
 }
 
 void RoomSortListModel::update(const Array<RoomSortDto*>& types)

@@ -42,4 +42,6 @@ public:
 
     /// As many types as before keep their groups, and with them their views.
     void update(const Array<RoomSortDto*>& types);
+    /// The place of the group of this type, -1 without one.
+    Q_INVOKABLE int indexOf(const QString& typeName) const;
 };

@@ -35,6 +35,47 @@ QString colorOfTile(const RoomDto& room)
     }
 }
 
+struct StateWords
+{
+    QString mark;
+    QString name;
+};
+
+StateWords wordsOf(const RoomDto& room)
+{
+    const StateWords guestRoom{QStringLiteral("客"), QStringLiteral("客房")};
+    const StateWords cleaning{QStringLiteral("扫"), QStringLiteral("清扫房")};
+    const StateWords settled{QStringLiteral("结"), QStringLiteral("已结账")};
+    const bool isGuestRoom = room.openType() == guestRoomType;
+    switch (room.status()) {
+    case RoomEmpty:
+        if (room.roomLock())
+            return {QStringLiteral("约"), QStringLiteral("预约")};
+        return {QStringLiteral("空"), QStringLiteral("空闲房")};
+    case RoomMassage:
+        return room.isSettle() ? settled : StateWords{QStringLiteral("按"), QStringLiteral("按摩房")};
+    case RoomRest:
+        if (room.isSettle())
+            return settled;
+        return isGuestRoom ? guestRoom : StateWords{QStringLiteral("休"), QStringLiteral("休息房")};
+    case RoomCleaning:
+        return cleaning;
+    case RoomOccupied:
+        if (room.dirtyFlg())
+            return cleaning;
+        return {QStringLiteral("占"), QStringLiteral("特殊占用房")};
+    case RoomGuest:
+        if (room.dirtyFlg() && isGuestRoom)
+            return {QStringLiteral("脏"), QStringLiteral("待清扫客房")};
+        return guestRoom;
+    case 7:
+    case 8:
+        return {QStringLiteral("用"), QStringLiteral("在用房")};
+    default:
+        return {QStringLiteral("?"), QStringLiteral("未知状态")};
+    }
+}
+
 /// Whether guests are inside, so that cards, technicians and times mean something.
 bool isInUse(int status)
 {
@@ -106,6 +147,9 @@ RoomTile tileOf(const RoomDto& room, bool isShowAmount)
     tile.roomFloor = shownText(room.floorname());
     tile.roomNum = QString::number(room.num()) + QLatin1Char('/') + QString::number(room.innum());
     tile.backColor = colorOfTile(room);
+    const StateWords words = wordsOf(room);
+    tile.stateMark = words.mark;
+    tile.stateName = words.name;
     tile.statusVal = shownText(stateText(room));
     tile.remark = shownText(room.remark());
     tile.roomLock = room.roomLock();
@@ -126,6 +170,23 @@ RoomTile tileOf(const RoomDto& room, bool isShowAmount)
         tile.groupRoom = labelled(QStringLiteral("团:"), room.groupRoom());
         tile.usedTime = hoursAndMinutes(usedMinutes(room));
         tile.leftTime = leftText(room.surplus());
+        tile.surplus = room.surplus();
     }
     return tile;
+}
+
+QString spokenName(const RoomTile& tile)
+{
+    QStringList parts{tile.roomNo, tile.stateName};
+    if (!tile.statusVal.isEmpty() && tile.statusVal != tile.stateName)
+        parts.append(tile.statusVal);
+    if (!tile.leftTime.isEmpty()) {
+        const QString what = tile.surplus < 0 ? QStringLiteral("超时") : QStringLiteral("剩余");
+        parts.append(tile.surplus < -overrunShownMinutes ? QStringLiteral("超时一天以上")
+                                                         : QStringLiteral("%1%2小时%3分")
+                                                               .arg(what)
+                                                               .arg(qAbs(tile.surplus) / minutesPerHour)
+                                                               .arg(qAbs(tile.surplus) % minutesPerHour));
+    }
+    return parts.join(QStringLiteral(","));
 }

@@ -12,6 +12,8 @@ struct RoomTile
     QString roomFloor;
     QString roomNum;
     QString backColor;
+    QString stateMark; ///< the state in one character, for whom the colour tells nothing
+    QString stateName; ///< the same in full
     QString payAmount;
     QString statusVal; ///< the state in words, or who cleans
     QString cardList;
@@ -23,6 +25,7 @@ struct RoomTile
     QString roomCleaner;
     QString remark;
     QString lastSvrTime;
+    qint64 surplus = 0; ///< minutes left, negative when overrun
     bool roomLock = false;
     int openType = 0;
     bool dirtyFlg = false;
@@ -32,3 +35,6 @@ struct RoomTile
 
 /// Amounts are shown where the terminal is told to.
 RoomTile tileOf(const RoomDto& room, bool isShowAmount);
+
+/// The tile for who doesn't see it: number, state, and the time left where there is one.
+QString spokenName(const RoomTile& tile);

@@ -55,10 +55,10 @@ QtObject {
     readonly property color toolPressed: "#293D52"
     readonly property color toolOn: "#0B9E9F"
     readonly property color toolOff: "#DCDDDD"
-    readonly property color panel: "#17795E"
-    readonly property color panelRow: "#1F8F70"
+    readonly property color panel: "#0F5F49"
+    readonly property color panelRow: "#17795E"
     readonly property color panelRowChecked: "#F2B705"
-    readonly property color panelRowPressed: "#0B4A39"
+    readonly property color panelRowPressed: "#083B2D"
     readonly property color alert: "#FFFF00"
 
     // Tiles of a board, on whatever colour their state gives them
@@ -66,7 +66,8 @@ QtObject {
     readonly property color textOnLight: "#221022"
     readonly property color note: "#000000"
     readonly property color overrun: "#C8102E"
-    readonly property color inset: "#30000000"
+    readonly property color insetDark: "#30000000" // under a light text
+    readonly property color insetLight: "#48FFFFFF"
 
     // The message window
     readonly property var messages: ({

@@ -8,9 +8,13 @@ Row {
     property alias model: buttons.model
     property string currentCode: ""
 
+    readonly property int buttonWidth: Math.min(Theme.px(170), width / Math.max(1, buttons.count))
+    // All alike, by the longest of their texts, which has five characters.
+    readonly property int pixelSize: Math.max(Theme.leastSize, Math.min(Theme.headSize, (buttonWidth - 10) / 5))
+
     signal chosen(string code)
 
-    height: 52
+    height: Theme.px(52)
 
     Repeater {
         id: buttons
@@ -21,7 +25,7 @@ Row {
             readonly property bool isCurrent: model.statusCode === strip.currentCode
 
             objectName: "status_" + model.statusCode
-            width: Math.min(170, strip.width / buttons.count)
+            width: strip.buttonWidth
             height: strip.height
             label: model.statusName
             restColor: isCurrent ? Theme.accent : Theme.surface
@@ -58,10 +62,10 @@ Row {
                 width: parent.width - 8
                 horizontalAlignment: Text.AlignHCenter
                 fontSizeMode: Text.HorizontalFit
-                leastSize: 16
+                leastSize: Theme.leastSize
                 text: model.statusName
-                font.pixelSize: Theme.headSize
-                color: button.isCurrent && !button.isPressed ? Theme.textOnColor : Theme.text
+                font.pixelSize: strip.pixelSize
+                color: Theme.textOn(button.color)
             }
         }
     }

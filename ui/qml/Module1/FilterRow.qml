@@ -2,27 +2,22 @@ import QtQuick 2.15
 import "../Components"
 
 // A floor or room type beside the board, with its rooms in use and its tick.
-Tappable {
+PanelRow {
     id: row
 
     property alias num: sum.text
     property bool isChecked: false
 
-    readonly property color textColor: isChecked && !isPressed ? Theme.text : Theme.textOnColor
-
-    height: Theme.touchSize
-    radius: 6
     restColor: isChecked ? Theme.panelRowChecked : Theme.panelRow
-    pressedColor: Theme.panelRowPressed
     Accessible.role: Accessible.CheckBox
     Accessible.checked: isChecked
 
     CheckIcon {
         id: tick
         anchors.left: parent.left
-        anchors.leftMargin: 8
+        anchors.leftMargin: 6
         anchors.verticalCenter: parent.verticalCenter
-        pixelSize: 24
+        pixelSize: row.pixelSize * 1.2
         isChecked: row.isChecked
         iconColor: row.textColor
     }
@@ -33,15 +28,18 @@ Tappable {
         anchors.right: sum.left
         anchors.rightMargin: 6
         anchors.verticalCenter: parent.verticalCenter
+        leastSize: Theme.leastSize
         text: row.label
+        font.pixelSize: row.pixelSize
         color: row.textColor
     }
 
     PlainText {
         id: sum
         anchors.right: parent.right
-        anchors.rightMargin: 10
+        anchors.rightMargin: 8
         anchors.verticalCenter: parent.verticalCenter
+        font.pixelSize: row.pixelSize
         color: row.textColor
     }
 }

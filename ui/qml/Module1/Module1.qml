@@ -10,7 +10,9 @@ import "../../js/Glyphs.js" as Glyphs
 Item {
     id: page
 
-    readonly property int columns: vm.itemColumns === 0 ? 8 : vm.itemColumns
+    readonly property int columns: vm.columnsIn(board.width)
+    readonly property bool isNarrow: width < 1200
+    readonly property int gutter: 3 // what a tile leaves free on each of its sides
 
     // What comes of a tap, once; a second tap before that has ended is none.
     function answer(outcome) {
@@ -21,6 +23,18 @@ Item {
         const number = Ask.number(prompt)
         if (number !== undefined && vm)
             look(number)
+    }
+
+    // Changes what the board shows; the user sees it from the top.
+    function choose(change) {
+        // What is refused while another action runs must not be shown as chosen.
+        if (!vm || !vm.isEnabled)
+            return
+        change()
+        if (!vm)
+            return
+        grid.showTop()
+        groups.showTop()
     }
 
     objectName: "Module1"
@@ -44,8 +58,8 @@ Item {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.top: parent.top
-        anchors.margins: 8
-        height: 56
+        anchors.margins: page.gutter
+        height: Theme.px(56)
 
         BoardStrip {
             id: strip
@@ -54,25 +68,23 @@ Item {
             width: buttons.x - Theme.spacing
             model: vm.pRoomStatusModel
             enabled: vm.isEnabled
-            onChosen: JsFunc.delay15(() => {
-                // What is refused while another action runs must not be shown as chosen.
-                if (!vm || !vm.isEnabled)
-                    return
+            onChosen: JsFunc.delay15(() => page.choose(() => {
                 strip.currentCode = code
                 vm.onSelectStatus(code)
-            })
+            }))
         }
 
         Row {
             id: buttons
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            spacing: 12
+            spacing: Theme.gap
 
             PushButton {
                 objectName: "roomSearchButton"
-                implicitHeight: 52
-                pixelSize: Theme.headSize
+                implicitHeight: strip.height
+                width: page.isNarrow ? 116 : implicitWidth
+                pixelSize: page.isNarrow ? Theme.captionSize : Theme.headSize
                 iconText: Glyphs.search
                 text: "房间搜索"
                 action: () => page.search("请输入房间号", roomNo => vm.queryRoom(roomNo))
@@ -81,8 +93,9 @@ Item {
             PushButton {
                 objectName: "cardSearchButton"
                 visible: !vm.usedRoomMod
-                implicitHeight: 52
-                pixelSize: Theme.headSize
+                implicitHeight: strip.height
+                width: page.isNarrow ? 116 : implicitWidth
+                pixelSize: page.isNarrow ? Theme.captionSize : Theme.headSize
                 iconText: Glyphs.search
                 text: "手牌搜索"
                 action: () => page.search("请输入手牌号", cardNo => vm.queryCard(cardNo, ""))
@@ -91,16 +104,16 @@ Item {
             // Both of its colours want a dark ground.
             IconButton {
                 objectName: "modeButton"
-                width: 60
-                height: 52
+                width: page.isNarrow ? 52 : Theme.px(60)
+                height: strip.height
                 enabled: vm.isEnabled
                 restColor: Theme.toolGround
                 pressedColor: Theme.toolPressed
-                pixelSize: 40
+                pixelSize: Theme.px(40)
                 iconText: Glyphs.list
                 iconColor: vm.isGroupMode ? Theme.toolOn : Theme.toolOff
                 label: "按房型分组"
-                action: () => vm.onChgMode()
+                action: () => page.choose(() => vm.onChgMode())
             }
         }
     }
@@ -109,11 +122,11 @@ Item {
         id: board
         anchors.left: parent.left
         anchors.top: top.bottom
-        anchors.topMargin: 8
         anchors.bottom: parent.bottom
         width: parent.width * 0.82
 
         RoomGrid {
+            id: grid
             objectName: "roomGrid"
             anchors.fill: parent
             visible: !vm.isGroupMode
@@ -123,6 +136,7 @@ Item {
         }
 
         RoomGroups {
+            id: groups
             objectName: "roomGroups"
             anchors.fill: parent
             visible: vm.isGroupMode
@@ -136,9 +150,9 @@ Item {
         id: side
         anchors.left: board.right
         anchors.right: parent.right
-        anchors.rightMargin: 8
         anchors.top: board.top
         anchors.bottom: parent.bottom
+        anchors.margins: page.gutter
         spacing: height * 0.025
 
         FilterPanel {
@@ -148,7 +162,7 @@ Item {
             kind: "floor"
             model: vm.pRoomFloorModel
             enabled: vm.isEnabled
-            choose: id => vm.onChgFloor(id)
+            choose: id => page.choose(() => vm.onChgFloor(id))
         }
 
         FilterPanel {
@@ -158,7 +172,7 @@ Item {
             kind: "type"
             model: vm.pRoomTypeModel
             enabled: vm.isEnabled
-            choose: id => vm.onChgType(id)
+            choose: id => page.choose(() => vm.onChgType(id))
         }
 
         OverTimePanel {
@@ -166,6 +180,7 @@ Item {
             height: side.height * 0.35
             title: "异常"
             model: vm.pRoomOverTimeModel
+            onChosen: vm.queryRoom(roomNo)
         }
     }
 }

@@ -1,12 +1,23 @@
 import QtQuick 2.15
 import "../Components"
 
-// The rooms that should have been left: their numbers and by how much.
+// The rooms that should have been left: their numbers and by how much. A tap opens the room.
 SidePanel {
+    id: panel
+
+    signal chosen(string roomNo)
+
     objectName: "overTimePanel"
-    delegate: Item {
+    delegate: PanelRow {
+        id: row
+
+        readonly property string roomNo: model.roomNo
+
+        objectName: "over_" + roomNo
         width: ListView.view.width
-        height: 32
+        label: roomNo + " " + overrun.text
+        textColor: Theme.alert
+        onClicked: panel.chosen(roomNo)
 
         PlainText {
             anchors.left: parent.left
@@ -14,8 +25,10 @@ SidePanel {
             anchors.right: overrun.left
             anchors.rightMargin: 6
             anchors.verticalCenter: parent.verticalCenter
-            text: model.roomNo
-            color: Theme.alert
+            leastSize: Theme.leastSize
+            text: row.roomNo
+            font.pixelSize: row.pixelSize
+            color: row.textColor
         }
 
         PlainText {
@@ -24,7 +37,8 @@ SidePanel {
             anchors.rightMargin: 8
             anchors.verticalCenter: parent.verticalCenter
             text: model.overDesc
-            color: Theme.alert
+            font.pixelSize: row.pixelSize
+            color: row.textColor
         }
     }
 }

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15
+import "../Components"
 
 // All rooms in one grid, as many in a row as columns says.
 GridView {
@@ -7,14 +8,12 @@ GridView {
 
     property int columns: 8
     readonly property int roomWidth: width / columns
-    property real heldY: 0
 
     signal chosen(string roomId)
 
-    // A room more or less is no reason to jump to the top.
-    function keepPlace() {
-        forceLayout()
-        contentY = Math.max(0, Math.min(heldY, contentHeight - height))
+    // For a list that the user has asked for.
+    function showTop() {
+        keeper.showTop()
     }
 
     clip: true
@@ -32,15 +31,12 @@ GridView {
         policy: ScrollBar.AsNeeded
     }
 
-    Connections {
-        target: grid.model || null
-        ignoreUnknownSignals: true
-        function onModelAboutToBeReset() {
-            grid.heldY = grid.contentY
-        }
-        // The view learns of the reset behind this.
-        function onModelReset() {
-            Qt.callLater(grid.keepPlace)
-        }
+    PlaceKeeper {
+        id: keeper
+        view: grid
+    }
+
+    NoRooms {
+        list: grid
     }
 }

@@ -11,25 +11,52 @@ ListView {
     readonly property int roomWidth: (width - bandWidth) / columns
     readonly property int roomHeight: roomWidth * 0.85
 
+    // The group at the top and how far it is scrolled out, while the model is replaced.
+    property string heldType: ""
+    property int heldIndex: -1
+    property real heldOffset: 0
+
     signal chosen(string roomId)
 
+    // For a list that the user has asked for.
+    function showTop() {
+        heldIndex = -1
+        positionViewAtBeginning()
+    }
+
+    function keepPlace() {
+        if (heldIndex < 0 || count === 0)
+            return
+        const now = model.indexOf(heldType)
+        positionViewAtIndex(now >= 0 ? now : Math.min(heldIndex, count - 1), ListView.Beginning)
+        contentY += now >= 0 ? heldOffset : 0
+        returnToBounds()
+    }
+
     clip: true
-    spacing: 6
     boundsBehavior: Flickable.StopAtBounds
     delegate: Item {
         id: group
+
+        readonly property string typeName: model.typeName
 
         width: groups.width
         height: Math.max(rooms.height, groups.roomHeight)
 
         Rectangle {
             id: band
-            objectName: "group_" + model.typeName
+
+            readonly property var characters: Array.from(group.typeName)
+            readonly property int most: (height - 4) / (Theme.leastSize * 1.15)
+            readonly property var shown: characters.length <= most ? characters : characters.slice(0, most - 1).concat("…")
+
+            objectName: "group_" + group.typeName
             anchors.left: parent.left
             anchors.leftMargin: 3
             anchors.top: parent.top
             anchors.bottom: parent.bottom
-            anchors.margins: 3
+            anchors.topMargin: 3
+            anchors.bottomMargin: 3
             width: groups.bandWidth - 6
             radius: 6
             color: Theme.group
@@ -38,10 +65,11 @@ ListView {
             PlainText {
                 anchors.centerIn: parent
                 horizontalAlignment: Text.AlignHCenter
-                text: model.typeName.split("").join("\n")
-                lineHeight: 0.95
-                font.pixelSize: Math.max(11, Math.min(20, band.height / Math.max(1, model.typeName.length) / 1.25))
-                color: Theme.textOnColor
+                text: band.shown.join("\n")
+                lineHeightMode: Text.FixedHeight
+                lineHeight: font.pixelSize * 1.15
+                font.pixelSize: Math.max(Theme.leastSize, Math.min(Theme.textSize, (band.height - 4) / Math.max(1, band.shown.length) / 1.15))
+                color: Theme.textOn(Theme.group)
             }
         }
 
@@ -65,5 +93,24 @@ ListView {
     }
     ScrollBar.vertical: ScrollBar {
         policy: ScrollBar.AsNeeded
+    }
+
+    Connections {
+        target: groups.model || null
+        ignoreUnknownSignals: true
+        function onModelAboutToBeReset() {
+            const first = groups.itemAt(0, groups.contentY)
+            groups.heldIndex = groups.indexAt(0, groups.contentY)
+            groups.heldType = first ? first.typeName : ""
+            groups.heldOffset = first ? groups.contentY - first.y : 0
+        }
+        // The view learns of the reset behind this.
+        function onModelReset() {
+            Qt.callLater(groups.keepPlace)
+        }
+    }
+
+    NoRooms {
+        list: groups
     }
 }

@@ -10,6 +10,8 @@ Tappable {
     required property string roomName
     required property string roomFloor
     required property string backColor
+    required property string stateMark
+    required property string spokenName
     required property string payAmount
     required property string statusVal
     required property string cardList
@@ -23,19 +25,25 @@ Tappable {
     required property string lastSvrTime
 
     readonly property color fill: backColor
-    // White reads badly on the light colours.
-    readonly property color textColor: fill.r * 0.299 + fill.g * 0.587 + fill.b * 0.114 > 0.55 ? Theme.textOnLight : Theme.textOnColor
-    readonly property bool isOverrun: tile.leftTime.charAt(0) === "超"
+    readonly property color textColor: Theme.textOn(fill)
+    readonly property bool isTextLight: Qt.colorEqual(textColor, Theme.textOnColor)
+    // What is set off from the ground is so away from the text's colour, so that it is read no worse.
+    readonly property color inset: isTextLight ? Theme.insetDark : Theme.insetLight
+    readonly property bool isOverrun: leftTime.charAt(0) === "超"
     readonly property real unit: height / 10
+    readonly property int markSize: Math.max(Theme.leastSize, unit * 1.25)
 
-    // The lines share what is left between the number and the times; those that don't fit are left out whole.
-    readonly property int lineCount: [payAmount, remark, groupRoom, cardList, staffList, finishStaff, lastSvrTime].filter(line => line !== "").length
-    // With little room left the state is one line more, the first.
-    readonly property bool isStateALine: lineCount >= 2 && statusVal !== ""
-    readonly property int allLines: lineCount + (isStateALine ? 1 : 0)
-    readonly property int bodyHeight: card.y + card.height - times.height - body.y
-    readonly property int lineHeight: Math.max(14, Math.min(unit * 1.4, bodyHeight / Math.max(4, allLines)))
-    readonly property int rowsEach: Math.max(1, Math.floor(bodyHeight / lineHeight / Math.max(1, statusVal !== "" && lineCount === 1 ? 2 : allLines)))
+    readonly property int headHeight: Math.max(20, unit * 2.15)
+    readonly property int timesHeight: usedTime === "" && leftTime === "" ? 0 : Math.max(20, unit * 2.05)
+    readonly property int bodyHeight: card.height - headHeight - timesHeight
+    // About as many rows as the lines want: a row holds two cards and their label, or three technicians.
+    readonly property int wantedRows: Math.ceil(cardList.length / 14) + Math.ceil(staffList.length / 14)
+                                      + [payAmount, remark, groupRoom, finishStaff, lastSvrTime, statusVal].filter(line => line !== "").length
+    readonly property int leastLine: Math.max(Theme.leastSize, unit * 0.97)
+    readonly property int lineSize: Math.max(leastLine, Math.min(unit * 1.35, bodyHeight / Math.max(1, wantedRows) / 1.1))
+    readonly property int lineHeight: lineSize * 1.1
+    readonly property int stateHeight: statusVal === "" ? 0 : Math.max(leastLine * 1.3, lineHeight)
+    readonly property int rows: (bodyHeight - stateHeight) / lineHeight
 
     // A state in words, in the middle of the tile.
     component StateText: PlainText {
@@ -43,26 +51,25 @@ Tappable {
         visible: text !== ""
         horizontalAlignment: Text.AlignHCenter
         fontSizeMode: Text.HorizontalFit
-        leastSize: 11
+        leastSize: Theme.leastSize
         color: tile.textColor
     }
 
-    // A time in the bottom row, in one half of it.
+    // A time in the bottom row.
     component TimeText: PlainText {
-        width: parent.width / 2
         height: parent.height
-        leftPadding: 4
-        rightPadding: 4
+        leftPadding: 3
+        rightPadding: 3
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         fontSizeMode: Text.HorizontalFit
-        leastSize: 11
-        font.pixelSize: height * 0.8
+        leastSize: Theme.leastSize
+        font.pixelSize: Math.max(Theme.leastSize, height * 0.8)
         color: tile.textColor
     }
 
     objectName: "room_" + roomNo
-    label: roomNo
+    label: spokenName
     color: "transparent"
 
     Rectangle {
@@ -70,104 +77,133 @@ Tappable {
         anchors.fill: parent
         anchors.margins: 3
         radius: 6
-        color: tile.isPressed ? Qt.darker(tile.fill, 1.35) : tile.fill
-    }
-
-    PlainText {
-        id: number
-        anchors.left: card.left
-        anchors.leftMargin: 8
-        anchors.top: card.top
-        anchors.topMargin: 2
-        text: tile.roomNo
-        font.bold: true
-        font.pixelSize: tile.unit * 1.9
-        color: tile.textColor
-    }
-
-    PlainText {
-        id: floor
-        anchors.right: card.right
-        anchors.rightMargin: 8
-        anchors.baseline: number.baseline
-        width: Math.min(implicitWidth, tile.width * 0.3)
-        text: tile.roomFloor
-        font.pixelSize: Math.max(12, tile.unit)
-        color: tile.textColor
-    }
-
-    PlainText {
-        anchors.left: number.right
-        anchors.leftMargin: 6
-        anchors.right: floor.left
-        anchors.rightMargin: 6
-        anchors.baseline: number.baseline
-        visible: width > 0
-        text: tile.roomName
-        font.pixelSize: Math.max(12, tile.unit)
-        color: tile.textColor
+        color: !tile.isPressed ? tile.fill : tile.isTextLight ? Qt.darker(tile.fill, 1.5) : Qt.lighter(tile.fill, 1.25)
+        border.width: tile.isPressed ? 3 : 0
+        border.color: tile.textColor
     }
 
     Item {
-        id: body
+        id: head
         anchors.left: card.left
         anchors.right: card.right
-        anchors.leftMargin: 8
-        anchors.rightMargin: 8
-        y: number.y + number.height * 0.88
-        height: Math.floor(tile.bodyHeight / tile.lineHeight) * tile.lineHeight
-        clip: lines.height > height
+        anchors.leftMargin: 5
+        anchors.rightMargin: 5
+        anchors.top: card.top
+        height: tile.headHeight
 
-        Column {
-            id: lines
-            width: parent.width
-
-            TileLine { tile: tile; text: tile.isStateALine ? tile.statusVal : ""; font.bold: true }
-            TileLine { tile: tile; text: tile.payAmount; font.bold: true }
-
-            Rectangle {
-                width: parent.width
-                height: note.height
-                visible: tile.remark !== ""
-                radius: 3
-                color: Theme.note
-
-                TileLine {
-                    id: note
-                    x: 4
-                    width: parent.width - 8
-                    text: tile.remark
-                    tile: tile
-                    color: Theme.textOnColor
-                }
-            }
-
-            TileLine { tile: tile; text: tile.groupRoom }
-            TileLine { tile: tile; text: tile.cardList }
-            TileLine { tile: tile; text: tile.staffList }
-            TileLine { tile: tile; text: tile.finishStaff }
-            TileLine { tile: tile; text: tile.lastSvrTime }
+        PlainText {
+            id: number
+            anchors.verticalCenter: parent.verticalCenter
+            width: Math.min(implicitWidth, parent.width - mark.width - Theme.leastSize - 6)
+            fontSizeMode: Text.HorizontalFit
+            leastSize: Theme.leastSize
+            text: tile.roomNo
+            font.bold: true
+            font.pixelSize: Math.max(16, tile.unit * 1.8)
+            color: tile.textColor
         }
+
+        Rectangle {
+            id: mark
+            anchors.left: number.right
+            anchors.leftMargin: 3
+            anchors.verticalCenter: parent.verticalCenter
+            width: tile.markSize + 3
+            height: width
+            radius: 4
+            color: tile.inset
+
+            PlainText {
+                anchors.centerIn: parent
+                text: tile.stateMark
+                font.pixelSize: tile.markSize
+                color: tile.textColor
+            }
+        }
+
+        PlainText {
+            anchors.left: mark.right
+            anchors.leftMargin: 3
+            anchors.right: parent.right
+            anchors.baseline: number.baseline
+            horizontalAlignment: Text.AlignRight
+            text: tile.roomName === "" ? tile.roomFloor : tile.roomName + " " + tile.roomFloor
+            font.pixelSize: Math.max(Theme.leastSize, tile.unit)
+            color: tile.textColor
+        }
+    }
+
+    // The lines take their rows by rank: cards, technicians, then the others in their order.
+    Column {
+        id: lines
+        anchors.left: head.left
+        anchors.right: head.right
+        anchors.rightMargin: cut.width - 3
+        anchors.top: head.bottom
+
+        TileLine { id: amount; tile: tile; content: tile.payAmount; room: staff.rest; font.bold: true }
+
+        Rectangle {
+            width: cut.visible ? parent.width : head.width
+            height: note.height
+            visible: note.isShown
+            radius: 3
+            color: Theme.note
+
+            TileLine {
+                id: note
+                x: 4
+                width: lines.width - 8
+                tile: tile
+                content: tile.remark
+                room: amount.rest
+                most: room - (tile.groupRoom !== "") - (tile.finishStaff !== "") - (tile.lastSvrTime !== "")
+                color: Theme.textOnColor
+            }
+        }
+
+        TileLine { id: group; tile: tile; content: tile.groupRoom; room: note.rest }
+        TileLine { id: cards; tile: tile; content: tile.cardList; room: tile.rows }
+        TileLine { id: staff; tile: tile; content: tile.staffList; room: cards.rest }
+        TileLine { id: finished; tile: tile; content: tile.finishStaff; room: group.rest }
+        TileLine { id: service; tile: tile; content: tile.lastSvrTime; room: finished.rest }
+    }
+
+    // Something is left out whole.
+    PlainText {
+        id: cut
+        anchors.right: head.right
+        anchors.rightMargin: -3
+        y: lines.y + lines.height - tile.lineHeight
+        width: tile.lineSize
+        visible: service.isLost || finished.isLost || group.isLost || note.isLost || amount.isLost || staff.isLost || cards.isLost
+        text: "…"
+        font.bold: true
+        font.pixelSize: tile.lineSize
+        lineHeightMode: Text.FixedHeight
+        lineHeight: tile.lineHeight
+        color: tile.textColor
     }
 
     Column {
         id: state
         readonly property int room: tile.bodyHeight - lines.height
 
-        anchors.left: body.left
-        anchors.right: body.right
-        y: body.y + lines.height + (room - height) / 2
-        visible: !tile.isStateALine
+        anchors.left: head.left
+        anchors.right: head.right
+        y: lines.y + Math.max(lines.height + (room - height) / 2, (tile.bodyHeight - height) / 2)
+        visible: tile.statusVal !== ""
 
         StateText {
             text: tile.statusVal
-            font.pixelSize: Math.min(tile.unit * 1.9, state.room / (tile.roomCleaner === "" ? 1.3 : 2.4))
+            font.pixelSize: Math.max(Theme.leastSize, Math.min(tile.unit * 1.9, state.room / (tile.roomCleaner === "" ? 1.3 : 2.6)))
             font.bold: true
         }
 
+        // Where there is no room for it the line above says who cleans.
         StateText {
-            text: tile.roomCleaner
-            font.pixelSize: Math.min(tile.unit * 1.3, state.room / 2.8)
+            text: state.room < Theme.leastSize * 2.6 ? "" : tile.roomCleaner
+            font.pixelSize: Math.max(Theme.leastSize, Math.min(tile.unit * 1.3, state.room / 2.8))
         }
     }
 
@@ -176,27 +212,29 @@ Tappable {
         anchors.left: card.left
         anchors.right: card.right
         anchors.bottom: card.bottom
-        height: tile.usedTime === "" && tile.leftTime === "" ? 0 : tile.unit * 2.1
+        height: tile.timesHeight
 
         TimeText {
             anchors.left: parent.left
+            anchors.right: left.left
             text: tile.usedTime
         }
 
         Rectangle {
+            id: left
             anchors.right: parent.right
-            width: parent.width / 2
+            width: Math.round(parent.width * (tile.isOverrun ? 0.6 : 0.5))
             height: parent.height
             radius: 6
             visible: tile.leftTime !== ""
-            color: tile.isOverrun ? Theme.overrun : Theme.inset
-        }
+            color: tile.isOverrun ? Theme.overrun : tile.inset
 
-        TimeText {
-            anchors.right: parent.right
-            text: tile.leftTime
-            font.bold: true
-            color: tile.isOverrun ? Theme.textOnColor : tile.textColor
+            TimeText {
+                width: parent.width
+                text: tile.leftTime
+                font.bold: true
+                color: tile.isOverrun ? Theme.textOn(Theme.overrun) : tile.textColor
+            }
         }
     }
 }

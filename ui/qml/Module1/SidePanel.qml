@@ -15,9 +15,8 @@ Rectangle {
         id: head
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.top: parent.top
-        anchors.topMargin: 6
-        font.pixelSize: Theme.headSize
-        color: Theme.textOnColor
+        anchors.topMargin: 3
+        color: Theme.textOn(parent.color)
     }
 
     ListView {
@@ -27,11 +26,16 @@ Rectangle {
         anchors.top: head.bottom
         anchors.bottom: parent.bottom
         anchors.margins: 6
+        anchors.topMargin: 3
         clip: true
-        spacing: 4
+        spacing: 6
         boundsBehavior: Flickable.StopAtBounds
         ScrollBar.vertical: ScrollBar {
             policy: ScrollBar.AsNeeded
+        }
+
+        PlaceKeeper {
+            view: list
         }
     }
 }
