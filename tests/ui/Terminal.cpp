@@ -163,6 +163,8 @@ Terminal& Terminal::walkWord(const QString& word)
         return add(word, [this, rest] { return hear(rest); });
     case '?':
         return add(word, [=] { return this->property(name, property.constData()).toString() == value; });
+    case '~':
+        return act([rest] { QTest::qWait(rest.toInt()); });
     case '!':
         return add(word, [=] {
             QQuickItem* found = item(name);

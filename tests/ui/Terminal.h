@@ -47,7 +47,7 @@ public:
     /// The steps of a road in short, one word each: `name` taps the visible item with this object name once the
     /// terminal takes input, `#12` taps keys, `@123` presents a staff card, `+name` waits until an item is
     /// visible and `-name` until none is, `?name.property=value` waits for a value and `!name.property=value`
-    /// sets one, `=type|text` waits for the next message, which must be this one.
+    /// sets one, `~ms` lets time pass, `=type|text` waits for the next message, which must be this one.
     Terminal& walk(const QString& road);
     /// A tap alone.
     Terminal& tap(const QString& name);

@@ -285,8 +285,9 @@ void tst_board::eventUnderADialog()
                    m_terminal->house().answer(roomList, ok(QJsonArray{dirty, room("802", {{"status", 1}})}));
                    event();
                })
-               .until("the board behind the dialog", [this] { return rooms() == 2; })
-               .walk("+confirmDlg cancelButton -confirmDlg +room_802"));
+               .walk("+confirmDlg cancelButton -confirmDlg")
+               .act([this] { QCOMPARE(rooms(), 1); }) // its fetch would have taken taps from the dialog
+               .walk("+room_802"));
 }
 
 QTEST_MAIN(tst_board)

@@ -62,7 +62,7 @@ REST_CHG_PLAN ; 3 ; /bba01/changeFeePlan ; {"roomId": "r1", "planId": "p1"}
 ADD_TIME ; 3 ; /bba01/restRoomAddTime ; {"roomId": "r1", "hours": 2}
     ; minusButton plusButton plusButton minusButton ?stepValue.text=2小时 saveButton DONE
 OUT_ROOM ; 2 ; /bba01/leaveRoomNew ; {"id": "r1", "cardids": ["c1"]}
-    ; +card_801 -check_801 card_800 card_801 saveButton =error|请选择需要离房的手牌 card_801 saveButton DONE
+    ; +card_801 -check_801 card_800 card_801 saveButton =error|请选择需要离房的手牌 ~300 card_801 saveButton DONE
 OUT_ROOM ; 3 ; /bba01/leaveRoomNew ; {"cardId": "c1", "cardids": ["c0"]}
     ; ?check_800.isChecked=true check_801 ?check_801.isChecked=true card_801 saveButton DONE
 UNION_ROOM ; 2 ; /bba01/mergeRoom ; {"roomIdArr": ["m1", "r1"]}

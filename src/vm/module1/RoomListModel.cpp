@@ -49,7 +49,8 @@ void RoomListModel::update(const Array<RoomDto*>& rooms)
     QVector<RoomTile> tiles;
     tiles.reserve(rooms.size());
     for (const RoomDto* room : rooms) {
-        if (!room->id().isEmpty()) // else the list held something that is no room
+        // An element of the list that is no object at all leaves an empty record.
+        if (!(room->id() + room->code() + room->name()).isEmpty() || room->status() != 0)
             tiles.append(tileOf(*room, isShowAmount));
     }
     refresh(tiles);

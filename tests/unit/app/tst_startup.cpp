@@ -123,9 +123,8 @@ int probe(QCoreApplication& application, int dialogLimit)
     int dialogs = 0;
     QObject::connect(MyMessage::getInstance(), &MyMessage::showMessageSignal, &application,
                      [&](const QString& text, const QString& type) { messages.append(type + "|" + text); });
-    QObject::connect(DlgManager::getInstance(), &DlgManager::cloudSignal, &application, [&] {
-        DlgManager::getInstance()->cloudResult(++dialogs <= dialogLimit);
-    });
+    QObject::connect(DlgManager::getInstance(), &DlgManager::cloudSignal, &application,
+                     [&] { DlgManager::getInstance()->cloudResult(++dialogs <= dialogLimit); });
     MainClass* program = MainClass::getInstance();
     if (!GlobalConfig::getInstance()->initLibcurl())
         return 3;

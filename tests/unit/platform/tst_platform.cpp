@@ -47,10 +47,7 @@ class tst_platform : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
-    }
+    void initTestCase() { qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8()); }
 
     void oneInstanceAtATime()
     {

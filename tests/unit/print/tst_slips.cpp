@@ -118,7 +118,13 @@ private Q_SLOTS:
         QCOMPARE(library.calls, (QStringList{"open \"\" 0x14", "open \"\" 0x14"}));
         QCOMPARE(m_messages.size(), 0); // behind whatever the caller says in the meantime
         QTRY_COMPARE(m_messages.size(), 2);
-        QCOMPARE(m_messages.first(), (QVariantList{"打印失败,未正确连接打印机", "error"}));
+        QCOMPARE(m_messages.first(), (QVariantList{"【自助餐单】打印失败,未正确连接打印机", "error"}));
+        // The last one may be had again, once.
+        library.isRefusing = false;
+        MyMessage::getInstance()->reprint();
+        MyMessage::getInstance()->reprint();
+        QCOMPARE(library.calls.filter("open").size(), 3);
+        QVERIFY(library.calls.contains("cut") || library.calls.size() > 4);
     }
     void networkPort()
     {
@@ -129,7 +135,6 @@ private Q_SLOTS:
         QVERIFY(!printer.openDevice("192.168.1.50", "9100"));
         QCOMPARE(library.calls, (QStringList{"open \"192.168.1.50\" 0x15", "reset", "open \"前台\" 0x14",
                                              "open \"192.168.1.50\" 0x15"}));
-        QTRY_COMPARE(m_messages.size(), 1);
     }
     void countsLackingCharacters()
     {

@@ -54,7 +54,8 @@ void compareField(const QString& where, const Field& field, const QJsonValue& se
         break;
     }
     default:
-        if (sent.toVariant().toString() != read.toVariant().toString())
+        // The log, where the answers are read, hides what logs somebody in.
+        if (sent != QJsonValue("***") && sent.toVariant().toString() != read.toVariant().toString())
             faults.append(where + " sent as " + sent.toVariant().toString() + ", read as " +
                           read.toVariant().toString());
     }

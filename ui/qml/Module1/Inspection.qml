@@ -28,7 +28,7 @@ QtObject {
     }
 
     function menuPages(dialog) {
-        const loader = Array.from(dialog.contentItem.children).find(item => item.objectName === "pageLoader")
+        const loader = dialog.pageLoader
         return Object.keys(dialog.pages).filter(code => !test.isLoggedIn() || test.isShown("menu_" + code)).map(code => ({
             name: code,
             open: () => dialog.choose(code),

@@ -19,6 +19,7 @@ TitledDialog {
     property var factText: field => vm[field]
     property var pages: ({}) // the page of each menu entry
     property var actions: ({}) // or what it does after a question, {question, run}; done, the dialog closes
+    readonly property alias pageLoader: loader
     property int workings: 0 // of the page, that wait for the back end or the user
 
     function exec() {
