@@ -81,8 +81,11 @@ std::vector<json*> placesOf(House& house, const std::string& setting)
 ControlAnswer setConfig(House& house, const json& order)
 {
     json before = json::object();
-    for (const auto& entry : order.items())
-        before[entry.key()] = *placesOf(house, entry.key()).front();
+    for (const auto& [setting, value] : order.items()) {
+        before[setting] = *placesOf(house, setting).front();
+        if (before[setting].type() != value.type())
+            throw std::invalid_argument(setting + " is of another kind, such as " + before[setting].dump());
+    }
     for (const auto& [setting, value] : order.items())
         for (json* place : placesOf(house, setting))
             *place = value;

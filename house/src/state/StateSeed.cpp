@@ -1,5 +1,6 @@
 #include "src/state/StateSeed.h"
 
+#include "src/Refusal.h"
 #include "src/state/RoomDesk.h"
 #include "src/state/SeedReader.h"
 
@@ -76,10 +77,17 @@ private:
         }
     }
 
+    void furnishNames(Table<Named>& table, SeedTable ids, const char* key)
+    {
+        for (const json& name : document.at(key))
+            table.add({nextId(ids, table), name.get<std::string>()});
+    }
+
     void furnishHouse()
     {
-        for (const json& name : document.at("floors"))
-            state.floors.add({nextId(FloorIds, state.floors), name.get<std::string>()});
+        furnishNames(state.floors, FloorIds, "floors");
+        furnishNames(state.occupationTypes, OccupationIds, "occupationTypes");
+        furnishNames(state.callContents, ContentIds, "callContents");
         for (const json& row : document.at("roomTypes")) {
             const RoomType& type = state.roomTypes.add(
                 {nextId(RoomTypeIds, state.roomTypes), row.at("name").get<std::string>(),
@@ -88,10 +96,6 @@ private:
                 state.plans.add({nextId(PlanIds, state.plans), plan.at("name").get<std::string>(), type.id,
                                  plan.at("hours").get<int>(), plan.at("fee").get<double>()});
         }
-        for (const json& name : document.at("occupationTypes"))
-            state.occupationTypes.add({nextId(OccupationIds, state.occupationTypes), name.get<std::string>()});
-        for (const json& name : document.at("callContents"))
-            state.callContents.add({nextId(ContentIds, state.callContents), name.get<std::string>()});
     }
 
     void furnishCards()
@@ -287,6 +291,13 @@ void furnishRoomCard(State& state, const Room& room)
                 state.cardTypes.begin()->id);
 }
 
-State furnish(const Seed& seed, int roomCount, Seconds now) { return Furnisher(seed, now).furnish(roomCount); }
+State furnish(const Seed& seed, int roomCount, Seconds now)
+{
+    try {
+        return Furnisher(seed, now).furnish(roomCount);
+    } catch (const Refusal& refusal) {
+        throw std::runtime_error("the house can't be furnished: " + refusal.msg);
+    }
+}
 
 } // namespace house
