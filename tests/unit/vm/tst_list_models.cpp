@@ -1,5 +1,4 @@
-// What the lists of the pages share: which views are told of what, and that each list keeps the rules of a
-// model.
+// What the lists of the pages share: what views are told, and that each list keeps the rules of a model.
 
 #include "vm/dialogs/CloudModels.h"
 #include "vm/module1/BoardModels.h"

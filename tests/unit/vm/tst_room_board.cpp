@@ -155,7 +155,6 @@ void tst_room_board::taps_data()
 {status: 6, openType: 1} |
 {status: 7, openType: 2} |
 {status: 8} |
-{status: 9} |
 {status: 0} |
 {status: 4, cleanFlg: 0} | cleanAsked|确定要将当前房间【801】转成空闲房?|id-801|true
 {status: 4, cleanFlg: 1} | cleanAsked|确定要将当前房间【801】转成空闲房?|id-801|true
@@ -226,7 +225,6 @@ full(9) | inside
 {status: 3, surplus: -83} | {leftTime: '超:>1:23'}
 {status: 3, surplus: -2879} | {leftTime: '超:>47:59'}
 {status: 3, surplus: -2880} | {leftTime: '超:1d'}
-{status: 3, surplus: -100000} | {leftTime: '超:1d'}
 )");
 }
 

@@ -209,7 +209,6 @@ RoomDetailVm | read({surplus: 0, overTime: -3}) | [p.leftHours, p.overHours] | ,
 RoomDetailVm | read({surplus: -65}) | [p.leftHours, p.overHours] | ,
 RoomDetailVm | read({surplus: 61, overTime: 62}); read({surplus: 0, overTime: 0}) | [p.leftHours, p.overHours]
     | 1时1分,1时2分
-RoomDetailVm | read({status: 0, roomNo: '101'}) | known() | ,,, | error|包房状态发生变化,请刷新后再试
 RoomDetailVm | read({status: 1, roomNo: '101'}) | known() | ,,, | error|包房状态发生变化,请刷新后再试
 RoomDetailVm | read({status: 4, roomNo: '101'}) | known() | ,,, | error|包房状态发生变化,请刷新后再试
 RoomDetailVm | f.refuse(detail, '查询失败'); p.init('R1') | known() | ,,, | error|查询失败
