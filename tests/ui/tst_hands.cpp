@@ -77,20 +77,23 @@ private Q_SLOTS:
     /// nothing and hears no card any more.
     void keyboardAndEnd()
     {
-        WALKED(m_terminal->ask("number", "请输入房间号").walk("+numKeyDlg").act([this] {
+        QString typed;
+        const auto type = [&] {
             for (const char key : {'1', '2', 'a'})
                 QTest::keyClick(m_board, key);
-        }));
-        QCOMPARE(m_terminal->text("inputLine"), QString("12a"));
-        WALKED(m_terminal->walk("cancelButton -numKeyDlg").returned());
-        WALKED(m_terminal->open("numKeyDlg", {{"isReadOk", true}})
-                   .walk("+numKeyDlg #77")
-                   .act([] {
-                       for (QObject* dialog :
-                            QGuiApplication::topLevelWindows().first()->findChildren<QObject*>("numKeyDlg"))
-                           dialog->setProperty("visible", false);
-                   })
+            typed = m_terminal->text("inputLine");
+        };
+        WALKED(m_terminal->ask("number", "请输入房间号")
+                   .walk("+numKeyDlg")
+                   .act(type)
+                   .walk("cancelButton -numKeyDlg")
                    .returned());
+        QCOMPARE(typed, QString("12a"));
+        const auto hide = [this] {
+            for (QObject* dialog : m_board->findChildren<QObject*>("numKeyDlg"))
+                dialog->setProperty("visible", false);
+        };
+        WALKED(m_terminal->open("numKeyDlg", {{"isReadOk", true}}).walk("+numKeyDlg #77").act(hide).returned());
         QCOMPARE(m_terminal->result().toMap().value("dlgResult").toBool(), false);
     }
 
