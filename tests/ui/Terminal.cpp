@@ -80,6 +80,10 @@ Terminal::Terminal()
     registerSingletons();
     registerTypes();
     m_engine.reset(new QQmlApplicationEngine);
+    QObject::connect(m_engine.get(), &QQmlEngine::warnings, &m_timer, [this](const QList<QQmlError>& errors) {
+        for (const QQmlError& error : errors)
+            m_messages.append("page|" + error.toString());
+    });
     loadPages(*m_engine, HouseProcess::programFolder());
     // The offscreen screen is small; the pages are made for a large one.
     for (QWindow* window : QGuiApplication::topLevelWindows()) {

@@ -76,7 +76,8 @@ public:
     QQuickItem* item(const QString& name) const;
     QVariant property(const QString& name, const char* property) const;
     QString text(const QString& name) const { return property(name, "text").toString(); }
-    /// The texts of the messages shown since the last call, each as "type|text".
+    /// The texts of the messages shown since the last call, each as "type|text", and what the pages complain of
+    /// as "page|text".
     QStringList takeMessages();
 
 private:
