@@ -27,7 +27,7 @@ Rectangle {
     })
 
     // The modules that have a page.
-    readonly property var pages: ({Module1: "qrc:/qml/Module1/Module1.qml"})
+    readonly property var pages: ({Module1: "qrc:/qml/Module1/Module1.qml", Module2: "qrc:/qml/Module2/Module2.qml"})
 
     // Dialogs that a tile opens in place of a page.
     readonly property var summaries: ({YJ: "sellSumDlg", JRZB: "todaySumDlg"})
