@@ -40,6 +40,7 @@ Tappable {
             height: parent.height
             verticalAlignment: Text.AlignVCenter
             text: field.text === "" ? field.prompt : field.text
+            leastSize: Theme.leastSize
             font.pixelSize: field.text === "" ? Theme.textSize : Theme.titleSize
             color: field.text === "" ? Theme.textFaint : Theme.text
         }

@@ -95,10 +95,11 @@ Rectangle {
                     pixelSize: Theme.px(17)
                     text: modelData.text
                     action: () => {
+                        const key = modelData.key // closing takes the entries away
                         const place = row.place
                         const choose = row.choose
                         row.close()
-                        choose(modelData.key, place)
+                        choose(key, place)
                     }
                 }
             }
