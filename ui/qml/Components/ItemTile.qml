@@ -24,7 +24,7 @@ Tappable {
         x: tile.pad
         y: tile.pad
         width: tile.isLow ? tile.height - 2 * tile.pad : tile.width - 2 * tile.pad
-        height: tile.isLow ? width : tile.height * 0.40
+        height: tile.isLow ? width : tile.height * 0.33
         source: isMissing ? "qrc:/images/empty.png" : tile.picture
         sourceSize: tile.isLow ? Qt.size(100, 100) : Qt.size(600, 400)
         asynchronous: true

@@ -54,7 +54,7 @@ Rectangle {
         objectName: row.namePrefix + "Menu_" + row.place
         anchors.right: parent.right
         anchors.verticalCenter: parent.verticalCenter
-        width: Theme.touchSize
+        width: Theme.px(Theme.touchSize)
         height: Math.min(parent.height, Theme.px(64))
         iconText: row.isOpen ? Glyphs.close : Glyphs.more
         iconColor: Theme.textMuted

@@ -80,8 +80,8 @@ SaleLines {
             x: Theme.px(6)
             anchors.bottom: parent.bottom
             anchors.bottomMargin: 3
-            width: Theme.touchSize
-            height: Theme.touchSize
+            width: Theme.px(Theme.touchSize)
+            height: Theme.px(Theme.touchSize)
             iconText: Glyphs.minus
             pixelSize: Theme.px(24)
             label: "减"
@@ -114,8 +114,8 @@ SaleLines {
             objectName: "plus_" + index
             anchors.left: number.right
             anchors.bottom: minus.bottom
-            width: Theme.touchSize
-            height: Theme.touchSize
+            width: Theme.px(Theme.touchSize)
+            height: Theme.px(Theme.touchSize)
             iconText: Glyphs.plus
             pixelSize: Theme.px(24)
             label: "加"
