@@ -46,8 +46,6 @@ private Q_SLOTS:
     void crowd();
 
 private:
-    QVariant textOf(const QString& name) const { return m_terminal->property(name, "text"); }
-
     std::unique_ptr<Terminal> m_terminal;
     QString m_card;
 };
@@ -160,7 +158,8 @@ void tst_sales::sale()
         .see("tasteDlg")
         .tap("taste_0_1")
         .tap("confirmButton")
-        .seeNot("tasteDlg");
+        .seeNot("tasteDlg")
+        .see("newLine_2");
     m_terminal->tap("newMenu_0").picture("till-menu").tap("entry_gift").seeNot("entry_gift");
     m_terminal->tap("newMenu_1")
         .tap("entry_allRemark")
