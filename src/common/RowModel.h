@@ -152,13 +152,15 @@ public:
             Q_EMIT dataChanged(index(0), index(rows.size() - 1), changed);
     }
 
-    void append(const Row& row)
+    void append(const Row& row) { insertAt(rowCount(), row); }
+
+    /// The place must be within the list or its end.
+    void insertAt(int at, const Row& row)
     {
-        const int at = rowCount();
         beginInsertRows({}, at, at);
         {
             QMutexLocker lock(&m_mutex);
-            m_rows.append(row);
+            m_rows.insert(at, row);
         }
         endInsertRows();
     }

@@ -10,6 +10,7 @@
 #include "vm/dialogs/DialogsRegister.h"
 #include "vm/mainpage/Fps.h"
 #include "vm/module1/Module1Register.h"
+#include "vm/module2/Module2Register.h"
 #include "vm/shared/TapWatch.h"
 
 #include <QDebug>
@@ -53,6 +54,7 @@ void registerTypes()
 {
     DialogsRegister::getInstance()->init();
     Module1Register().init();
+    Module2Register().init();
     qmlRegisterType<QmlEventLoop>("QmlEventLoop", 1, 0, "QmlEventLoop");
     qmlRegisterType<Fps>("Fps", 1, 0, "Fps");
 }

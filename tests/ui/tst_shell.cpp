@@ -130,9 +130,9 @@ void tst_shell::loginsThatFail()
 
 void tst_shell::everyTile_data()
 {
-    // The last two open a dialog and no page.
+    // The last two open a dialog and no page; the till asks for its guest at once.
     addRows(R"(
-tile_CONSUME_CTRL ; Module2 ; CONSUME_CTRL
+tile_CONSUME_CTRL ; Module2 +numKeyDlg cancelButton -numKeyDlg ; CONSUME_CTRL
 tile_ROOMINFO_CTRL ; Module1 ; ROOMINFO_CTRL
 tile_STAFF_QTZ_CTRL ; Module3 ; STAFF_QTZ_CTRL
 tile_HELP_BASH_WAIT ; Module4 ; HELP_BASH_WAIT
@@ -141,8 +141,8 @@ tile_NO_ITEM_SERVER ; Module6 ; NO_ITEM_SERVER
 tile_SELF_ORDER ; Module7 ; SELF_ORDER
 tile_ZZC_CTRL ; Module8 ; ZZC_CTRL
 tile_TRANSFER_CTRL ; Module9 ; PAY_CTRL
-bottom_JRZB ; closeButton ; CONSUME_CTRL
-bottom_YJ ; closeButton ; CONSUME_CTRL
+bottom_JRZB ; todaySumDlg backButton -todaySumDlg +closeButton ; CONSUME_CTRL
+bottom_YJ ; sellSumDlg backButton -sellSumDlg +closeButton ; CONSUME_CTRL
 )");
 }
 

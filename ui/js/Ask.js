@@ -19,6 +19,12 @@ function quantity(prompt) {
     return isGiven(answer) ? answer.num : undefined
 }
 
+// The same of something counted: no till sells more than 9999 at once.
+function count(prompt) {
+    const answer = Dlg.showDialog("numDlg", {strText: prompt, mostDigits: 4})
+    return isGiven(answer) ? answer.num : undefined
+}
+
 // Yes or no, above whatever is open.
 function isConfirmed(question) {
     return isYes("msgConfirmDlg", question)

@@ -8,7 +8,7 @@
 
 namespace {
 
-const QVector<RoomOperation>& operations()
+const QVector<RoomOperation>& detailOperations()
 {
     static const QVector<RoomOperation> table = {
         {"ADD_CARD", "新增手牌", "0105", {}, NeedsCards},
@@ -60,7 +60,7 @@ bool RoomDetailVm::init(const QString& roomId)
         room->setParent(this);
         setPRoomDetail(room);
         fill(*room);
-        m_menu->update(operations(), status, metBy(*room));
+        m_menu->update(detailOperations(), status, metBy(*room));
         isRead = true;
     });
     return isRead;

@@ -11,6 +11,7 @@ FocusScope {
     property alias isNumKey: pad.isNumKey
     property alias isUpper: pad.isUpper
     property alias isDecimal: pad.isDecimal
+    property int mostDigits: 0 // 0: any number of them
 
     signal confirmed()
     signal cancelled()
@@ -23,6 +24,8 @@ FocusScope {
 
     function type(character) {
         if (pad.isDecimal && character === "." && (line.length === 0 || line.text.indexOf(".") > 0))
+            return
+        if (mostDigits > 0 && character !== "." && line.text.replace(".", "").length >= mostDigits)
             return
         line.text = line.text + character
     }

@@ -7,9 +7,10 @@ Item {
     id: remark
 
     property alias text: area.text
+    property alias prompt: area.placeholderText
     property bool hasPhrases: true
 
-    readonly property var phrases: ["VIP 客人", "需要安静", "请勿打扰", "加毛巾", "加茶水", "空调调高", "空调调低", "有小孩", "行动不便"]
+    property var phrases: ["VIP 客人", "需要安静", "请勿打扰", "加毛巾", "加茶水", "空调调高", "空调调低", "有小孩", "行动不便"]
 
     ScrollView {
         anchors.left: parent.left

@@ -11,6 +11,7 @@ Row {
     property int value: 0
     property int minimum: 0
     property string nameSuffix: "" // tells the keys of several steppers apart
+    property var tapNumber: null   // what a tap on the number does, where it does anything
 
     signal lowered()
     signal raised()
@@ -42,6 +43,12 @@ Row {
         verticalAlignment: Text.AlignVCenter
         text: stepper.value + stepper.unit
         font.pixelSize: Theme.px(30)
+
+        MouseArea {
+            anchors.fill: parent
+            enabled: Boolean(stepper.tapNumber)
+            onClicked: stepper.tapNumber()
+        }
     }
 
     StepKey {

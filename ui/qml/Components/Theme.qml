@@ -47,6 +47,7 @@ QtObject {
     readonly property color unpicked: "#D8D9D9"
     readonly property color joined: "#A154EE"
     readonly property color unjoined: "#EBEBEB"
+    readonly property color touched: "#FFEFB0" // has just changed
 
     // Dark grounds: wheels, panels beside a board
     readonly property color wheelGround: "#2B3A4A"

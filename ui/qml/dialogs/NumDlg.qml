@@ -7,6 +7,7 @@ WindowFrame {
     id: dialog
 
     property string strText: "请输入数量"
+    property alias mostDigits: body.mostDigits
 
     function exec() {
         wait()
