@@ -6,6 +6,7 @@ import time
 
 LIMIT_S = 15
 SETTLED_S = 0.06
+PRESS_S = 0.1  # a finger stays down that long
 
 
 class Stuck(Exception):
@@ -106,7 +107,8 @@ class Hands:
 
     def click(self, x, y):
         self.taps += 1
-        subprocess.run(["xdotool", "mousemove", str(x), str(y), "click", "1"], check=True, env=self.environment)
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep", str(PRESS_S), "mouseup", "1"],
+                       check=True, env=self.environment)
 
     def keys(self, text):
         for key in text:

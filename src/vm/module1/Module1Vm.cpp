@@ -72,8 +72,9 @@ void Module1Vm::fetchMarked()
         for (void (Module1Vm::*step)() : {&Module1Vm::updateRoomList, &Module1Vm::getRoomFloors,
                                           &Module1Vm::getRoomTypes, &Module1Vm::getOverTime}) {
             (this->*step)();
-            if (!self || !wasAnswered())
-                return; // without a line the next call would only make the user wait as long again
+            // Without a line the next call would only make the user wait as long again.
+            if (!self || !wasAnswered() || !isOnScreen())
+                return;
         }
     }
     m_marks.take(staffMark);

@@ -21,6 +21,7 @@ class Module1Vm : public ActionVm
     CONSTANT_PROPERTY(RoomOverTimeModel*, pRoomOverTimeModel, m_overruns)
     PROPERTY(bool, usedRoomMod, setUsedRoomMod, false) // the house works without guests' hand cards
     PROPERTY(bool, isCleaning, setIsCleaning, false)   // cleaning goes in two steps
+    PROPERTY(bool, isOnScreen, setIsOnScreen, true)    // the user sees the board; else its side lists can wait
 
 public:
     explicit Module1Vm(QObject* parent = nullptr);

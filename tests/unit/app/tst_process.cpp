@@ -200,9 +200,9 @@ void tst_process::selfTest_data()
                        "ok      Module1/left\n", "ok      loginDlg\n", "ok      cloudDlg\n"};
     // What the modules are refused then is no failure; what the dialogs are told is.
     QTest::newRow("nobody") << "--selftest" << "/kvsystem/common/getSysApiReqUrls"
-        << QStringList{"FAILED  cloudDlg: ", "ok      Module1: "};
+        << QStringList{"FAILED  cloudDlg: ", "FAILED  todaySumDlg: ", "ok      Module1: "};
     QTest::newRow("no back end") << "--selftest" << ""
-        << QStringList{"FAILED  mainPage: ", "FAILED  cloudDlg: ", "ok      numKeyDlg\n"};
+        << QStringList{"FAILED  mainPage: ", "FAILED  cloudDlg: ", "FAILED  todaySumDlg: ", "ok      numKeyDlg\n"};
 }
 // clang-format on
 

@@ -41,6 +41,7 @@ Item {
 
     Module1Vm {
         id: vm
+        isOnScreen: page.visible
         onOpenRoomAsked: page.answer(() => Dlg.showDialog("openRoomDlg", {roomId: roomId}))
         onRoomDetailAsked: page.answer(() => Dlg.showDialog("roomDetailDlg", {roomId: roomId}))
         onCleanAsked: page.answer(() => {

@@ -138,15 +138,9 @@ Item {
     }
 
     objectName: "Module2"
-    Component.onCompleted: JsFunc.timerOnce(GlobalConfig.initDelyTime, () => till && till.init(page.cardNo))
-
-    Timer {
-        interval: 500
-        running: true
-        onTriggered: {
-            if (page.cardNo === "")
-                page.askGuest()
-        }
+    Component.onCompleted: {
+        JsFunc.timerOnce(GlobalConfig.initDelyTime, () => till && till.init(page.cardNo))
+        JsFunc.timerOnce(500, () => page && page.cardNo === "" && page.askGuest())
     }
 
     Module2Vm {
