@@ -4,11 +4,19 @@
 
 namespace {
 
-/// Made only for the tiles that are shown, so that a refresh compares what it is made of.
+// Made only for the tiles that are shown; a refresh compares what they are made of.
+
 bool isSpokenOtherwise(const RoomTile& one, const RoomTile& other)
 {
     return one.roomNo != other.roomNo || one.stateName != other.stateName || one.statusVal != other.statusVal ||
            one.leftTime != other.leftTime;
+}
+
+bool areLinesOther(const RoomTile& one, const RoomTile& other)
+{
+    return one.cardList != other.cardList || one.staffList != other.staffList ||
+           one.payAmount != other.payAmount || one.remark != other.remark || one.groupRoom != other.groupRoom ||
+           one.finishStaff != other.finishStaff || one.lastSvrTime != other.lastSvrTime;
 }
 
 } // namespace
@@ -33,6 +41,7 @@ RoomListModel::RoomListModel(QObject* parent)
                 field("lastSvrTime", &RoomTile::lastSvrTime),
                 field("stateMark", &RoomTile::stateMark),
                 {"spokenName", [](const RoomTile& tile) { return spokenName(tile); }, isSpokenOtherwise},
+                {"lines", [](const RoomTile& tile) { return linesOf(tile); }, areLinesOther},
                 field("roomLock", &RoomTile::roomLock),
                 field("openType", &RoomTile::openType),
                 field("dirtyFlg", &RoomTile::dirtyFlg),

@@ -190,3 +190,11 @@ QString spokenName(const RoomTile& tile)
     }
     return parts.join(QStringLiteral(","));
 }
+
+QString linesOf(const RoomTile& tile)
+{
+    const QStringList lines{tile.cardList,  tile.staffList,   tile.payAmount,  tile.remark.simplified(),
+                            tile.groupRoom, tile.finishStaff, tile.lastSvrTime};
+    const QString joined = lines.join(QChar(0x1f));
+    return joined.size() < lines.size() ? QString() : joined;
+}

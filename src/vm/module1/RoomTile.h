@@ -38,3 +38,7 @@ RoomTile tileOf(const RoomDto& room, bool isShowAmount);
 
 /// The tile for who doesn't see it: number, state, and the time left where there is one.
 QString spokenName(const RoomTile& tile);
+
+/// The small texts of the tile by rank, what may be lost first being last: cards, technicians, amount, remark,
+/// group, technicians who have ended, last service. Empty when all of them are, else with one sign between two.
+QString linesOf(const RoomTile& tile);

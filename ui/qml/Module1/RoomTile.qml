@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import "../Components"
+import "TileLines.js" as TileLines
 
 // One room. All sizes follow the tile's height; what is largest is read from farthest: number, state, time left.
 Tappable {
@@ -12,17 +13,11 @@ Tappable {
     required property string backColor
     required property string stateMark
     required property string spokenName
-    required property string payAmount
     required property string statusVal
-    required property string cardList
-    required property string staffList
-    required property string finishStaff
-    required property string groupRoom
+    required property string lines
     required property string usedTime
     required property string leftTime
     required property string roomCleaner
-    required property string remark
-    required property string lastSvrTime
 
     readonly property color fill: backColor
     readonly property color textColor: Theme.textOn(fill)
@@ -36,14 +31,14 @@ Tappable {
     readonly property int headHeight: Math.max(20, unit * 2.15)
     readonly property int timesHeight: usedTime === "" && leftTime === "" ? 0 : Math.max(20, unit * 2.05)
     readonly property int bodyHeight: card.height - headHeight - timesHeight
-    // About as many rows as the lines want: a row holds two cards and their label, or three technicians.
-    readonly property int wantedRows: Math.ceil(cardList.length / 14) + Math.ceil(staffList.length / 14)
-                                      + [payAmount, remark, groupRoom, finishStaff, lastSvrTime, statusVal].filter(line => line !== "").length
+    readonly property int textWidth: card.width - 10
     readonly property int leastLine: Math.max(Theme.leastSize, unit * 0.97)
-    readonly property int lineSize: Math.max(leastLine, Math.min(unit * 1.35, bodyHeight / Math.max(1, wantedRows) / 1.1))
-    readonly property int lineHeight: lineSize * 1.1
-    readonly property int stateHeight: statusVal === "" ? 0 : Math.max(leastLine * 1.3, lineHeight)
-    readonly property int rows: (bodyHeight - stateHeight) / lineHeight
+    readonly property int largestLine: Math.max(leastLine, unit * 1.35)
+    readonly property int stateHeight: statusVal === "" ? 0 : leastLine * 1.3
+    // The lines are as large as they may be; beside the state, which is larger still, they are small.
+    readonly property var plan: TileLines.plan(lines, textWidth, bodyHeight - stateHeight,
+                                               statusVal !== "" ? [leastLine] : [largestLine, Math.floor((largestLine + leastLine) / 2), leastLine])
+    readonly property int linesTop: card.y + headHeight
 
     // A state in words, in the middle of the tile.
     component StateText: PlainText {
@@ -55,11 +50,21 @@ Tappable {
         color: tile.textColor
     }
 
+    component LineText: PlainText {
+        x: card.x + 5
+        width: tile.textWidth
+        visible: text !== ""
+        font.pixelSize: tile.plan.size
+        lineHeightMode: Text.FixedHeight
+        lineHeight: tile.plan.height
+        color: tile.textColor
+    }
+
     // A time in the bottom row.
     component TimeText: PlainText {
-        height: parent.height
-        leftPadding: 3
-        rightPadding: 3
+        height: tile.timesHeight
+        leftPadding: 1
+        rightPadding: 1
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         fontSizeMode: Text.HorizontalFit
@@ -82,116 +87,99 @@ Tappable {
         border.color: tile.textColor
     }
 
-    Item {
-        id: head
-        anchors.left: card.left
-        anchors.right: card.right
-        anchors.leftMargin: 5
-        anchors.rightMargin: 5
-        anchors.top: card.top
-        height: tile.headHeight
-
-        PlainText {
-            id: number
-            anchors.verticalCenter: parent.verticalCenter
-            width: Math.min(implicitWidth, parent.width - mark.width - Theme.leastSize - 6)
-            fontSizeMode: Text.HorizontalFit
-            leastSize: Theme.leastSize
-            text: tile.roomNo
-            font.bold: true
-            font.pixelSize: Math.max(16, tile.unit * 1.8)
-            color: tile.textColor
-        }
-
-        Rectangle {
-            id: mark
-            anchors.left: number.right
-            anchors.leftMargin: 3
-            anchors.verticalCenter: parent.verticalCenter
-            width: tile.markSize + 3
-            height: width
-            radius: 4
-            color: tile.inset
-
-            PlainText {
-                anchors.centerIn: parent
-                text: tile.stateMark
-                font.pixelSize: tile.markSize
-                color: tile.textColor
-            }
-        }
-
-        PlainText {
-            anchors.left: mark.right
-            anchors.leftMargin: 3
-            anchors.right: parent.right
-            anchors.baseline: number.baseline
-            horizontalAlignment: Text.AlignRight
-            text: tile.roomName === "" ? tile.roomFloor : tile.roomName + " " + tile.roomFloor
-            font.pixelSize: Math.max(Theme.leastSize, tile.unit)
-            color: tile.textColor
-        }
-    }
-
-    // The lines take their rows by rank: cards, technicians, then the others in their order.
-    Column {
-        id: lines
-        anchors.left: head.left
-        anchors.right: head.right
-        anchors.rightMargin: cut.width - 3
-        anchors.top: head.bottom
-
-        TileLine { id: amount; tile: tile; content: tile.payAmount; room: staff.rest; font.bold: true }
-
-        Rectangle {
-            width: cut.visible ? parent.width : head.width
-            height: note.height
-            visible: note.isShown
-            radius: 3
-            color: Theme.note
-
-            TileLine {
-                id: note
-                x: 4
-                width: lines.width - 8
-                tile: tile
-                content: tile.remark
-                room: amount.rest
-                most: room - (tile.groupRoom !== "") - (tile.finishStaff !== "") - (tile.lastSvrTime !== "")
-                color: Theme.textOnColor
-            }
-        }
-
-        TileLine { id: group; tile: tile; content: tile.groupRoom; room: note.rest }
-        TileLine { id: cards; tile: tile; content: tile.cardList; room: tile.rows }
-        TileLine { id: staff; tile: tile; content: tile.staffList; room: cards.rest }
-        TileLine { id: finished; tile: tile; content: tile.finishStaff; room: group.rest }
-        TileLine { id: service; tile: tile; content: tile.lastSvrTime; room: finished.rest }
-    }
-
-    // Something is left out whole.
     PlainText {
-        id: cut
-        anchors.right: head.right
-        anchors.rightMargin: -3
-        y: lines.y + lines.height - tile.lineHeight
-        width: tile.lineSize
-        visible: service.isLost || finished.isLost || group.isLost || note.isLost || amount.isLost || staff.isLost || cards.isLost
-        text: "…"
+        id: number
+        anchors.left: card.left
+        anchors.leftMargin: 5
+        anchors.verticalCenter: card.top
+        anchors.verticalCenterOffset: tile.headHeight / 2
+        width: Math.min(implicitWidth, card.width - mark.width - Theme.leastSize - 16)
+        fontSizeMode: Text.HorizontalFit
+        leastSize: Theme.leastSize
+        text: tile.roomNo
         font.bold: true
-        font.pixelSize: tile.lineSize
-        lineHeightMode: Text.FixedHeight
-        lineHeight: tile.lineHeight
+        font.pixelSize: Math.max(16, tile.unit * 1.8)
         color: tile.textColor
+    }
+
+    Rectangle {
+        id: mark
+        anchors.left: number.right
+        anchors.leftMargin: 3
+        anchors.verticalCenter: number.verticalCenter
+        width: tile.markSize + 3
+        height: width
+        radius: 4
+        color: tile.inset
+
+        PlainText {
+            anchors.centerIn: parent
+            text: tile.stateMark
+            font.pixelSize: tile.markSize
+            color: tile.textColor
+        }
+    }
+
+    PlainText {
+        anchors.left: mark.right
+        anchors.leftMargin: 3
+        anchors.right: card.right
+        anchors.rightMargin: 5
+        anchors.baseline: number.baseline
+        horizontalAlignment: Text.AlignRight
+        text: tile.roomName === "" ? tile.roomFloor : tile.roomName + " " + tile.roomFloor
+        font.pixelSize: Math.max(Theme.leastSize, tile.unit)
+        color: tile.textColor
+    }
+
+    LineText {
+        y: tile.linesTop
+        text: tile.plan.amount
+        font.bold: true
+    }
+
+    Rectangle {
+        id: note
+        x: card.x + 5
+        y: tile.linesTop + (tile.plan.amount === "" ? 0 : tile.plan.height)
+        width: tile.textWidth
+        height: tile.plan.height * tile.plan.remarkRows
+        visible: tile.plan.remark !== ""
+        radius: 3
+        color: Theme.note
+
+        LineText {
+            x: 4
+            y: -1
+            width: parent.width - 8
+            text: tile.plan.remark
+            wrapMode: Text.Wrap
+            maximumLineCount: tile.plan.remarkRows
+            color: Theme.textOnColor
+        }
+    }
+
+    LineText {
+        id: group
+        y: note.y + (tile.plan.remark === "" ? 0 : note.height)
+        text: tile.plan.group
+    }
+
+    LineText {
+        y: group.y + (tile.plan.group === "" ? 0 : tile.plan.height)
+        text: tile.plan.below
+        wrapMode: Text.Wrap
+        maximumLineCount: tile.plan.belowRows
     }
 
     Column {
         id: state
-        readonly property int room: tile.bodyHeight - lines.height
+        readonly property int taken: tile.plan.rows * tile.plan.height
+        readonly property int room: tile.bodyHeight - taken
 
-        anchors.left: head.left
-        anchors.right: head.right
-        y: lines.y + Math.max(lines.height + (room - height) / 2, (tile.bodyHeight - height) / 2)
+        x: card.x + 5
+        width: tile.textWidth
+        y: tile.linesTop + Math.max(taken + (room - height) / 2, (tile.bodyHeight - height) / 2)
         visible: tile.statusVal !== ""
 
         StateText {
@@ -207,34 +195,29 @@ Tappable {
         }
     }
 
-    Item {
-        id: times
+    TimeText {
         anchors.left: card.left
+        anchors.right: left.left
+        anchors.bottom: card.bottom
+        text: tile.usedTime
+    }
+
+    Rectangle {
+        id: left
         anchors.right: card.right
         anchors.bottom: card.bottom
+        // An overrun is longer, and told in full even on a narrow tile.
+        width: tile.isOverrun ? Math.round(Math.max(card.width * 0.6, Theme.leastSize * (0.57 * tile.leftTime.length + 0.2))) : Math.round(card.width / 2)
         height: tile.timesHeight
+        radius: 6
+        visible: tile.leftTime !== ""
+        color: tile.isOverrun ? Theme.overrun : tile.inset
 
         TimeText {
-            anchors.left: parent.left
-            anchors.right: left.left
-            text: tile.usedTime
-        }
-
-        Rectangle {
-            id: left
-            anchors.right: parent.right
-            width: Math.round(parent.width * (tile.isOverrun ? 0.6 : 0.5))
-            height: parent.height
-            radius: 6
-            visible: tile.leftTime !== ""
-            color: tile.isOverrun ? Theme.overrun : tile.inset
-
-            TimeText {
-                width: parent.width
-                text: tile.leftTime
-                font.bold: true
-                color: tile.isOverrun ? Theme.textOn(Theme.overrun) : tile.textColor
-            }
+            width: parent.width
+            text: tile.leftTime
+            font.bold: true
+            color: tile.isOverrun ? Theme.textOn(Theme.overrun) : tile.textColor
         }
     }
 }
