@@ -173,7 +173,7 @@ private Q_SLOTS:
     void closedWhenTheProgramQuits()
     {
         const auto quit = [] {
-            QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+            QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
             QCoreApplication::exec();
         };
         auto pty = std::make_unique<Pty>();

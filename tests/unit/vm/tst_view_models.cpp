@@ -103,7 +103,7 @@ void tst_view_models::initTestCase()
 
 void tst_view_models::cleanupTestCase()
 {
-    QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+    QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
     QCoreApplication::exec(); // ends the readers
     ::close(m_staffLine);
 }
