@@ -59,9 +59,8 @@ def printer(shop):
                 row.faults.append("A ROOM THAT IS OPEN SEEMS NOT TO BE")
             time.sleep(1)  # the log's writer
             is_told = "receipt printer" in shop.stand.log()
-            # What the network has taken is confirmed, whatever becomes of it behind the line.
             row.lost = "the slip; the log tells" if is_told else "the slip; nobody is told"
-            if not is_told and how != "hangs-up":
+            if not is_told:
                 row.faults.append("THE LOG DOESN'T TELL")
             shop.add(row, PRINT_LIMIT_S)
         finally:
