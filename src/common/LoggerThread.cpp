@@ -10,6 +10,13 @@
 #include <atomic>
 #include <cstdio>
 
+namespace {
+
+constexpr int mostCounted = 16; ///< different lines at a time
+constexpr int mostCountedChars = 1000;
+
+} // namespace
+
 LoggerThread* LoggerThread::getInstance()
 {
     static QMutex mutex;
@@ -41,6 +48,43 @@ LoggerThread::~LoggerThread()
 void LoggerThread::log(const QString& line)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
+    append(line);
+}
+
+void LoggerThread::logCounted(const QString& line)
+{
+    const QString shown = line.left(mostCountedChars);
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_counted.isEmpty())
+        m_counting.start();
+    for (Counted& known : m_counted) {
+        if (known.line == shown) {
+            ++known.more;
+            return;
+        }
+    }
+    if (m_counted.size() == mostCounted) {
+        ++m_otherCounted;
+        return;
+    }
+    m_counted.append({shown, 0});
+    append(shown);
+}
+
+void LoggerThread::tellCounts()
+{
+    for (const Counted& counted : qAsConst(m_counted)) {
+        if (counted.more > 0)
+            append(QStringLiteral("%1: %2 times more").arg(counted.line).arg(counted.more));
+    }
+    if (m_otherCounted > 0)
+        append(QStringLiteral("#LogerThread# %1 other lines like these").arg(m_otherCounted));
+    m_counted.clear();
+    m_otherCounted = 0;
+}
+
+void LoggerThread::append(const QString& line)
+{
     m_queue.append(line);
     m_queuedChars += line.size();
     dropOverflow();
@@ -49,6 +93,7 @@ void LoggerThread::log(const QString& line)
 void LoggerThread::drain(int timeoutMs)
 {
     std::unique_lock<std::mutex> lock(m_mutex);
+    tellCounts();
     m_isHurried = true;
     m_wake.notify_all();
     m_drained.wait_for(lock, std::chrono::milliseconds(timeoutMs),
@@ -115,7 +160,6 @@ bool LoggerThread::openFile(QFile& file)
         pause(m_limits.failedOpenPauseMs);
         return false;
     }
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     return true;
 }
 
@@ -135,6 +179,8 @@ void LoggerThread::writeQueue(QFile& file)
     qint64 dropped = 0;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_counted.size() > 0 && m_counting.hasExpired(m_limits.countedMs))
+            tellCounts();
         dropped = m_dropped;
     }
     if (dropped > 0) {

@@ -2,8 +2,8 @@
 
 #include "mqtt/HostLookup.h"
 
-#include <QDebug>
 #include <QHostAddress>
+#include <QLoggingCategory>
 #include <QPointer>
 #include <QSocketNotifier>
 
@@ -25,7 +25,9 @@ struct MosquittoLibrary
 
 void logRefused(const QString& topic, const char* cause)
 {
-    qCritical().noquote() << QStringLiteral("mqtt topic \"%1\" isn't subscribed: %2").arg(topic, cause);
+    static const QLoggingCategory brokerLog("broker"); // as that of the channel that uses this
+    qCCritical(brokerLog).noquote()
+        << QStringLiteral("mqtt topic \"%1\" isn't subscribed: %2").arg(topic, cause);
 }
 
 } // namespace
