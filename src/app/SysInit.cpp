@@ -44,6 +44,9 @@ void applyTerminal(const SysInitDto* sysInit, GlobalConfig* config)
     config->setKvupload(sysInit->kvupload());
 }
 
+/// The page makes an item for each at once; a shop has eight.
+constexpr int mostTiles = 64;
+
 void buildFuncMenu(const QList<ModAuthDto*>& rights, GlobalConfig* config)
 {
     QList<ModAuthDto*> tiles;
@@ -53,7 +56,7 @@ void buildFuncMenu(const QList<ModAuthDto*>& rights, GlobalConfig* config)
             continue;
         if (module.entry == Module::RightedButton)
             config->setIsVisSysConfig(true);
-        else if (module.entry == Module::Tile)
+        else if (module.entry == Module::Tile && tiles.size() < mostTiles)
             tiles.append(right);
     }
     QObject owner;
