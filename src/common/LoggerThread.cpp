@@ -14,6 +14,7 @@ namespace {
 
 constexpr int mostCounted = 16; ///< different lines at a time
 constexpr int mostCountedChars = 1000;
+constexpr int mostLineChars = 256 * 1024; ///< more than a reply that is cut, and what was asked
 
 } // namespace
 
@@ -85,8 +86,10 @@ void LoggerThread::tellCounts()
 
 void LoggerThread::append(const QString& line)
 {
-    m_queue.append(line);
-    m_queuedChars += line.size();
+    m_queue.append(line.size() <= mostLineChars
+                       ? line
+                       : line.left(mostLineChars) + QStringLiteral("… (%1 characters)").arg(line.size()));
+    m_queuedChars += m_queue.last().size();
     dropOverflow();
 }
 

@@ -41,7 +41,7 @@ public:
     /// Ends the thread; lines still waiting are not written.
     ~LoggerThread() override;
 
-    /// Appends a line. Any thread.
+    /// Appends a line; of one over 256 Ki characters its beginning and its length. Any thread.
     void log(const QString& line);
     /// The same for one of those lines that somebody outside may have written without end: it is written when
     /// it comes first, and after 10 s how many times more it came. Beyond 16 different ones they are only

@@ -101,6 +101,9 @@ private Q_SLOTS:
         QVERIFY(m_broker->publish(roomTopic, payloads));
         QTRY_COMPARE_WITH_TIMEOUT(received.size(), payloads.size(), 30000);
         QVERIFY(received == payloads);
+        QVERIFY(m_broker->publish(roomTopic, {QByteArray(5000000, 'x')}));
+        QTRY_COMPARE(received.size(), payloads.size() + 1);
+        QCOMPARE(received.last().size(), 65536);
     }
 
     void brokerComesBack()
