@@ -7,6 +7,7 @@
 #include "common/Modules.h"
 #include "common/MyMessage.h"
 #include "common/QmlEventLoop.h"
+#include "entry/PictureGuard.h"
 #include "vm/dialogs/DialogsRegister.h"
 #include "vm/mainpage/Fps.h"
 #include "vm/module1/Module1Register.h"
@@ -68,6 +69,8 @@ void loadFonts(QQmlEngine& engine, const QString& directory)
 void loadPages(QQmlApplicationEngine& engine, const QString& directory)
 {
     TapWatch::install();
+    static PictureGuard pictures;
+    pictures.guard(engine);
     loadFonts(engine, directory);
     const QUrl root(QStringLiteral("qrc:/main.qml"));
     QObject::connect(
