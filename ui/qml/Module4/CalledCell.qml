@@ -20,7 +20,7 @@ Rectangle {
         id: plate
         x: Theme.px(6)
         y: x
-        width: parent.width * 0.42
+        width: parent.width * 0.41
         height: parent.height - 2 * y
         radius: Theme.px(8)
         color: cell.isMarked ? Theme.danger : cell.isServed ? Theme.panel : Theme.accent

@@ -158,7 +158,7 @@ Item {
         anchors.top: parent.top
         anchors.bottom: parent.bottom
         anchors.margins: Theme.gap
-        width: Theme.px(350)
+        width: Theme.px(322)
         title: "等待"
         count: vm.waitCount
 

@@ -55,7 +55,7 @@ Rectangle {
 
         RowButton {
             objectName: "cancelWait_" + model.cardNo
-            width: Theme.px(72)
+            width: Theme.px(66)
             enabled: row.isFree
             text: "取  消"
             onClicked: row.choose("cancelWait", model.orderId)
@@ -63,7 +63,7 @@ Rectangle {
 
         RowButton {
             objectName: "call_" + model.cardNo
-            width: Theme.px(80)
+            width: Theme.px(74)
             visible: row.canCall
             enabled: row.isFree
             role: "accent"
