@@ -161,8 +161,10 @@ int runTerminal(int& argc, char** argv)
     if (places && !places->isOpen())
         tell(QStringLiteral("--places: %1: %2").arg(options.placesSocket, places->error()));
     std::unique_ptr<SelfTest> selfTest;
-    if (options.isSelfTest && !engine.rootObjects().isEmpty())
+    if (options.isSelfTest && !engine.rootObjects().isEmpty()) {
         selfTest = std::make_unique<SelfTest>(engine, options.staffNo,
                                               qEnvironmentVariable("KV_PANEL_PASSWORD"), options.pictureFolder);
+        selfTest->setIsStrict(options.isStrict);
+    }
     return QGuiApplication::exec();
 }
