@@ -15,7 +15,7 @@ Row {
     IconText {
         anchors.verticalCenter: parent.verticalCenter
         iconText: mark.isSilent ? Glyphs.volumeOff : Glyphs.volume
-        iconColor: mark.isSilent ? Theme.danger : Theme.textMuted
+        iconColor: mark.isSilent ? Theme.refusal : Theme.textMuted
         pixelSize: Theme.px(28)
     }
 
@@ -23,6 +23,6 @@ Row {
         objectName: "voiceText"
         anchors.verticalCenter: parent.verticalCenter
         text: mark.isSilent ? MainClass.voiceFault : MainClass.voiceWaiting > 0 ? "待播 " + MainClass.voiceWaiting : ""
-        color: mark.isSilent ? Theme.danger : Theme.text
+        color: mark.isSilent ? Theme.refusal : Theme.text
     }
 }
