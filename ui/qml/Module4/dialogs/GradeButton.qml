@@ -9,7 +9,10 @@ Tappable {
     property string text: ""
     property bool isChosen: false
 
-    implicitWidth: Math.max(Theme.px(110), row.width + 2 * Theme.spacing)
+    // The check has its place beforehand: no grade moves away from the finger that comes back.
+    readonly property int checkWidth: Theme.px(30)
+
+    implicitWidth: Math.max(Theme.px(124), name.implicitWidth + 2 * checkWidth)
     implicitHeight: Theme.px(56)
     label: text
     restColor: isChosen ? Theme.accent : Theme.surface
@@ -18,23 +21,19 @@ Tappable {
     border.color: Theme.line
     Accessible.checked: isChosen
 
-    Row {
-        id: row
+    IconText {
+        x: Theme.px(8)
+        anchors.verticalCenter: parent.verticalCenter
+        visible: grade.isChosen
+        iconText: Glyphs.check
+        iconColor: Theme.textOnColor
+        pixelSize: Theme.textSize
+    }
+
+    PlainText {
+        id: name
         anchors.centerIn: parent
-        spacing: Theme.px(6)
-
-        IconText {
-            anchors.verticalCenter: parent.verticalCenter
-            visible: grade.isChosen
-            iconText: Glyphs.check
-            iconColor: Theme.textOnColor
-            pixelSize: Theme.textSize
-        }
-
-        PlainText {
-            anchors.verticalCenter: parent.verticalCenter
-            text: grade.text
-            color: grade.isChosen ? Theme.textOnColor : Theme.text
-        }
+        text: grade.text
+        color: grade.isChosen ? Theme.textOnColor : Theme.text
     }
 }

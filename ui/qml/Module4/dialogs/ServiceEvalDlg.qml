@@ -27,7 +27,7 @@ DialogFrame {
         PlainText {
             id: head
             anchors.horizontalCenter: parent.horizontalCenter
-            height: Theme.px(64)
+            height: Theme.px(82) // the message of a touch leaves the grades free
             verticalAlignment: Text.AlignVCenter
             text: "请您给技师一点小小的建议"
             font.pixelSize: Theme.titleSize
@@ -41,7 +41,6 @@ DialogFrame {
             anchors.top: head.bottom
             anchors.bottom: quick.top
             anchors.leftMargin: Theme.spacing
-            anchors.rightMargin: Theme.gap
             anchors.bottomMargin: Theme.gap
             clip: true
             spacing: Theme.gap
@@ -55,7 +54,7 @@ DialogFrame {
                 readonly property string orderId: model.orderId
                 readonly property string place: index
 
-                width: ListView.view.width - 18
+                width: ListView.view.width - Theme.spacing
                 height: choice.height + 2 * Theme.px(10)
                 radius: Theme.radius
                 color: Theme.surface
