@@ -239,16 +239,19 @@ def queue_action(hands, button, number=None):
         hands.gone("numKeyDlg")
 
 
+def log_in_helper(hands, number):
+    hands.tap("tile_HELP_BASH_WAIT")
+    hands.see("loginDlg")
+    for _ in ("number", "password"):
+        hands.keys(number)
+        hands.tap("confirmButton")
+    hands.see("Module4", "call_8042")
+
+
 def call_queue(desk):
     """A guest queues by card, is called aloud, served, booked, evaluated; another one is passed over and called again."""
     hands, stand = desk.hands, desk.stand
-    hands.tap("tile_HELP_BASH_WAIT")
-    hands.see("loginDlg")
-    hands.keys(HELPER)
-    hands.tap("confirmButton")
-    hands.keys(HELPER)
-    hands.tap("confirmButton")
-    hands.see("Module4", "call_8042")
+    log_in_helper(hands, HELPER)
     hands.picture("queue")
     stand.present_hand_card(QUEUE_CARD)
     hands.see(f"call_{QUEUE_NUMBER}")
