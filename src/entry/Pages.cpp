@@ -12,6 +12,7 @@
 #include "vm/mainpage/Fps.h"
 #include "vm/module1/Module1Register.h"
 #include "vm/module2/Module2Register.h"
+#include "vm/module4/Module4Register.h"
 #include "vm/shared/TapWatch.h"
 
 #include <QDebug>
@@ -56,6 +57,7 @@ void registerTypes()
     DialogsRegister::getInstance()->init();
     Module1Register().init();
     Module2Register().init();
+    Module4Register().init();
     qmlRegisterType<QmlEventLoop>("QmlEventLoop", 1, 0, "QmlEventLoop");
     qmlRegisterType<Fps>("Fps", 1, 0, "Fps");
 }
