@@ -28,7 +28,7 @@ Rectangle {
         anchors.top: parent.top
         anchors.bottom: keys.top
         anchors.margins: tile.pad
-        anchors.topMargin: 2
+        anchors.topMargin: 3
         anchors.bottomMargin: 2
         name: tile.name
         times: tile.times
@@ -40,10 +40,10 @@ Rectangle {
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
-        anchors.margins: 4
+        anchors.margins: 3
         visible: tile.canAdd
         height: visible ? Theme.keyHeight : 0
-        spacing: 4
+        spacing: 3
 
         PushButton {
             objectName: "add_" + tile.place

@@ -63,7 +63,7 @@ Item {
         anchors.bottom: running.top
         anchors.bottomMargin: Theme.gap
         cellWidth: Math.floor(usableWidth / Math.max(6, service.itemColumns))
-        cellHeight: service.isAddEnabled ? Theme.px(150) : Math.floor(cellWidth * 0.6)
+        cellHeight: service.isAddEnabled ? Theme.px(162) : Math.floor(cellWidth * 0.6)
         model: service.pServerModel
         emptyText: "没有可做的项目"
         delegate: AddTile {

@@ -17,11 +17,11 @@ Item {
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         wrapMode: Text.Wrap
-        maximumLineCount: 2
+        maximumLineCount: 3
         lineHeight: 0.9
         text: text.name
         leastSize: Theme.leastSize
-        font.pixelSize: Theme.px(18)
+        font.pixelSize: Theme.px(17)
         color: text.color
     }
 

@@ -31,12 +31,13 @@ Tappable {
     }
 
     IconText {
-        anchors.right: parent.right
-        anchors.rightMargin: 3
-        y: 2
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.horizontalCenterOffset: -Theme.px(16)
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 3
         visible: tile.isChecked
         iconText: Glyphs.check
         iconColor: Theme.textOnColor
-        pixelSize: Theme.px(20)
+        pixelSize: Theme.px(22)
     }
 }

@@ -82,13 +82,11 @@ Item {
     }
 
     KindRow {
-        anchors.left: who.right
-        anchors.leftMargin: Theme.gap
         anchors.right: parent.right
         anchors.rightMargin: Theme.gap
         y: Theme.gap
         height: who.height
-        kindWidth: Math.min(Theme.px(180), (width - 5 * spacing) / 6)
+        kindWidth: Theme.px(146)
         model: start.pTypeModel
         canChoose: start.isTypeEnabled
         choose: index => start.pTypeModel.onChecked(index)

@@ -99,16 +99,31 @@ Item {
         }
 
         PlainText {
+            id: spanHead
+            anchors.left: span.left
+            anchors.right: span.right
+            y: Theme.px(6)
+            horizontalAlignment: Text.AlignRight
+            text: "上钟时长:  "
+            font.pixelSize: Theme.textSize
+            color: Theme.textOnColor
+        }
+
+        // Beside the place of the messages.
+        PlainText {
             id: span
             objectName: "spanText"
             anchors.right: parent.right
             anchors.rightMargin: Theme.spacing
-            height: parent.height
-            width: Math.min(implicitWidth, Theme.px(520))
+            anchors.top: spanHead.bottom
+            anchors.bottom: parent.bottom
+            anchors.bottomMargin: Theme.px(4)
+            width: Theme.px(210)
+            horizontalAlignment: Text.AlignRight
             verticalAlignment: Text.AlignVCenter
-            text: "上钟时长:  " + service.timeSpan
+            text: service.timeSpan
             leastSize: Theme.px(30)
-            font.pixelSize: Theme.px(48)
+            font.pixelSize: Theme.px(54)
             color: Theme.textOnColor
         }
     }
