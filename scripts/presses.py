@@ -22,7 +22,7 @@ DIALOGS = {"openRoomDlg": "fact_roomNoText", "roomDetailDlg": "fact_roomNoText",
 CALL_MS = 60
 BOARD_CALLS = ("/bba01/getRoomList", "/bba01/getFloorSum", "/bba01/getRoomTypeSum", "/bba01/getOverTime",
                "/bba01/getRoomDetailNew", "/bba01/getRoomConsList")
-ANSWER_S = 1.5
+ANSWER_S = 3
 
 
 def open_dialog(hands):
@@ -39,8 +39,8 @@ def outcome(hands, room):
     """hit, lost, or what else was opened."""
     end = time.monotonic() + ANSWER_S
     while time.monotonic() < end and not open_dialog(hands):
-        if hands.place("messageText"):
-            return "hit" if hands.message() else "lost"  # a reserved room, or one that was just changed, says so
+        if hands.message():
+            return "hit"  # a reserved room, or one that was just changed, says so
         time.sleep(0.02)
     dialog = open_dialog(hands)
     if not dialog:
@@ -77,6 +77,7 @@ def main():
             for _ in range(options.presses):
                 time.sleep(dice.uniform(0.1, 2.5))
                 room = dice.choice(ROOMS)
+                hands.message()  # one of an earlier press is no answer to this one
                 press(hands, room, options.down)
                 result = outcome(hands, room)
                 if result in counts:

@@ -249,10 +249,10 @@ def every_page(stand, folder):
     stand.stop("terminal")
     stand.environment["KV_PANEL_PASSWORD"] = MANAGER
     before = pictures_in(folder)
-    code = stand.start_terminal("--selftest", "--staff", MANAGER, "--pictures", folder, stdout=None).wait()
+    code = stand.start_terminal("--selftest", "--strict", "--staff", MANAGER, "--pictures", folder, stdout=None).wait()
     for picture, time_ns in pictures_in(folder).items():
         if before.get(picture) != time_ns:
-            subprocess.run(["mogrify", "+dither", "-colors", "255", f"PNG8:{picture}"], check=True)
+            subprocess.run(["mogrify", "-strip", "-define", "png:compression-level=9", f"PNG24:{picture}"], check=True)
     return code
 
 

@@ -271,8 +271,8 @@ Terminal& Terminal::picture(const QString& name)
         return *this;
     add("settle", [settled = 0]() mutable { return ++settled > 40; });
     return add("picture " + name, [folder, name] {
-        return QProcess::execute(QStringLiteral("import"), {"-window", "root", "+dither", "-colors", "255",
-                                                            "PNG8:" + folder + "/" + name + ".png"}) == 0;
+        return QProcess::execute(QStringLiteral("import"),
+                                 {"-window", "root", "-strip", "PNG24:" + folder + "/" + name + ".png"}) == 0;
     });
 }
 
