@@ -12,7 +12,6 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -25,15 +24,6 @@ constexpr int limitTicks = 170000 / tickMs;
 
 /// No call is under way, not even one that lets the user's input through.
 bool isQuiet() { return takesInput() && NetWorkUtls::NetServer::underWay() == 0; }
-
-bool hasModalPopup(const QQuickWindow* window)
-{
-    const QObjectList children = window->findChildren<QObject*>();
-    return std::any_of(children.begin(), children.end(), [](const QObject* child) {
-        return child->inherits("QQuickPopup") && child->property("visible").toBool() &&
-               child->property("modal").toBool();
-    });
-}
 
 } // namespace
 
@@ -101,6 +91,8 @@ void LookRunner::watch()
 {
     closeUninvited();
     QObject* seen = m_looks.front().find();
+    if (auto* page = qobject_cast<QQuickItem*>(seen)) // a page may ask its user something at once
+        finish(dialogsOver(page));
     const bool quiet = isQuiet();
     m_stillTicks = quiet && seen ? m_stillTicks + 1 : 0;
     m_missingTicks = quiet && !seen ? m_missingTicks + 1 : 0;
@@ -137,6 +129,12 @@ void LookRunner::end(QObject* seen)
         look.close(seen);
 }
 
+void LookRunner::finish(const QObjectList& dialogs)
+{
+    for (QObject* dialog : dialogs)
+        QMetaObject::invokeMethod(dialog, "finish", Q_ARG(QVariant, false));
+}
+
 /// A dialog that a call opens waits for a user, who isn't there.
 void LookRunner::closeUninvited()
 {
@@ -145,7 +143,7 @@ void LookRunner::closeUninvited()
         if (!dialog || m_looks.front().name == QLatin1String(name))
             continue;
         m_complaints.append(QStringLiteral("it asked for a user, by %1").arg(QLatin1String(name)));
-        QMetaObject::invokeMethod(dialog, "finish", Q_ARG(QVariant, false));
+        finish({dialog});
     }
 }
 
@@ -157,7 +155,7 @@ void LookRunner::readThrough(QObject* seen)
     else if (!page) // a popup, with all its parts
         page = seen->property("contentItem").value<QQuickItem*>()->parentItem();
     // What stands behind a dialog is shaded.
-    if (page && page->window() && (page != seen || !hasModalPopup(page->window())))
+    if (page && page->window() && dialogsOver(page).isEmpty())
         m_complaints += Legibility::faults(Legibility::wholeItems(page), page->window()->grabWindow());
 }
 

@@ -57,6 +57,7 @@ private:
     void watch();
     void end(QObject* seen);
     void closeUninvited();
+    static void finish(const QObjectList& dialogs);
     bool isPictureSaved(const QString& name) const;
     void readThrough(QObject* seen);
 
