@@ -25,7 +25,7 @@ SEED = HERE.parent / "house" / "seed" / "house.json"
 MANAGER = "1001"  # number and password
 MANAGER_CARD = "94780011"
 SETTINGS = {"staff_device_com": "COM1", "hand_card_device": "1", "print": "预览打印机", "is_open_room_print": "1",
-            "leave_room_print_count": "1"}
+            "leave_room_print_count": "1", "stop_server_print_count": "1"}
 
 
 class Failed(Exception):
