@@ -89,6 +89,9 @@ SaleLines {
 
         Tappable {
             id: number
+
+            readonly property int shown: model.num
+
             objectName: "num_" + index
             anchors.left: minus.right
             anchors.bottom: minus.bottom
