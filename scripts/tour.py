@@ -230,7 +230,7 @@ def walk(stand, hands):
     desk = Desk(stand, hands)
     open_board(stand, hands)
     for part in (massage_room, to_rest_and_back, group_of_rooms, rest_room, occupied_room, guests_leave,
-                 service_clock, timer_first, board_again, others_at_work, locked_module, call_queue):
+                 service_clock, timer_first, call_queue, board_again, others_at_work, locked_module):
         part(desk)
 
 
