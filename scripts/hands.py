@@ -7,6 +7,7 @@ import time
 LIMIT_S = 15
 SETTLED_S = 0.06
 PRESS_S = 0.1  # a finger stays down that long
+HOLD_S = 0.9  # and that long when it means more
 
 
 class Stuck(Exception):
@@ -22,6 +23,7 @@ class Hands:
         self.pictures = pathlib.Path(pictures) if pictures else None
         self.count = 0
         self.taps = 0
+        self.slips = 0  # that were waited for
         self.again = 0  # of these those that had to be repeated
         self.places = places
         self.socket = None
@@ -105,9 +107,14 @@ class Hands:
         self.again -= 1
         self.until(f"what a tap on {name} brings", tapped)
 
-    def click(self, x, y):
+    def hold(self, name):
+        """Presses long."""
+        x, y, width, height, _ = self.settled(name)
+        self.click(x + width // 2, y + height // 2, HOLD_S)
+
+    def click(self, x, y, down_s=PRESS_S):
         self.taps += 1
-        subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep", str(PRESS_S), "mouseup", "1"],
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep", str(down_s), "mouseup", "1"],
                        check=True, env=self.environment)
 
     def keys(self, text):

@@ -4,6 +4,7 @@ import sys
 import time
 
 from stand import MANAGER, MANAGER_CARD
+from tour_clock import board_again, service_clock, timer_first
 
 MADE = "tour.txt"  # which pictures of its folder a tour has made
 HELPER = "601"  # number and password
@@ -17,6 +18,7 @@ def new_slip(stand, hands, before, name):
     """Waits for the next slip and puts its picture among the others."""
     slip = hands.until("a slip", lambda: next((s for s in stand.slip_pictures() if s not in before), None))
     time.sleep(0.3)
+    hands.slips += 1
     if hands.pictures:
         hands.count += 1
         (hands.pictures / f"{hands.count:02}-{name}.png").write_bytes(slip.read_bytes())
@@ -51,6 +53,9 @@ class Desk:
     def save_with_slip(self, dialog, name):
         before = self.stand.slip_pictures()
         self.save(dialog)
+        self.slip(before, name)
+
+    def slip(self, before, name):
         new_slip(self.stand, self.hands, before, name)
 
     def confirm(self, dialog, picture=None):
@@ -225,7 +230,7 @@ def walk(stand, hands):
     desk = Desk(stand, hands)
     open_board(stand, hands)
     for part in (massage_room, to_rest_and_back, group_of_rooms, rest_room, occupied_room, guests_leave,
-                 others_at_work, locked_module, call_queue):
+                 service_clock, timer_first, call_queue, board_again, others_at_work, locked_module):
         part(desk)
 
 

@@ -101,8 +101,8 @@ void SelfTest::planModules()
                               false});
             m_runner.insert(inside);
         };
-        looks.push_back(
-            {page, [this, &module] { openModule(module); }, itemNamed(page), leave, true, pageTurnMs});
+        looks.push_back({page, [this, &module] { openModule(module); }, itemNamed(page), leave, true,
+                         pageTurnMs, barringOf(page)});
     }
     m_runner.insert(looks);
 }
@@ -178,6 +178,14 @@ QJSValue SelfTest::called(QJSValue function, QObject* argument)
     if (answer.isError())
         m_runner.complain(answer.toString());
     return answer;
+}
+
+QString SelfTest::barringOf(const QString& folder)
+{
+    QVariant answer;
+    QMetaObject::invokeMethod(m_opener.get(), "barring", Q_RETURN_ARG(QVariant, answer),
+                              Q_ARG(QVariant, folder));
+    return answer.toString();
 }
 
 QJSValue SelfTest::asked(const char* function, const QString& argument)
