@@ -260,6 +260,9 @@ class Stand:
     def present_staff_card(self, number=MANAGER_CARD):
         subprocess.run([self.build / "sim" / "kv_card", "staff", self.staff_reader, number], check=True)
 
+    def present_hand_card(self, serial):
+        subprocess.run([self.build / "sim" / "kv_card", "hand", self.hand_reader, serial], check=True)
+
     def control(self, path, order=None):
         """Steers the house; its answer."""
         body = None if order is None else json.dumps(order).encode()

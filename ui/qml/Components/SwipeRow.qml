@@ -34,7 +34,7 @@ Rectangle {
         readonly property real across: active ? centroid.scenePosition.x - centroid.scenePressPosition.x : 0
 
         target: null
-        enabled: !row.list.moving
+        enabled: !row.list.dragging
         yAxis.enabled: false
         dragThreshold: row.swipe
         onAcrossChanged: {
