@@ -98,10 +98,11 @@ std::string Server::bind(const Options& options)
     http->Delete(anyPath, reading);
 
     if (options.port == 0)
-        listeningPort = http->bind_to_any_port(ownHost);
+        listeningPort = http->bind_to_any_port(options.host);
     else
-        listeningPort = http->bind_to_port(ownHost, options.port) ? options.port : -1;
-    return listeningPort > 0 ? std::string() : "cannot listen on port " + std::to_string(options.port);
+        listeningPort = http->bind_to_port(options.host, options.port) ? options.port : -1;
+    return listeningPort > 0 ? std::string()
+                             : "cannot listen on " + options.host + ":" + std::to_string(options.port);
 }
 
 void Server::start()
@@ -135,14 +136,22 @@ void Server::serve(const httplib::Request& request, httplib::Response& response,
 {
     const WireRequest wire = wireRequest(request, reader);
     if (wire.path.compare(0, controlStart.size(), controlStart) == 0) {
-        const ControlAnswer answer = handleControl(house, wire);
-        response.status = answer.status;
-        response.set_content(answer.body, jsonType);
+        serveControl(wire, request.remote_addr, response);
     } else if (wire.method == "GET" && wire.path.compare(0, pictureStart.size(), pictureStart) == 0) {
         finish(picture(wire.path), wire, request, response);
     } else {
         finish(decide(wire, headersOf(request)), wire, request, response);
     }
+}
+
+/// Who steers the house sits at its machine, whoever may call it.
+void Server::serveControl(const WireRequest& request, const std::string& peer, httplib::Response& response)
+{
+    ControlAnswer answer{403, "{\"error\":\"the control paths serve this machine only\"}\n"};
+    if (peer.compare(0, 4, "127.") == 0 || peer == "::1" || peer.compare(0, 11, "::ffff:127.") == 0)
+        answer = handleControl(house, request);
+    response.status = answer.status;
+    response.set_content(answer.body, jsonType);
 }
 
 void Server::finish(const Outcome& outcome, const WireRequest& wire, const httplib::Request& request,

@@ -18,9 +18,6 @@ class ContentReader;
 
 namespace house {
 
-/// The house listens on this machine alone.
-constexpr char ownHost[] = "127.0.0.1";
-
 /// Carries the house over HTTP: one thread accepts, a pool serves, each connection one request.
 class Server
 {
@@ -47,6 +44,7 @@ private:
         std::string contentType = "application/json;charset=UTF-8";
     };
 
+    void serveControl(const WireRequest& request, const std::string& peer, httplib::Response& response);
     void serve(const httplib::Request& request, httplib::Response& response,
                const httplib::ContentReader* reader);
     void finish(const Outcome& outcome, const WireRequest& wire, const httplib::Request& request,

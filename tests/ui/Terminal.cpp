@@ -56,7 +56,7 @@ QString unlike(const QJsonObject& answer, const QString& expectedJson)
     return found.isEmpty() ? QString() : QJsonDocument(found).toJson(QJsonDocument::Compact);
 }
 
-Terminal::Terminal()
+Terminal::Terminal(const std::function<void(HouseProcess&)>& spoil)
 {
     QDir::setCurrent(m_folder.path());
     qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
@@ -78,6 +78,8 @@ Terminal::Terminal()
         [this](const QString& text, const QString& type) { m_messages.append(type + "|" + text); });
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { tick(); });
 
+    if (spoil)
+        spoil(m_house);
     registerSingletons();
     registerTypes();
     m_engine.reset(new QQmlApplicationEngine);
@@ -104,6 +106,8 @@ Terminal::Terminal()
                  "}\n",
                  QUrl(QStringLiteral("qrc:/TestPage.qml")));
     m_page.reset(page.create(qmlContext(m_engine->rootObjects().first())));
+    if (spoil)
+        return;
     until("the main page", [config] { return config->iSysStatus() == 2; }).walk("+mainPage").run();
 }
 
@@ -291,8 +295,8 @@ Terminal& Terminal::picture(const QString& name)
         return *this;
     add("settle", [settled = 0]() mutable { return ++settled > 40; });
     return add("picture " + name, [folder, name] {
-        return QProcess::execute(QStringLiteral("import"), {"-window", "root", "+dither", "-colors", "255",
-                                                            "PNG8:" + folder + "/" + name + ".png"}) == 0;
+        return QProcess::execute(QStringLiteral("import"),
+                                 {"-window", "root", "-strip", "PNG24:" + folder + "/" + name + ".png"}) == 0;
     });
 }
 

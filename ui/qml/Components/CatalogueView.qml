@@ -46,7 +46,7 @@ Item {
         Tappable {
             id: areaKey
             objectName: "areaKey"
-            width: Math.min(Theme.px(190), areaText.implicitWidth + 2 * Theme.gap)
+            width: Math.max(Theme.touchSize, Math.min(Theme.px(190), areaText.implicitWidth + 2 * Theme.gap))
             height: parent.height
             restColor: "transparent"
             enabled: vm.areaList.rowCount() > 1
@@ -89,7 +89,7 @@ Item {
                     anchors.fill: parent
                     z: -1
                     cornersRadius: [6, 6, 0, 0]
-                    color: model.checked ? Theme.current : Theme.surface
+                    color: model.checked ? Theme.accent : Theme.surface
                 }
 
                 PlainText {
@@ -107,7 +107,7 @@ Item {
             anchors.right: parent.right
             width: Theme.px(60)
             height: parent.height
-            restColor: view.isSearching ? Theme.current : Theme.surface
+            restColor: view.isSearching ? Theme.accent : Theme.surface
             iconText: Glyphs.search
             iconColor: view.isSearching ? Theme.currentText : Theme.accent
             label: "简拼搜索"
