@@ -117,6 +117,15 @@ class Hands:
         subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep", str(down_s), "mouseup", "1"],
                        check=True, env=self.environment)
 
+    def swipe(self, name, across, down=0):
+        """Slides over an item with the finger down."""
+        x, y, width, height, _ = self.settled(name)
+        x, y = x + width // 2, y + height // 2
+        moves = [word for step in range(1, 9) for word in ("mousemove", str(x + across * step // 8),
+                                                           str(y + down * step // 8), "sleep", "0.01")]
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep", "0.05", *moves, "mouseup",
+                        "1"], check=True, env=self.environment)
+
     def keys(self, text):
         for key in text:
             self.tap(f"key_{key}")
@@ -153,3 +162,13 @@ class Hands:
         subprocess.run(["import", "-window", "root", "-strip", "-define", "png:compression-level=9", f"PNG24:{path}"],
                        check=True, env=self.environment)
         return path
+
+
+def new_slip(stand, hands, before, name):
+    """Waits for the next slip and puts its picture among the others."""
+    slip = hands.until("a slip", lambda: next((s for s in stand.slip_pictures() if s not in before), None))
+    time.sleep(0.3)
+    hands.slips += 1
+    if hands.pictures:
+        hands.count += 1
+        (hands.pictures / f"{hands.count:02}-{name}.png").write_bytes(slip.read_bytes())

@@ -3,8 +3,10 @@ import subprocess
 import sys
 import time
 
+from hands import new_slip
 from stand import MANAGER, MANAGER_CARD
 from tour_clock import board_again, service_clock, timer_first
+from tour_till import evening_at_the_till
 
 MADE = "tour.txt"  # which pictures of its folder a tour has made
 HELPER = "601"  # number and password
@@ -12,16 +14,6 @@ HELPER_CARD = "31927757"
 QUEUE_NUMBER, QUEUE_CARD = "8001", "49748974"  # a guest's hand card
 CALL_S = 2.5  # a call takes longer to say
 BOARD_S = 1.2  # the event of a change comes and the board is fetched
-
-
-def new_slip(stand, hands, before, name):
-    """Waits for the next slip and puts its picture among the others."""
-    slip = hands.until("a slip", lambda: next((s for s in stand.slip_pictures() if s not in before), None))
-    time.sleep(0.3)
-    hands.slips += 1
-    if hands.pictures:
-        hands.count += 1
-        (hands.pictures / f"{hands.count:02}-{name}.png").write_bytes(slip.read_bytes())
 
 
 class Desk:
@@ -74,8 +66,6 @@ class Desk:
 
 
 def open_board(stand, hands):
-    hands.see("mainPage", "tile_ROOMINFO_CTRL")
-    hands.picture("main-page")
     hands.tap("tile_ROOMINFO_CTRL")
     hands.see("loginDlg")
     hands.picture("login")
@@ -228,6 +218,9 @@ def locked_module(desk):
 
 def walk(stand, hands):
     desk = Desk(stand, hands)
+    hands.see("mainPage", "tile_ROOMINFO_CTRL")
+    hands.picture("main-page")
+    evening_at_the_till(stand, hands)
     open_board(stand, hands)
     for part in (massage_room, to_rest_and_back, group_of_rooms, rest_room, occupied_room, guests_leave,
                  service_clock, timer_first, call_queue, board_again, others_at_work, locked_module):
