@@ -2,6 +2,7 @@
 
 #include "src/Connection.h"
 #include "src/Control.h"
+#include "src/Picture.h"
 #include "src/Refusal.h"
 #include "src/Text.h"
 
@@ -137,7 +138,7 @@ void Server::serve(const httplib::Request& request, httplib::Response& response,
     if (wire.path.compare(0, controlStart.size(), controlStart) == 0) {
         serveControl(wire, request.remote_addr, response);
     } else if (wire.method == "GET" && wire.path.compare(0, pictureStart.size(), pictureStart) == 0) {
-        response.set_content(house.seed.picture, "image/png");
+        finish(picture(wire.path), wire, request, response);
     } else {
         finish(decide(wire, headersOf(request)), wire, request, response);
     }
@@ -184,12 +185,9 @@ void Server::finish(const Outcome& outcome, const WireRequest& wire, const httpl
     house.nonces.markAnswered(nonceOf(wire));
 }
 
-Server::Outcome Server::decide(const WireRequest& request, Journal::Headers headers)
+Server::Outcome Server::faulty(const std::optional<Fault>& fault)
 {
     using Ending = Outcome::Ending;
-    const std::lock_guard<std::mutex> lock(house.mutex);
-    const std::uint64_t number = house.journal.add(request, std::move(headers));
-    const std::optional<Fault> fault = house.faults.take(request.path);
     const FaultKind kind = fault ? fault->kind : FaultKind::None;
     Outcome outcome;
     if (kind == FaultKind::Http500 || kind == FaultKind::Http500Ok)
@@ -206,8 +204,32 @@ Server::Outcome Server::decide(const WireRequest& request, Journal::Headers head
         outcome.body = "<html>\xff\xfe 502 \x01</html>";
     else if (kind == FaultKind::Http500)
         outcome.body = Reply::refuse("SYS_ERR_0500", "系统繁忙，请稍后再试").text();
-    else if (kind != FaultKind::Drop && kind != FaultKind::Hang)
+    return outcome;
+}
+
+Server::Outcome Server::decide(const WireRequest& request, Journal::Headers headers)
+{
+    const std::lock_guard<std::mutex> lock(house.mutex);
+    const std::uint64_t number = house.journal.add(request, std::move(headers));
+    const std::optional<Fault> fault = house.faults.take(request.path);
+    Outcome outcome = faulty(fault);
+    const FaultKind kind = fault ? fault->kind : FaultKind::None;
+    if (outcome.body.empty() && kind != FaultKind::Drop && kind != FaultKind::Hang)
         execute(request, fault, number, outcome);
+    return outcome;
+}
+
+Server::Outcome Server::picture(const std::string& path)
+{
+    std::unique_lock<std::mutex> lock(house.mutex);
+    Outcome outcome = faulty(house.faults.take(pictureStart));
+    lock.unlock();
+    if (!outcome.body.empty())
+        return outcome;
+    outcome.body = drawnPicture(path);
+    outcome.contentType = "image/png";
+    if (outcome.body.empty())
+        outcome.status = 404;
     return outcome;
 }
 

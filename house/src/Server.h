@@ -49,7 +49,11 @@ private:
                const httplib::ContentReader* reader);
     void finish(const Outcome& outcome, const WireRequest& wire, const httplib::Request& request,
                 httplib::Response& response);
+    /// Nothing but the fault, if there is one: its body is empty where the answer is still to be made.
+    static Outcome faulty(const std::optional<Fault>& fault);
     Outcome decide(const WireRequest& request, Journal::Headers headers);
+    /// Faults of all pictures are those of the path "/kvupload/"; nothing else is asked of who wants one.
+    Outcome picture(const std::string& path);
     void execute(const WireRequest& request, const std::optional<Fault>& fault, std::uint64_t number,
                  Outcome& outcome);
     /// With `instead` the request is checked and not executed.

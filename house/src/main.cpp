@@ -71,7 +71,7 @@ int run(const Options& options)
     House house;
     house.clock = [] { return static_cast<std::int64_t>(std::time(nullptr)); };
     house.seed = loadSeed(options.seedFile);
-    house.state = furnish(house.seed, options.rooms, house.clock());
+    house.state = furnish(house.seed, options.rooms, house.clock(), options.items);
     overrideBroker(house.seed.document["mqttInfo"], options);
     for (const auto& [path, fault] : options.faults)
         house.faults.set(path, fault, -1);

@@ -31,6 +31,9 @@ MainClass::MainClass()
     m_keepLoginTimer->setObjectName(QStringLiteral("keepLogin"));
     m_keepLoginTimer->setTimerType(Qt::PreciseTimer);
     connect(m_keepLoginTimer, &QTimer::timeout, this, [this] { m_baa00->keepLogin()->deleteLater(); });
+    connect(m_voice, &Voice::waitingChanged, this, [this] { setVoiceWaiting(m_voice->waiting()); });
+    connect(m_voice, &Voice::faultChanged, this, [this] { setVoiceFault(m_voice->fault()); });
+    setVoiceFault(m_voice->fault());
     initDb();
 }
 

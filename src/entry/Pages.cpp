@@ -12,6 +12,9 @@
 #include "vm/mainpage/Fps.h"
 #include "vm/module1/Module1Register.h"
 #include "vm/module2/Module2Register.h"
+#include "vm/module3/Module3Register.h"
+#include "vm/module4/Module4Register.h"
+#include "vm/module6/Module6Register.h"
 #include "vm/shared/TapWatch.h"
 
 #include <QDebug>
@@ -56,6 +59,9 @@ void registerTypes()
     DialogsRegister::getInstance()->init();
     Module1Register().init();
     Module2Register().init();
+    Module3Register().init();
+    Module4Register().init();
+    Module6Register().init();
     qmlRegisterType<QmlEventLoop>("QmlEventLoop", 1, 0, "QmlEventLoop");
     qmlRegisterType<Fps>("Fps", 1, 0, "Fps");
 }
