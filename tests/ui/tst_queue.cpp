@@ -220,7 +220,6 @@ void tst_queue::placeIsKept()
         return m_terminal->text(QString("waitNo_%1").arg(index));
     };
     list->setProperty("contentY", 1000);
-    QMetaObject::invokeMethod(list, "movementEnded");
     const QString card = topCard();
     QVERIFY(!card.isEmpty() && card != "8001");
     const qreal place = list->property("contentY").toReal();
