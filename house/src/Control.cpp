@@ -90,9 +90,41 @@ ControlAnswer setConfig(House& house, const json& order)
         for (json* place : placesOf(house, setting))
             *place = value;
     if (order.value("usedRoomMod", 0) == 1)
-        for (const Room& room : house.state.rooms)
-            furnishRoomCard(house.state, room);
+        for (Room& room : house.state.rooms)
+            furnishRoomCard(house.state, room, house.clock());
     return answer({{"ok", true}, {"before", before}});
+}
+
+/// The books: every line that is still to be paid, in the order of entry; of the card or room of this number,
+/// where one is given.
+ControlAnswer orders(House& house, const json& order)
+{
+    const std::string guest = order.value("guest", "");
+    json list = json::array();
+    for (const Order& line : house.state.orders) {
+        const std::string account =
+            line.cardId.empty() ? house.state.roomCode(line.roomId) : house.state.cardNumber(line.cardId);
+        if (!isOpen(line) || (!guest.empty() && guest != account))
+            continue;
+        const Staff* person = house.seed.staffById(line.staffId);
+        const Staff* pusher = house.seed.staffById(line.pushId);
+        list.push_back({{"id", line.id},
+                        {"guest", account},
+                        {"isRoom", line.cardId.empty()},
+                        {"item", line.itemId},
+                        {"num", line.num},
+                        {"price", line.price},
+                        {"status", static_cast<int>(line.status)},
+                        {"area", line.areaId},
+                        {"staff", person ? person->code : ""},
+                        {"pusher", pusher ? pusher->code : ""},
+                        {"clockKind", line.clockKind},
+                        {"isOvertime", line.isOvertime},
+                        {"remark", line.remark},
+                        {"tastes", line.tasteIds},
+                        {"desk", line.deskNo}});
+    }
+    return answer(list);
 }
 
 ControlAnswer stats(House& house, const json&) { return answer(house.journal.stats()); }
@@ -109,7 +141,7 @@ struct ControlPath
     ControlAnswer (*serve)(House&, const json& order);
 };
 
-constexpr std::array<ControlPath, 9> controlPaths{{
+constexpr std::array<ControlPath, 10> controlPaths{{
     {"POST", "/_control/fault", setFault},
     {"POST", "/_control/answer", setAnswer},
     {"POST", "/_control/clear", clear},
@@ -117,6 +149,7 @@ constexpr std::array<ControlPath, 9> controlPaths{{
     {"POST", "/_control/publish", publish},
     {"POST", "/_control/others", setOthers},
     {"POST", "/_control/config", setConfig},
+    {"GET", "/_control/orders", orders},
     {"GET", "/_control/stats", stats},
     {"GET", "/_control/requests", requests},
 }};

@@ -19,6 +19,7 @@ namespace {
 /// Shorter sessions are left to run out; the keep-alive of longer ones comes a margin before their end.
 constexpr long keepLoginThresholdSeconds = 900;
 constexpr long keepLoginMarginSeconds = 75;
+constexpr int mostQuestionChars = 2000; ///< parts of it may come from outside
 
 } // namespace
 
@@ -87,7 +88,7 @@ void MainClass::stopTimer()
 int MainClass::showMsgConfirm(const QString& title, const QString& msg)
 {
     m_msgConfirmResult = -1;
-    Q_EMIT msgConfirmSignal(title, msg);
+    Q_EMIT msgConfirmSignal(title, msg.left(mostQuestionChars));
     return m_msgConfirmResult;
 }
 

@@ -7,11 +7,14 @@
 #include "common/Modules.h"
 #include "common/MyMessage.h"
 #include "common/QmlEventLoop.h"
+#include "entry/PictureGuard.h"
 #include "vm/dialogs/DialogsRegister.h"
 #include "vm/mainpage/Fps.h"
 #include "vm/module1/Module1Register.h"
 #include "vm/module2/Module2Register.h"
+#include "vm/module3/Module3Register.h"
 #include "vm/module4/Module4Register.h"
+#include "vm/module6/Module6Register.h"
 #include "vm/shared/TapWatch.h"
 
 #include <QDebug>
@@ -56,7 +59,9 @@ void registerTypes()
     DialogsRegister::getInstance()->init();
     Module1Register().init();
     Module2Register().init();
+    Module3Register().init();
     Module4Register().init();
+    Module6Register().init();
     qmlRegisterType<QmlEventLoop>("QmlEventLoop", 1, 0, "QmlEventLoop");
     qmlRegisterType<Fps>("Fps", 1, 0, "Fps");
 }
@@ -70,6 +75,8 @@ void loadFonts(QQmlEngine& engine, const QString& directory)
 void loadPages(QQmlApplicationEngine& engine, const QString& directory)
 {
     TapWatch::install();
+    static PictureGuard pictures;
+    pictures.guard(engine);
     loadFonts(engine, directory);
     const QUrl root(QStringLiteral("qrc:/main.qml"));
     QObject::connect(

@@ -4,6 +4,7 @@
 #include "common/GlobalConfig.h"
 #include "common/Log.h"
 #include "common/LogFolder.h"
+#include "common/MyMessage.h"
 #include "common/Settings.h"
 #include "common/Sqlite.h"
 #include "entry/Options.h"
@@ -67,12 +68,13 @@ void logTlsVersions()
         qDebug() << "This machine has no TLS library that Qt can use";
 }
 
-bool prepareSettings()
+bool prepareSettings(QString& asideName)
 {
     Sqlite settings;
     if (!settings.open() || !settings.createTable())
         return false;
     settings.close();
+    asideName = settings.asideName();
     return true;
 }
 
@@ -133,7 +135,8 @@ int runTerminal(int& argc, char** argv)
         log.waitUntilReady();
         MainClass::getInstance()->initTts();
     }
-    if (!prepareSettings()) {
+    QString asideName;
+    if (!prepareSettings(asideName)) {
         log.waitUntilReady();
         qDebug() << "STEP 2";
         QCoreApplication::quit();
@@ -155,6 +158,11 @@ int runTerminal(int& argc, char** argv)
                                      {QStringLiteral("height"), 768}});
     }
     loadPages(engine, directory);
+    if (!asideName.isEmpty()) {
+        tell(QStringLiteral("the settings were no database; they are kept as ") + asideName);
+        MyMessage::getInstance()->ShowError(
+            QStringLiteral("设置文件已损坏,已另存为%1,请重新设置本机").arg(asideName));
+    }
     std::unique_ptr<PlaceServer> places;
     if (!options.placesSocket.isEmpty())
         places = std::make_unique<PlaceServer>(options.placesSocket);

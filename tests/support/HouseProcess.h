@@ -23,6 +23,10 @@ public:
     /// Faults, scripted answers and what was seen, over the control path.
     void fault(const QString& path, const QString& kind, int arg = 0, int count = -1);
     void answer(const QString& path, const QJsonValue& body, int count = -1);
+    /// Settings of the store or the terminals: the house follows them at once, a terminal at its next start.
+    void config(const QJsonObject& settings);
+    /// What stands in the books of the card or room of this number, still to be paid.
+    QJsonArray books(const QString& guest);
     /// Forgets faults, answers and requests.
     void reset();
     /// The last requests on the path, the oldest first.

@@ -7,6 +7,8 @@
 #include "services/Baa00Service.h"
 #include "services/Reply.h"
 
+#include <QQuickItem>
+#include <QQuickWindow>
 #include <QtTest>
 
 #include <memory>
@@ -32,6 +34,7 @@ private Q_SLOTS:
     void oneThingAtATime_data();
     void oneThingAtATime();
     void brokerAway();
+    void longName();
     void loginByNumber();
     void loginByCard();
     void loginsThatFail_data();
@@ -116,6 +119,17 @@ void tst_shell::cleanup()
     if (m_terminal->item("returnButton"))
         WALKED(walk("returnButton -returnButton +closeButton"));
     QCOMPARE(m_terminal->takeMessages(), QStringList());
+}
+
+/// What the back end calls the shop leaves room for the rest.
+void tst_shell::longName()
+{
+    const QString before = config()->storeName();
+    config()->setStoreName(QString(300, QChar(0x5E97)));
+    WALKED(walk("?storeName.truncated=true"));
+    const QQuickItem* name = m_terminal->item("storeName");
+    QVERIFY(name->width() < name->window()->width() / 2);
+    config()->setStoreName(before);
 }
 
 void tst_shell::loginByNumber()
