@@ -237,7 +237,12 @@ void Module4Vm::announce(const QString& key)
 {
     const QPointer<Module4Vm> self(this);
     const auto reply = call(&Bca01Service::getMqttCallInfoDataByKey, {{"key", key}});
-    if (!self || !isOkOrShown(*reply))
+    if (!self)
+        return;
+    // Without a line each of the others would only make the user wait as long again.
+    if (!isAnswered(*reply))
+        m_keys.clear();
+    if (!isOkOrShown(*reply))
         return;
     for (const CallInfoDataDto* card : reply->data()) {
         if (!card->cardNo().isEmpty() && !card->hardCardType().isEmpty() &&
