@@ -81,10 +81,10 @@ void MainClass::stopTimer()
     m_keepLoginTimer->stop();
 }
 
-int MainClass::showMsgConfirm(const QString& title, const QString& msg)
+int MainClass::showMsgConfirm(const QString& title, const QString& msg, int limitMs)
 {
     m_msgConfirmResult = -1;
-    Q_EMIT msgConfirmSignal(title, msg);
+    Q_EMIT msgConfirmSignal(title, msg, limitMs);
     return m_msgConfirmResult;
 }
 

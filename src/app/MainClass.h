@@ -38,8 +38,8 @@ public:
     /// With the last module the voice falls silent too.
     Q_INVOKABLE void stopTimer();
 
-    /// Asks the user and waits for the answer: 1 yes, 0 no.
-    int showMsgConfirm(const QString& title, const QString& msg);
+    /// Asks the user and waits for the answer: 1 yes, 0 no. With a limit no answer within it is a no.
+    int showMsgConfirm(const QString& title, const QString& msg, int limitMs = 0);
 
     /// A setting of this machine, empty when it isn't there.
     QString getSqlData(const QString& key);
@@ -70,7 +70,7 @@ public:
     void onDestruct(const QString& code);
 
 Q_SIGNALS:
-    void msgConfirmSignal(const QString& title, const QString& msg);
+    void msgConfirmSignal(const QString& title, const QString& msg, int limitMs);
     void msgConfirmDone();
     void destructSignal(const QString& code);
     /// A message on one of the wanted topics, which comes without the store id.

@@ -11,6 +11,9 @@
 #include "vm/mainpage/Fps.h"
 #include "vm/module1/Module1Register.h"
 #include "vm/module2/Module2Register.h"
+#include "vm/module7/Module7Register.h"
+#include "vm/module8/Module8Register.h"
+#include "vm/module9/Module9Register.h"
 #include "vm/shared/TapWatch.h"
 
 #include <QDebug>
@@ -55,6 +58,9 @@ void registerTypes()
     DialogsRegister::getInstance()->init();
     Module1Register().init();
     Module2Register().init();
+    Module7Register().init();
+    Module8Register().init();
+    Module9Register().init();
     qmlRegisterType<QmlEventLoop>("QmlEventLoop", 1, 0, "QmlEventLoop");
     qmlRegisterType<Fps>("Fps", 1, 0, "Fps");
 }
