@@ -27,6 +27,19 @@ int unconfirmedBytes(const QTcpSocket& socket)
     return bytes;
 }
 
+PosFault faultOf(const QTcpSocket& socket)
+{
+    switch (socket.error()) {
+    case QAbstractSocket::ConnectionRefusedError:
+    case QAbstractSocket::RemoteHostClosedError:
+        return PosRefused;
+    case QAbstractSocket::SocketTimeoutError:
+        return PosTimedOut;
+    default:
+        return PosOutOfReach;
+    }
+}
+
 class NetworkPrinter : public Printer
 {
 public:
@@ -47,12 +60,14 @@ public:
                                       ? QHostAddress(QHostAddress::LocalHost)
                                       : QHostAddress(url.host());
         if (host.isNull()) {
+            noteFault(PosNoPrinter);
             qWarning().noquote() << "receipt printer" << m_name << "isn't a numeric network address";
             return false;
         }
         m_socket.connectToHost(host, quint16(url.port(usualPort)));
         if (m_socket.waitForConnected(m_limits.connectMs))
             return true;
+        noteFault(faultOf(m_socket));
         qWarning().noquote() << "receipt printer" << m_name << "can't be reached:" << m_socket.errorString();
         return false;
     }
@@ -91,6 +106,7 @@ private:
 
     bool giveUp()
     {
+        noteFault(m_socket.state() == QAbstractSocket::ConnectedState ? PosTimedOut : faultOf(m_socket));
         qWarning().noquote() << "receipt printer" << m_name << "stopped taking data:" << m_socket.errorString();
         m_socket.abort();
         return false;

@@ -55,6 +55,11 @@ public:
     void startReadHand(BaseObject* listener);
     void stopReadHand(BaseObject* listener);
 
+    /// The staff reader's port while it is open, by the name that the settings have; whether a hand card reader
+    /// is in use.
+    QString staffPort() const;
+    bool hasHandReader() const { return m_handDevice; }
+
     /// Gives the terminal a voice; done once, at start-up, when the settings want one.
     void initTts();
     /// Says a text so many times, after those that wait already.
@@ -73,6 +78,9 @@ Q_SIGNALS:
     void msgConfirmSignal(const QString& title, const QString& msg, int limitMs);
     void msgConfirmDone();
     void destructSignal(const QString& code);
+    /// What a reader gave and the card's text that came of it, before that goes to whoever listens.
+    void staffReceived(const QByteArray& raw, const QString& text);
+    void handReceived(const QByteArray& raw, const QString& text);
     /// A message on one of the wanted topics, which comes without the store id.
     void mqttSignal(const QString& topic, const QString& msg);
     /// The channel to the broker stands, for the first time or again: what was published before is lost.

@@ -11,6 +11,7 @@
 #include "vm/mainpage/Fps.h"
 #include "vm/module1/Module1Register.h"
 #include "vm/module2/Module2Register.h"
+#include "vm/module5/Module5Register.h"
 #include "vm/module7/Module7Register.h"
 #include "vm/module8/Module8Register.h"
 #include "vm/module9/Module9Register.h"
@@ -58,6 +59,7 @@ void registerTypes()
     DialogsRegister::getInstance()->init();
     Module1Register().init();
     Module2Register().init();
+    Module5Register().init();
     Module7Register().init();
     Module8Register().init();
     Module9Register().init();

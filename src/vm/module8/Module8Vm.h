@@ -61,6 +61,6 @@ private:
     void takeEntry(const AddCardMealTimesDto& entry);
 
     MealCardsModel* m_cards;
-    QTimer m_timer;    ///< until it is asked again which meal runs
-    QTimer m_childEnd; ///< until a child box that a guest left behind is cleared
+    QTimer m_timer{this};    ///< until it is asked again which meal runs
+    QTimer m_childEnd{this}; ///< until a child box that a guest left behind is cleared
 };

@@ -24,6 +24,7 @@ CounterVm::CounterVm(const CounterWords& words, QObject* parent) : ActionVm(pare
 {
     m_answerEnd.setSingleShot(true);
     m_answerEnd.setInterval(answerMs);
+    m_answerEnd.setObjectName(QStringLiteral("answerTimer"));
     connect(&m_answerEnd, &QTimer::timeout, this, &CounterVm::clearAnswer);
 }
 

@@ -55,5 +55,5 @@ private:
 
     const CounterWords m_words;
     LyingCard m_lying;
-    QTimer m_answerEnd;
+    QTimer m_answerEnd{this};
 };

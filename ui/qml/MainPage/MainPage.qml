@@ -43,6 +43,10 @@ Rectangle {
             return
         if (GlobalConfig.isCurrentModeLocked && isLoggedIn(GlobalConfig.currentMod) === undefined)
             return
+        // A page may have something to lose.
+        const open = stackView.currentItem
+        if (open.mayLeave !== undefined && !open.mayLeave())
+            return
         stackView.pop()
         gc()
     }

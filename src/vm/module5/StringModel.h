@@ -1,0 +1,22 @@
+#pragma once
+
+#include "common/RowModel.h"
+
+#include <QStringList>
+
+/// Texts to choose from.
+class StringModel : public RowModel<QString>
+{
+    Q_OBJECT
+
+public:
+    explicit StringModel(QObject* parent = nullptr)
+        : RowModel({{"name", [](const QString& text) { return text; }}}, parent)
+    {
+    }
+
+    void update(const QStringList& texts) { replace(texts.toVector()); }
+    /// Empty without such a row.
+    QString at(int index) const { return row(index); }
+    int indexOf(const QString& text) const { return rows().indexOf(text); }
+};
