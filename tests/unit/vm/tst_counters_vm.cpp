@@ -33,7 +33,7 @@ function target(no, status = 1) { f.answer(cards, {id: 'T' + no, cardno: no, sta
 
 } // namespace
 
-class tst_counters : public QObject
+class tst_counters_vm : public QObject
 {
     Q_OBJECT
 
@@ -53,7 +53,7 @@ private:
     std::unique_ptr<RoomFixture> m_terminal;
 };
 
-void tst_counters::initTestCase()
+void tst_counters_vm::initTestCase()
 {
     m_terminal.reset(new RoomFixture);
     QVERIFY(m_terminal->isUp());
@@ -63,7 +63,7 @@ void tst_counters::initTestCase()
     m_terminal->run(QString::fromUtf8(script));
 }
 
-void tst_counters::rules_data()
+void tst_counters_vm::rules_data()
 {
     addRows(R"T(
 Module7Vm | p.doConsume('', '') | said() | refused:手牌号不能为空 | error|手牌号不能为空
@@ -109,13 +109,13 @@ TransferCardsVm | target('1'); p.addNew('1', ''); p.remove(0) | p.pCardModel.row
 )T");
 }
 
-void tst_counters::rules()
+void tst_counters_vm::rules()
 {
     QFETCH(QStringList, cells);
     m_terminal->check(cells);
 }
 
-void tst_counters::mealThatChanges()
+void tst_counters_vm::mealThatChanges()
 {
     const std::unique_ptr<QObject> page(m_terminal->page("Module8Vm", "|| serve('午餐'); eaten(); p.init(); "
                                                                       "p.addMeal('1', '')"));
@@ -144,7 +144,7 @@ void tst_counters::mealThatChanges()
     QVERIFY(!timer->isActive());
 }
 
-void tst_counters::pollsAgainAfterAFailureOfTheLine()
+void tst_counters_vm::pollsAgainAfterAFailureOfTheLine()
 {
     const std::unique_ptr<QObject> page(m_terminal->page("Module8Vm", "|| serve(); eaten(); p.init(); "
                                                                       "p.addMeal('1', '')"));
@@ -166,7 +166,7 @@ void tst_counters::pollsAgainAfterAFailureOfTheLine()
 }
 
 /// The house moves what was shown: the sources are empty then, and the target has it all.
-void tst_counters::transferOfSeveral()
+void tst_counters_vm::transferOfSeveral()
 {
     const QString shown = "p.transNum + '/' + p.transAmount.toFixed(2)";
     const std::unique_ptr<QObject> page(m_terminal->page("Module9Vm", "|| p.getOrderList(['8001', '8003'])"));
@@ -185,7 +185,7 @@ void tst_counters::transferOfSeveral()
         QCOMPARE(after[i].toDouble(), before[i].toDouble() + sum.split('/')[i].toDouble());
 }
 
-void tst_counters::slips()
+void tst_counters_vm::slips()
 {
     delete m_terminal->page("Module8Vm",
                             "|| serve(); eaten(3); p.init(); p.isChild = true; p.addMeal('1', '')");
@@ -206,7 +206,7 @@ void tst_counters::slips()
 }
 
 /// Once for as long as it lies there, whatever else comes in between; a page that goes books nothing.
-void tst_counters::lyingCard()
+void tst_counters_vm::lyingCard()
 {
     const std::unique_ptr<QObject> page(m_terminal->page("Module8Vm", "|| serve(); eaten(); p.init()"));
     auto* counter = qobject_cast<BaseObject*>(page.get());
@@ -229,7 +229,7 @@ void tst_counters::lyingCard()
     QCOMPARE(m_terminal->house().seen(selfInput), 0);
 }
 
-void tst_counters::whatTheLastGuestLeft()
+void tst_counters_vm::whatTheLastGuestLeft()
 {
     const std::unique_ptr<QObject> page(
         m_terminal->page("Module8Vm", "|| p.isChild = true; p.changeChildNum(4)"));
@@ -243,5 +243,5 @@ void tst_counters::whatTheLastGuestLeft()
     QTRY_COMPARE(page->property("answer").toString(), QString());
 }
 
-QTEST_GUILESS_MAIN(tst_counters)
-#include "tst_counters.moc"
+QTEST_GUILESS_MAIN(tst_counters_vm)
+#include "tst_counters_vm.moc"
