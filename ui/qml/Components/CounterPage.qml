@@ -7,6 +7,7 @@ Item {
 
     property string picture: ""  // a glyph
     property color pictureGround: Theme.accent
+    property real pictureShare: 0.36 // of the height
     property string title: ""
     property bool isTitleAlert: false
     property string sentence: ""
@@ -93,7 +94,7 @@ Item {
                 id: disc
                 anchors.horizontalCenter: parent.horizontalCenter
                 y: Theme.spacing
-                width: Math.min(Theme.px(210), parent.height * 0.36)
+                width: Math.min(Theme.px(210), parent.height * page.pictureShare)
                 height: width
                 radius: width / 2
                 color: page.pictureGround

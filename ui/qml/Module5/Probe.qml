@@ -14,7 +14,7 @@ Rectangle {
     property var run: null
     default property alias content: body.data
 
-    implicitHeight: Theme.px(210)
+    implicitHeight: Theme.px(240)
     radius: Theme.radius
     color: Theme.surface
     border.color: Theme.line

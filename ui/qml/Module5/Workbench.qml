@@ -62,9 +62,12 @@ Column {
                 clip: true
                 boundsBehavior: Flickable.StopAtBounds
                 model: vm.pLineModel
+                ScrollBar.vertical: ListScrollBar {
+                    id: lineBar
+                }
                 delegate: PlainText {
                     objectName: "measured_" + index
-                    width: lines.width
+                    width: lines.width - lineBar.width
                     height: Theme.px(28)
                     text: model.name + "  " + model.result
                     font.pixelSize: Theme.captionSize

@@ -21,7 +21,7 @@ CounterPage {
     picture: Glyphs.moduleSelf
     pictureGround: "#2A7F3D"
     title: counterVm.itemName
-    sentence: "请刷手牌，每张门票可领一份"
+    sentence: "请刷手牌，领取一份"
     listCaption: "最近录入"
     canAsk: counterVm.isEnabled
     ask: page.askCard

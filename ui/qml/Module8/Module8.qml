@@ -19,6 +19,7 @@ CounterPage {
     counter: counterVm
     picture: Glyphs.moduleBuffet
     pictureGround: "#8F6400"
+    pictureShare: 0.26
     title: counterVm.pollFailure === "" ? counterVm.mealName : counterVm.pollFailure
     isTitleAlert: counterVm.pollFailure !== ""
     sentence: counterVm.pollFailure !== "" ? "正在重新连接，请稍候" : counterVm.isOnMealTime ? "请刷手牌用餐" : "现在没有供餐"
@@ -52,12 +53,13 @@ CounterPage {
         }
     }
 
-    Row {
+    Column {
         id: child
         anchors.horizontalCenter: parent.horizontalCenter
-        spacing: Theme.spacing
+        spacing: Theme.gap
 
         CheckMark {
+            anchors.horizontalCenter: parent.horizontalCenter
             objectName: "childBox"
             text: "儿童餐"
             isChecked: counterVm.isChild
