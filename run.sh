@@ -6,12 +6,13 @@ cd "$(dirname "$0")"
 
 usage() {
     cat <<'HELP'
-usage: ./run.sh [--rooms N] [--others N] [--room-mode] [--size WxH] [--shot FILE | --tour FOLDER]
+usage: ./run.sh [--rooms N] [--items N] [--others N] [--room-mode] [--size WxH] [--shot FILE | --tour FOLDER]
 
 Installs what is missing, builds, starts a mosquitto broker, the demo back end and the terminal on ports of their own,
 and ends all of it when the terminal ends. Without a display a virtual one is started.
 
   --rooms N    size of the demo house
+  --items N    number of goods, where that is more than a shop's 300
   --others N   changes a second by the house's other terminals (0.2; 0 for none)
   --room-mode  a house without hand cards, in which a room's number is its card
   --size WxH   size of the virtual display (1920x1080), where there is no other
@@ -27,7 +28,7 @@ HELP
 options=() tour=""
 while [ $# -gt 0 ]; do
     case $1 in
-        --rooms | --others | --size) options+=("$1" "${2:?$1 needs a value}"); shift 2 ;;
+        --rooms | --items | --others | --size) options+=("$1" "${2:?$1 needs a value}"); shift 2 ;;
         --room-mode) options+=("$1"); shift ;;
         --tour) tour=1 options+=("$1" "$(realpath -m "${2:?--tour needs a folder}")"); shift 2 ;;
         --shot) options+=("$1" "$(realpath -m "${2:?--shot needs a file}")"); shift 2 ;;

@@ -12,6 +12,7 @@ install(DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/res/fonts DESTINATION ${home
 install(CODE "file(CREATE_LINK /var/log/kv-panel \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${home}/log SYMBOLIC)")
 install(PROGRAMS ${debian}/kv-panel DESTINATION bin)
 install(PROGRAMS ${debian}/kiosk DESTINATION ${home})
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/packaging/speech DESTINATION ${home} USE_SOURCE_PERMISSIONS)
 install(FILES ${debian}/kv-panel.desktop DESTINATION share/applications)
 install(FILES ${CMAKE_SOURCE_DIR}/ui/images/logo.png DESTINATION share/icons/hicolor/128x128/apps RENAME kv-panel.png)
 install(FILES ${CMAKE_SOURCE_DIR}/DEPLOY.md ${CMAKE_SOURCE_DIR}/docs/LICENCES.md ${debian}/copyright DESTINATION share/doc/kv-panel)
@@ -44,9 +45,9 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What is loaded at run time, which the libraries' dependencies don't tell.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "adduser, libcurl4, libqt5sql5-sqlite, qml-module-qtquick2, qml-module-qtquick-window2, qml-module-qtquick-controls2, qml-module-qtquick-templates2, qml-module-qtquick-layouts, qml-module-qtquick-shapes, qml-module-qtqml, qml-module-qtqml-models2")
-# The kiosk's X server, and the login session that lets it run without root.
+# The voice; the kiosk's X server, and the login session that lets it run without root.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
-    "xinit, xauth, xserver-xorg, xserver-xorg-video-all, xserver-xorg-input-all, libpam-systemd")
+    "qtspeech5-speechd-plugin, speech-dispatcher, espeak-ng, alsa-utils, xinit, xauth, xserver-xorg, xserver-xorg-video-all, xserver-xorg-input-all, libpam-systemd")
 # Settings are entered by hand as long as there is no page for them; printers of the system.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "sqlite3, cups-client")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${debian}/postinst ${debian}/prerm ${debian}/postrm ${debian}/conffiles)

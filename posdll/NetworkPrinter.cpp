@@ -7,8 +7,11 @@
 #include <QUrl>
 
 #ifdef Q_OS_LINUX
+#include <cerrno>
 #include <linux/sockios.h>
+#include <poll.h>
 #include <sys/ioctl.h>
+#include <sys/socket.h>
 #include <unistd.h>
 #endif
 
@@ -38,6 +41,23 @@ PosFault faultOf(const QTcpSocket& socket)
     default:
         return PosOutOfReach;
     }
+}
+
+/// Whether the printer hangs up on what it has confirmed but not read, which resets the connection. One that
+/// goes down in the midst of a slip does so at once, so that a moment's waiting tells. False where the system
+/// doesn't tell.
+bool isReset(const QTcpSocket& socket)
+{
+#ifdef Q_OS_LINUX
+    constexpr int momentMs = 50;
+    pollfd line{int(socket.socketDescriptor()), POLLIN, 0};
+    char byte = 0;
+    return ::poll(&line, 1, momentMs) > 0 && ::recv(line.fd, &byte, 1, MSG_PEEK | MSG_DONTWAIT) < 0 &&
+           errno != EAGAIN && errno != EINTR;
+#else
+    Q_UNUSED(socket)
+    return false;
+#endif
 }
 
 class NetworkPrinter : public Printer
@@ -80,7 +100,13 @@ public:
             if (!m_socket.waitForBytesWritten(qMin(m_limits.stallMs, int(end.remainingTime()))))
                 return giveUp();
         }
-        return waitUntilConfirmed(end) || giveUp();
+        if (!waitUntilConfirmed(end))
+            return giveUp();
+        if (!isReset(m_socket))
+            return true;
+        giveUp();
+        noteFault(PosRefused);
+        return false;
     }
 
 private:

@@ -6,6 +6,9 @@ build_packages=(g++ cmake ninja-build pkg-config ccache qtbase5-dev qtdeclarativ
 run_packages=(libqt5sql5-sqlite libcurl4 qml-module-qtquick2 qml-module-qtquick-window2 qml-module-qtquick-controls2
     qml-module-qtquick-templates2 qml-module-qtquick-layouts qml-module-qtquick-shapes qml-module-qtqml
     qml-module-qtqml-models2)
+# The voice; without a sound card it is recorded.
+speech_packages=(qtspeech5-speechd-plugin speech-dispatcher espeak-ng alsa-utils sox)
+run_packages+=("${speech_packages[@]}")
 # The demo back end is built with the tests, and a display is made where there is none.
 demo_packages=(libcpp-httplib-dev nlohmann-json3-dev libssl-dev mosquitto xvfb xauth openbox imagemagick
     libgl1-mesa-dri socat curl)

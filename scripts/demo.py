@@ -1,7 +1,7 @@
 #!/usr/bin/python3 -B
 """Runs the demonstration that run.sh has built; its options are told there.
 
-demo.py BUILD_FOLDER FOLDER [--rooms N] [--others N] [--room-mode] [--size WIDTHxHEIGHT] [--shot FILE | --tour FOLDER]
+demo.py BUILD_FOLDER FOLDER [--rooms N] [--items N] [--others N] [--room-mode] [--size WIDTHxHEIGHT] [--shot FILE | --tour FOLDER]
 """
 import argparse
 import pathlib
@@ -21,6 +21,7 @@ def options_of(arguments):
     parser.add_argument("build")
     parser.add_argument("folder")
     parser.add_argument("--rooms")
+    parser.add_argument("--items")
     parser.add_argument("--others", default="0.2")
     parser.add_argument("--room-mode", action="store_true")
     parser.add_argument("--size", default="1920x1080")
@@ -44,7 +45,8 @@ def take_shot(stand, picture):
 
 
 def run(stand, options):
-    house_options = ["--rooms", options.rooms] if options.rooms else []
+    house_options = [word for name in ("rooms", "items") if getattr(options, name)
+                     for word in (f"--{name}", getattr(options, name))]
     stand.start_all(options.size, "--others", "0" if options.tour else options.others, *house_options)
     if options.room_mode:
         stand.control("config", {"usedRoomMod": 1})

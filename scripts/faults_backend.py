@@ -3,11 +3,13 @@ import signal
 import time
 
 from fault_round import OPEN_ROOM, POST_LIMIT_S, READ_LIMIT_S, Row
-from stand import MANAGER
+from stand import END_LIMIT_S, MANAGER
 
 DETAIL = "/bba01/getRoomDetailNew"
 LOGIN = "/baa00/loginMod"
 ROOMS = "/bba01/getRoomList"
+FLOORS = "/bba01/getFloorSum"
+INIT = "/baa00/getSysInitByAuthCode"
 BUSY_ROOM = "101"
 
 KINDS = {"delay:3000": "answers after 3 s", "drop": "hangs up without doing it", "drop-after": "does it, then hangs up",
@@ -123,6 +125,54 @@ def board(shop):
         fetch_board(shop, row)
         shop.stand.control("clear", {})
         shop.add(row)
+    silent_board(shop)
+
+
+def silent_board(shop):
+    """Nothing answers when the board is fetched: one call's time without taps, not one after the other."""
+    row = Row("the back end never answers anything", "the board is fetched")
+    if not shop.wants(row.fault, row.road):
+        return
+    seen = {path: shop.stand.calls(path)[0] for path in (ROOMS, FLOORS)}
+    shop.stand.control("fault", {"path": "*", "kind": "hang"})
+    shop.stand.control("publish", {"topic": "ROOMSTATUS_" + store_id(shop), "payload": "{}"})
+    shop.hands.until("the fetch", lambda: not shop.taps_taken())
+    row.waited_s = shop.waited(READ_LIMIT_S)
+    row.saw = shop.message()
+    asked = {path: shop.stand.calls(path)[0] - before for path, before in seen.items()}
+    row.calls = f"{asked[ROOMS]} / 0"
+    if asked[FLOORS]:
+        row.faults.append("THE NEXT LIST WAS ASKED FOR ALL THE SAME")
+    shop.stand.control("clear", {})
+    fetch_board(shop, again := Row("", ""))
+    row.saw += f"; with an answer: {again.saw}"
+    if shop.hands.is_gone(f"room_{BUSY_ROOM}"):
+        row.faults.append("THE BOARD STAYS EMPTY")
+    shop.add(row, READ_LIMIT_S)
+
+
+def modules(shop):
+    """The back end holds rights without end."""
+    for module in ("CONSUME_CTRL", "NEW_CTRL"):
+        row = Row(f"the back end tells 100,000 modules {module}", "starts and ends")
+        if not shop.wants(row.fault, row.road):
+            continue
+        shop.shop(opens_board=False)
+        shop.stand.stop("terminal")
+        rights = [{"funcVal": module, "authName": "x", "pid": "0", "authflg": True}] * 100000
+        shop.stand.control("answer", {"path": INIT, "body": {"code": "200", "msg": "", "data": {"modAuth": rights}}})
+        shop.start_terminal()
+        shop.hands.see("mainPage")
+        begin = time.monotonic()
+        code = shop.stand.stop("terminal")
+        row.waited_s = time.monotonic() - begin
+        row.saw = f"the main page; ends with {code}"
+        if code != 0:
+            row.faults.append("IT DOESN'T END")
+        shop.stand.control("clear", {})
+        shop.start_terminal()
+        shop.hands.see("mainPage")
+        shop.add(row, END_LIMIT_S)
 
 
 def login(shop):
@@ -215,4 +265,4 @@ def broker(shop):
         shop.add(row)
 
 
-PARTS = (saving, reading, lies, board, login, dying, broker)
+PARTS = (saving, reading, lies, board, modules, login, dying, broker)

@@ -143,6 +143,6 @@ class Hands:
         self.save_screen(self.pictures / f"{self.count:02}-{name}.png")
 
     def save_screen(self, path):
-        subprocess.run(["import", "-window", "root", "+dither", "-colors", "255", f"PNG8:{path}"], check=True,
-                       env=self.environment)
+        subprocess.run(["import", "-window", "root", "-strip", "-define", "png:compression-level=9", f"PNG24:{path}"],
+                       check=True, env=self.environment)
         return path

@@ -4,7 +4,8 @@ set -euo pipefail
 
 usage() {
     cat <<'HELP'
-usage: scripts/newcomer-check.sh [--as-root] [--quick | --only "TEST..."] [--report FILE] [--suite SUITE] [--mirror URL]
+usage: scripts/newcomer-check.sh [--as-root] [--quick | --only "TEST..."] [--ccache FOLDER] [--report FILE] [--suite SUITE]
+                                 [--mirror URL]
 
 Makes a bare Debian in a folder of its own, without a hosts file, clones what is committed here into the home of a user
 there who may use sudo, and runs ./run.sh and ./test.sh as that user. Looks at what they install, take and leave behind,
@@ -15,17 +16,20 @@ Needs root, a Debian mirror, the npm registry, 6 GB of disk, and more than half 
   --as-root      runs them as root, where there is no sudo
   --quick        ./test.sh --quick
   --only TESTS   in place of ./test.sh only these of its tests, built and run by hand
+  --ccache DIR   lets the compilers there read this machine's cache of compiled files, for a machine without the time;
+                 the report says so
   --report FILE  writes the figures to FILE (docs/newcomer.md)
 HELP
 }
 
-user=newcomer only="" test_options=() report="" suite=bookworm mirror=http://deb.debian.org/debian
+user=newcomer only="" cache="" test_options=() report="" suite=bookworm mirror=http://deb.debian.org/debian
 arguments=("$@")
 while [ $# -gt 0 ]; do
     case $1 in
         --as-root) user=root; shift ;;
         --quick) test_options=(--quick); shift ;;
         --only) only=${2:?--only needs the names of tests}; shift 2 ;;
+        --ccache) cache=$(realpath "${2:?--ccache needs a folder}"); shift 2 ;;
         --report) report=$(realpath -m "${2:?--report needs a file}"); shift 2 ;;
         --suite) suite=${2:?}; shift 2 ;;
         --mirror) mirror=${2:?}; shift 2 ;;
@@ -49,7 +53,7 @@ failures=0
 rows=()
 
 finish() {
-    for mounted in proc dev/pts dev/shm; do
+    for mounted in ccache proc dev/pts dev/shm; do
         umount --lazy "$root/$mounted" 2>/dev/null || true
     done
     rm -rf --one-file-system "$work"
@@ -73,7 +77,7 @@ inside() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONT
 # A command at the top of the clone, in a login shell of the user.
 typed() { inside su - $user -c "cd kv_panel && ${ca:+export NODE_EXTRA_CA_CERTS=$ca && }$*"; }
 packages() { inside dpkg-query -W -f '${Package}\n' | wc -l; }
-megabytes() { { du -sm --one-file-system "$@" 2>/dev/null || true; } | awk '{ sum += $1 } END { print sum + 0 }'; }
+megabytes() { { du -sm --one-file-system --exclude "$root/ccache" "$@" 2>/dev/null || true; } | awk '{ sum += $1 } END { print sum + 0 }'; }
 fetched() { megabytes "$root/var/cache/apt/archives" "$root/var/lib/apt/lists"; }
 
 # timed NAME COMMAND: runs it, and notes what it took.
@@ -111,6 +115,13 @@ if [ $user != root ]; then
     echo "$user ALL=(ALL) NOPASSWD: ALL" >"$root/etc/sudoers.d/$user"
 fi
 home=$(inside getent passwd $user | cut -d: -f6)
+if [ -n "$cache" ]; then
+    mkdir "$root/ccache"
+    mount --bind "$cache" "$root/ccache"
+    mount -o remount,bind,ro "$root/ccache"
+    printf '%s\n' 'cache_dir = /ccache' 'read_only = true' 'temporary_dir = /tmp' "base_dir = $home" 'hash_dir = false' \
+        'sloppiness = include_file_ctime, include_file_mtime, pch_defines, time_macros' >"$root/etc/ccache.conf"
+fi
 git clone -q --depth 1 "file://$tree" "$root$home/kv_panel"
 inside chown -R $user: "$home/kv_panel"
 before=$(cd "$root$home" && find . -path ./kv_panel -prune -o -print | sort)
@@ -173,6 +184,7 @@ if [ -n "$report" ]; then
             "$(printf ' %s' "${arguments[@]}")" "$(git -C "$tree" rev-parse --short HEAD)" "$(cat "$root/etc/debian_version")" "$(nproc)" "$(date +%F)" $failures
         printf '| command | time | packages installed | fetched by apt | disk |\n|---|---|---|---|---|\n'
         printf '%s\n' "${rows[@]}"
+        [ -z "$cache" ] || printf '\nThe compilers found most of their results in a cache; without it the first build takes longer.\n'
         printf '\nLeft behind: %s.\n' "$sizes"
     } >"$report"
 fi

@@ -5,6 +5,7 @@ be ended, killed, frozen and started again by itself, at the same address.
 """
 import contextlib
 import json
+import math
 import os
 import pathlib
 import random
@@ -20,11 +21,13 @@ import urllib.request
 
 START_LIMIT_S = 20
 END_LIMIT_S = 10
+VOICE_BYTES_PER_S = 22050 * 2
 HERE = pathlib.Path(__file__).resolve().parent
 SEED = HERE.parent / "house" / "seed" / "house.json"
 MANAGER = "1001"  # number and password
 MANAGER_CARD = "94780011"
-SETTINGS = {"staff_device_com": "COM1", "hand_card_device": "1", "print": "预览打印机", "is_open_room_print": "1",
+SPEECH = HERE.parent / "packaging" / "speech"
+SETTINGS = {"is_use_tts": "1", "tts_language": "简体中文 (中国)", "tts_voice": "espeak-ng", "staff_device_com": "COM1", "hand_card_device": "1", "print": "预览打印机", "is_open_room_print": "1",
             "leave_room_print_count": "1"}
 
 
@@ -82,6 +85,11 @@ def versions(build):
                       f"{os.cpu_count()} processors, {time.strftime('%Y-%m-%d')}"])
 
 
+def has_sound_card():
+    cards = pathlib.Path("/proc/asound/cards")
+    return cards.exists() and "[" in cards.read_text()
+
+
 def forget_port_locks(process):
     """A killed terminal leaves the lock of its serial port behind."""
     for lock in pathlib.Path("/run/lock").glob("LCK..*"):
@@ -100,6 +108,7 @@ class Stand:
         self.run = pathlib.Path(tempfile.mkdtemp(prefix="kv-stand-"))
         self.parts = {}  # by name, in the order of their start
         self.slips = self.folder / "slips"
+        self.voice = self.folder / "voice.wav"  # what was said, where it isn't heard
         self.broker_port = free_port()
         self.house_port = free_port()
         self.house_url = f"http://127.0.0.1:{self.house_port}"
@@ -216,6 +225,24 @@ class Stand:
         self.environment.update(KV_PANEL_COM1=str(line), KV_SIM_HAND_SOCKET=str(self.hand_reader),
                                 LD_LIBRARY_PATH=f"{sim}:{self.environment.get('LD_LIBRARY_PATH', '')}".rstrip(":"))
 
+    def start_speech(self):
+        """A speech service of the stand's own; without a sound card it speaks into a file."""
+        if not shutil.which("speech-dispatcher"):
+            say("No speech service here: going on without a voice")
+            return
+        configuration, address = self.run / "speech", self.run / "speech.socket"
+        shutil.copytree(SPEECH, configuration)
+        module = configuration / "modules" / "mandarin.conf"
+        module.write_text(module.read_text().replace("/usr/lib/kv-panel/speech", str(SPEECH)))
+        if not has_sound_card():
+            self.voice.unlink(missing_ok=True)
+            self.environment["KV_PANEL_SPEECH_FILE"] = str(self.voice)
+            say(f"No sound card here: calls are recorded to {self.voice}")
+        self.start("speech", ["speech-dispatcher", "-s", "-t", "0", "-c", "unix_socket", "-S", address,
+                              "-C", configuration, "-L", self.run, "-P", self.run / "speech.pid"])
+        until("the speech service", address.exists)
+        self.environment["SPEECHD_ADDRESS"] = f"unix_socket:{address}"
+
     def prepare_terminal(self, settings=None):
         """Identity and settings, as a technician enters them once."""
         config, runtime = self.folder / "config", self.run / "runtime"
@@ -253,12 +280,22 @@ class Stand:
         self.start_house(*house_options)
         self.start_display(size)
         self.prepare_terminal()
+        self.start_speech()
         self.start_readers()
 
     # What is done to them from outside
 
     def present_staff_card(self, number=MANAGER_CARD):
         subprocess.run([self.build / "sim" / "kv_card", "staff", self.staff_reader, number], check=True)
+
+    def present_hand_card(self, serial):
+        subprocess.run([self.build / "sim" / "kv_card", "hand", self.hand_reader, serial], check=True)
+
+    def said_seconds(self):
+        """How much speech was recorded; endless where it is heard instead."""
+        if "KV_PANEL_SPEECH_FILE" not in self.environment:
+            return math.inf
+        return max(0, self.voice.stat().st_size - 44) / VOICE_BYTES_PER_S if self.voice.exists() else 0
 
     def control(self, path, order=None):
         """Steers the house; its answer."""

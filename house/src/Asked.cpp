@@ -125,8 +125,8 @@ void demandRight(const House& house, const Call& call, const std::string& rightI
     const bool isGranted = supervisor &&
                            house.sessions.hasVouched(supervisor->id, call.session->deviceId, call.now) &&
                            supervisor->rights.count(rightId) > 0;
-    demand(isGranted || call.staff->rights.count(rightId) > 0, "AUTH_ERR_0002",
-           "您没有此操作的权限，请主管授权");
+    const bool isFree = call.staff->rights.count(rightId) > 0 && call.staff->supervised.count(rightId) == 0;
+    demand(isGranted || isFree, "AUTH_ERR_0002", "您没有此操作的权限，请主管授权");
 }
 
 void announceRooms(House& house) { announce(house, "ROOMSTATUS", R"({"type":"room"})"); }

@@ -32,13 +32,15 @@ std::optional<Address> addressOf(const std::string& url)
     Address address;
     address.host = url.substr(urlStart.size());
     const std::size_t colon = address.host.rfind(':');
-    if (colon != std::string::npos) {
+    if (colon != std::string::npos && address.host.back() != ']') {
         const auto port = decimal(address.host.substr(colon + 1));
         if (!port || *port < 1 || *port > highestPort)
             return {};
         address.port = static_cast<int>(*port);
         address.host.resize(colon);
     }
+    if (address.host.size() > 1 && address.host.front() == '[' && address.host.back() == ']')
+        address.host = address.host.substr(1, address.host.size() - 2);
     return address.host.empty() ? std::nullopt : std::make_optional(address);
 }
 

@@ -16,11 +16,13 @@ using NameCall = int (*)(int, sockaddr*, socklen_t*);
 /// The port of one end, 0 when the descriptor is no connected socket of the internet's.
 int portOf(int descriptor, NameCall nameOf)
 {
-    sockaddr_in address{};
+    sockaddr_storage address{};
     socklen_t size = sizeof address;
-    if (nameOf(descriptor, reinterpret_cast<sockaddr*>(&address), &size) != 0 || address.sin_family != AF_INET)
+    if (nameOf(descriptor, reinterpret_cast<sockaddr*>(&address), &size) != 0)
         return 0;
-    return ntohs(address.sin_port);
+    if (address.ss_family == AF_INET6)
+        return ntohs(reinterpret_cast<const sockaddr_in6*>(&address)->sin6_port);
+    return address.ss_family == AF_INET ? ntohs(reinterpret_cast<const sockaddr_in*>(&address)->sin_port) : 0;
 }
 
 int peerPort(int descriptor) { return portOf(descriptor, getpeername); }

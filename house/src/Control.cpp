@@ -90,8 +90,8 @@ ControlAnswer setConfig(House& house, const json& order)
         for (json* place : placesOf(house, setting))
             *place = value;
     if (order.value("usedRoomMod", 0) == 1)
-        for (const Room& room : house.state.rooms)
-            furnishRoomCard(house.state, room);
+        for (Room& room : house.state.rooms)
+            furnishRoomCard(house.state, room, house.clock());
     return answer({{"ok", true}, {"before", before}});
 }
 
@@ -110,6 +110,38 @@ ControlAnswer setMeal(House& house, const json& order)
     return done();
 }
 
+/// The books: every line that is still to be paid, in the order of entry; of the card or room of this number,
+/// where one is given.
+ControlAnswer orders(House& house, const json& order)
+{
+    const std::string guest = order.value("guest", "");
+    json list = json::array();
+    for (const Order& line : house.state.orders) {
+        const std::string account =
+            line.cardId.empty() ? house.state.roomCode(line.roomId) : house.state.cardNumber(line.cardId);
+        if (!isOpen(line) || (!guest.empty() && guest != account))
+            continue;
+        const Staff* person = house.seed.staffById(line.staffId);
+        const Staff* pusher = house.seed.staffById(line.pushId);
+        list.push_back({{"id", line.id},
+                        {"guest", account},
+                        {"isRoom", line.cardId.empty()},
+                        {"item", line.itemId},
+                        {"num", line.num},
+                        {"price", line.price},
+                        {"status", static_cast<int>(line.status)},
+                        {"area", line.areaId},
+                        {"staff", person ? person->code : ""},
+                        {"pusher", pusher ? pusher->code : ""},
+                        {"clockKind", line.clockKind},
+                        {"isOvertime", line.isOvertime},
+                        {"remark", line.remark},
+                        {"tastes", line.tasteIds},
+                        {"desk", line.deskNo}});
+    }
+    return answer(list);
+}
+
 ControlAnswer stats(House& house, const json&) { return answer(house.journal.stats()); }
 
 ControlAnswer requests(House& house, const json& order)
@@ -124,7 +156,7 @@ struct ControlPath
     ControlAnswer (*serve)(House&, const json& order);
 };
 
-constexpr std::array<ControlPath, 10> controlPaths{{
+constexpr std::array<ControlPath, 11> controlPaths{{
     {"POST", "/_control/fault", setFault},
     {"POST", "/_control/answer", setAnswer},
     {"POST", "/_control/clear", clear},
@@ -133,6 +165,7 @@ constexpr std::array<ControlPath, 10> controlPaths{{
     {"POST", "/_control/others", setOthers},
     {"POST", "/_control/config", setConfig},
     {"POST", "/_control/meal", setMeal},
+    {"GET", "/_control/orders", orders},
     {"GET", "/_control/stats", stats},
     {"GET", "/_control/requests", requests},
 }};

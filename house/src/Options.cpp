@@ -14,12 +14,15 @@ namespace {
 constexpr int usageExitCode = 2;
 constexpr int highestPort = 65535;
 constexpr int mostRooms = 5000;
+constexpr int mostItems = 50000;
 
 constexpr char helpText[] = R"(kv_house --seed FILE [options]
 
   --seed FILE             the house: store, terminals, staff, rights (JSON)
-  --port N                port to listen on, on this machine; 0 picks a free one (0)
+  --host ADDRESS          address to listen on, for terminals on other machines theirs of this one (127.0.0.1)
+  --port N                port to listen on; 0 picks a free one (0)
   --rooms N               number of rooms instead of those of the seed
+  --items N               number of goods, where that is more than those of the seed
   --others N              other terminals change N rooms, orders and services a second, such as 0.2; 0 for none
                           (0). What a caller has named in the last ten minutes they leave alone
   --tls CERT KEY          serve HTTPS with this certificate and key (PEM files)
@@ -73,6 +76,7 @@ std::map<std::string, Reader> readers(Options& options)
     };
     return {
         {"--seed", keep(options.seedFile)},
+        {"--host", keep(options.host)},
         {"--log", keep(options.logFile)},
         {"--url-file", keep(options.urlFile)},
         {"--mqtt-url", keep(options.mqttUrl)},
@@ -80,6 +84,7 @@ std::map<std::string, Reader> readers(Options& options)
         {"--mqtt-pwd", keep(options.mqttPassword)},
         {"--port", [&](const std::string& value) { options.port = readNumber(value, highestPort); }},
         {"--rooms", [&](const std::string& value) { options.rooms = readNumber(value, mostRooms); }},
+        {"--items", [&](const std::string& value) { options.items = readNumber(value, mostItems); }},
         {"--others", [&](const std::string& value) { options.othersPerSecond = readRate(value); }},
         {"--fault", [&](const std::string& value) { options.faults.push_back(readFault(value)); }},
     };

@@ -12,8 +12,10 @@ namespace house {
 struct Options
 {
     std::string seedFile;
-    int port = 0;  ///< 0 picks a free one
-    int rooms = 0; ///< 0 leaves the rooms of the seed
+    std::string host = "127.0.0.1"; ///< address to listen on
+    int port = 0;                   ///< 0 picks a free one
+    int rooms = 0;                  ///< 0 leaves the rooms of the seed
+    int items = 0;                  ///< goods; 0 leaves those of the seed
     std::string certFile;
     std::string keyFile; ///< both empty without TLS
     std::string logFile;

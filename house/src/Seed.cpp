@@ -42,9 +42,11 @@ void readTerminals(Seed& seed)
 
 void readStaff(Seed& seed)
 {
-    std::map<std::string, std::set<std::string>> roles;
-    for (const auto& [name, role] : seed.document.at("roles").items())
+    std::map<std::string, std::set<std::string>> roles, supervised;
+    for (const auto& [name, role] : seed.document.at("roles").items()) {
         roles[name] = rightsOf(role.at("rights").get<std::vector<std::string>>());
+        supervised[name] = rightsOf(role.value("supervised", std::vector<std::string>()));
+    }
     for (const json& row : seed.document.at("staff")) {
         Staff person;
         person.id = row.at("staffId").get<std::string>();
@@ -57,6 +59,7 @@ void readStaff(Seed& seed)
         person.active = row.value("active", true);
         person.areaIds = row.at("areaIds").get<std::vector<std::string>>();
         person.rights = roles.at(person.role);
+        person.supervised = supervised.at(person.role);
         seed.staff.push_back(std::move(person));
     }
 }
@@ -159,7 +162,6 @@ Seed loadSeed(const std::string& path)
         seed.areas.push_back({row.at("areaId").get<std::string>(), row.at("areaName").get<std::string>()});
     readTerminals(seed);
     readStaff(seed);
-    seed.picture = readFile(folder / "picture.png");
     return seed;
 }
 

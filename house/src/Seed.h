@@ -27,7 +27,8 @@ struct Staff
     std::string workerTypes;
     bool active = true;
     std::vector<std::string> areaIds;
-    std::set<std::string> rights; ///< right ids
+    std::set<std::string> rights;     ///< right ids
+    std::set<std::string> supervised; ///< of these those that are used under a supervisor's eyes
 };
 
 struct WorkArea
@@ -46,7 +47,6 @@ struct Seed
     std::vector<Staff> staff;
     std::vector<WorkArea> areas;
     long long tokenLifetimeSeconds = 0;
-    std::string picture; ///< a PNG, for every item
 
     const Terminal* terminalById(const std::string& id) const;
     const Terminal* terminalByAuthCode(const std::string& authCode) const;

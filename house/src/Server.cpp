@@ -2,6 +2,7 @@
 
 #include "src/Connection.h"
 #include "src/Control.h"
+#include "src/Picture.h"
 #include "src/Refusal.h"
 #include "src/Text.h"
 
@@ -97,10 +98,11 @@ std::string Server::bind(const Options& options)
     http->Delete(anyPath, reading);
 
     if (options.port == 0)
-        listeningPort = http->bind_to_any_port(ownHost);
+        listeningPort = http->bind_to_any_port(options.host);
     else
-        listeningPort = http->bind_to_port(ownHost, options.port) ? options.port : -1;
-    return listeningPort > 0 ? std::string() : "cannot listen on port " + std::to_string(options.port);
+        listeningPort = http->bind_to_port(options.host, options.port) ? options.port : -1;
+    return listeningPort > 0 ? std::string()
+                             : "cannot listen on " + options.host + ":" + std::to_string(options.port);
 }
 
 void Server::start()
@@ -134,14 +136,22 @@ void Server::serve(const httplib::Request& request, httplib::Response& response,
 {
     const WireRequest wire = wireRequest(request, reader);
     if (wire.path.compare(0, controlStart.size(), controlStart) == 0) {
-        const ControlAnswer answer = handleControl(house, wire);
-        response.status = answer.status;
-        response.set_content(answer.body, jsonType);
+        serveControl(wire, request.remote_addr, response);
     } else if (wire.method == "GET" && wire.path.compare(0, pictureStart.size(), pictureStart) == 0) {
-        response.set_content(house.seed.picture, "image/png");
+        finish(picture(wire.path), wire, request, response);
     } else {
         finish(decide(wire, headersOf(request)), wire, request, response);
     }
+}
+
+/// Who steers the house sits at its machine, whoever may call it.
+void Server::serveControl(const WireRequest& request, const std::string& peer, httplib::Response& response)
+{
+    ControlAnswer answer{403, "{\"error\":\"the control paths serve this machine only\"}\n"};
+    if (peer.compare(0, 4, "127.") == 0 || peer == "::1" || peer.compare(0, 11, "::ffff:127.") == 0)
+        answer = handleControl(house, request);
+    response.status = answer.status;
+    response.set_content(answer.body, jsonType);
 }
 
 void Server::finish(const Outcome& outcome, const WireRequest& wire, const httplib::Request& request,
@@ -175,12 +185,9 @@ void Server::finish(const Outcome& outcome, const WireRequest& wire, const httpl
     house.nonces.markAnswered(nonceOf(wire));
 }
 
-Server::Outcome Server::decide(const WireRequest& request, Journal::Headers headers)
+Server::Outcome Server::faulty(const std::optional<Fault>& fault)
 {
     using Ending = Outcome::Ending;
-    const std::lock_guard<std::mutex> lock(house.mutex);
-    const std::uint64_t number = house.journal.add(request, std::move(headers));
-    const std::optional<Fault> fault = house.faults.take(request.path);
     const FaultKind kind = fault ? fault->kind : FaultKind::None;
     Outcome outcome;
     if (kind == FaultKind::Http500 || kind == FaultKind::Http500Ok)
@@ -197,8 +204,32 @@ Server::Outcome Server::decide(const WireRequest& request, Journal::Headers head
         outcome.body = "<html>\xff\xfe 502 \x01</html>";
     else if (kind == FaultKind::Http500)
         outcome.body = Reply::refuse("SYS_ERR_0500", "系统繁忙，请稍后再试").text();
-    else if (kind != FaultKind::Drop && kind != FaultKind::Hang)
+    return outcome;
+}
+
+Server::Outcome Server::decide(const WireRequest& request, Journal::Headers headers)
+{
+    const std::lock_guard<std::mutex> lock(house.mutex);
+    const std::uint64_t number = house.journal.add(request, std::move(headers));
+    const std::optional<Fault> fault = house.faults.take(request.path);
+    Outcome outcome = faulty(fault);
+    const FaultKind kind = fault ? fault->kind : FaultKind::None;
+    if (outcome.body.empty() && kind != FaultKind::Drop && kind != FaultKind::Hang)
         execute(request, fault, number, outcome);
+    return outcome;
+}
+
+Server::Outcome Server::picture(const std::string& path)
+{
+    std::unique_lock<std::mutex> lock(house.mutex);
+    Outcome outcome = faulty(house.faults.take(pictureStart));
+    lock.unlock();
+    if (!outcome.body.empty())
+        return outcome;
+    outcome.body = drawnPicture(path);
+    outcome.contentType = "image/png";
+    if (outcome.body.empty())
+        outcome.status = 404;
     return outcome;
 }
 

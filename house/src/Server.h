@@ -18,9 +18,6 @@ class ContentReader;
 
 namespace house {
 
-/// The house listens on this machine alone.
-constexpr char ownHost[] = "127.0.0.1";
-
 /// Carries the house over HTTP: one thread accepts, a pool serves, each connection one request.
 class Server
 {
@@ -47,11 +44,16 @@ private:
         std::string contentType = "application/json;charset=UTF-8";
     };
 
+    void serveControl(const WireRequest& request, const std::string& peer, httplib::Response& response);
     void serve(const httplib::Request& request, httplib::Response& response,
                const httplib::ContentReader* reader);
     void finish(const Outcome& outcome, const WireRequest& wire, const httplib::Request& request,
                 httplib::Response& response);
+    /// Nothing but the fault, if there is one: its body is empty where the answer is still to be made.
+    static Outcome faulty(const std::optional<Fault>& fault);
     Outcome decide(const WireRequest& request, Journal::Headers headers);
+    /// Faults of all pictures are those of the path "/kvupload/"; nothing else is asked of who wants one.
+    Outcome picture(const std::string& path);
     void execute(const WireRequest& request, const std::optional<Fault>& fault, std::uint64_t number,
                  Outcome& outcome);
     /// With `instead` the request is checked and not executed.

@@ -41,6 +41,15 @@ void overrideBroker(nlohmann::json& mqttInfo, const Options& options)
             mqttInfo[field] = value;
 }
 
+/// As terminals are told it: one that listens everywhere is called here.
+std::string urlOf(const Options& options, const std::string& scheme, int port)
+{
+    const bool isEverywhere = options.host == "0.0.0.0" || options.host == "::";
+    const bool isV6 = !isEverywhere && options.host.find(':') != std::string::npos;
+    const std::string host = isEverywhere ? "127.0.0.1" : isV6 ? "[" + options.host + "]" : options.host;
+    return scheme + "://" + host + ":" + std::to_string(port);
+}
+
 /// Whoever waits for the file never sees a part of it.
 bool writeUrlFile(const std::string& path, const std::string& url)
 {
@@ -62,7 +71,7 @@ int run(const Options& options)
     House house;
     house.clock = [] { return static_cast<std::int64_t>(std::time(nullptr)); };
     house.seed = loadSeed(options.seedFile);
-    house.state = furnish(house.seed, options.rooms, house.clock());
+    house.state = furnish(house.seed, options.rooms, house.clock(), options.items);
     overrideBroker(house.seed.document["mqttInfo"], options);
     for (const auto& [path, fault] : options.faults)
         house.faults.set(path, fault, -1);
@@ -79,7 +88,7 @@ int run(const Options& options)
     if (!error.empty())
         return fail(error);
     const std::string scheme = options.certFile.empty() ? "http" : "https";
-    const std::string url = scheme + "://" + ownHost + ":" + std::to_string(server.port());
+    const std::string url = urlOf(options, scheme, server.port());
     house.seed.fillAddress(url, scheme, server.port());
     orderOthers(house, options.othersPerSecond, OthersOrder().seed);
     server.start();

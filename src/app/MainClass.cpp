@@ -19,6 +19,7 @@ namespace {
 /// Shorter sessions are left to run out; the keep-alive of longer ones comes a margin before their end.
 constexpr long keepLoginThresholdSeconds = 900;
 constexpr long keepLoginMarginSeconds = 75;
+constexpr int mostQuestionChars = 2000; ///< parts of it may come from outside
 
 } // namespace
 
@@ -30,6 +31,9 @@ MainClass::MainClass()
     m_keepLoginTimer->setObjectName(QStringLiteral("keepLogin"));
     m_keepLoginTimer->setTimerType(Qt::PreciseTimer);
     connect(m_keepLoginTimer, &QTimer::timeout, this, [this] { m_baa00->keepLogin()->deleteLater(); });
+    connect(m_voice, &Voice::waitingChanged, this, [this] { setVoiceWaiting(m_voice->waiting()); });
+    connect(m_voice, &Voice::faultChanged, this, [this] { setVoiceFault(m_voice->fault()); });
+    setVoiceFault(m_voice->fault());
     initDb();
 }
 
@@ -84,7 +88,7 @@ void MainClass::stopTimer()
 int MainClass::showMsgConfirm(const QString& title, const QString& msg, int limitMs)
 {
     m_msgConfirmResult = -1;
-    Q_EMIT msgConfirmSignal(title, msg, limitMs);
+    Q_EMIT msgConfirmSignal(title, msg.left(mostQuestionChars), limitMs);
     return m_msgConfirmResult;
 }
 

@@ -24,6 +24,8 @@ class MainClass : public QObject, public Singleton<MainClass>
     Q_OBJECT
     PROPERTY(QString, startFailure, setStartFailure, {}) // why the start-up ended, empty while it runs
     PROPERTY(bool, isBrokerAway, setIsBrokerAway, false) // what others change doesn't arrive
+    PROPERTY(int, voiceWaiting, setVoiceWaiting, 0)      // texts that are still to be spoken
+    PROPERTY(QString, voiceFault, setVoiceFault, {})     // why none is heard, empty while they are
 
 public:
     ~MainClass() override;

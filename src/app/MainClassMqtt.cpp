@@ -4,11 +4,11 @@
 #include "app/SysInit.h"
 #include "common/GlobalConfig.h"
 #include "common/MyMessage.h"
+#include "net/BrokerLog.h"
 #include "net/MqttClient.h"
 #include "services/Baa00Service.h"
 #include "services/Reply.h"
 
-#include <QDebug>
 #include <QUuid>
 
 bool MainClass::fetchMqttInfo()
@@ -53,6 +53,6 @@ void MainClass::onMqttMessage(const QString& topic, const QString& msg)
 {
     QString shortTopic = topic;
     shortTopic.remove(m_config->storeId());
-    qDebug().noquote() << shortTopic;
+    qCDebug(brokerLog).noquote() << shortTopic;
     Q_EMIT mqttSignal(shortTopic, msg);
 }

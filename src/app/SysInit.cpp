@@ -10,6 +10,18 @@ namespace {
 
 QString topicPrefix(QString topic) { return topic.remove(QStringLiteral("%s")); }
 
+/// Both, or something else. Between brackets stands an address with colons of its own; it does without a port.
+QStringList hostAndPort(const QString& address)
+{
+    const int end = address.indexOf(QLatin1Char(']'));
+    if (!address.startsWith(QLatin1Char('[')) || end < 0)
+        return address.split(QLatin1Char(':'));
+    const QString port = address.mid(end + 1);
+    if (!port.isEmpty() && !port.startsWith(QLatin1Char(':')))
+        return {};
+    return {address.mid(1, end - 1), port.mid(1)};
+}
+
 void applyTopics(const MqttTopicsDto* topics, GlobalConfig* config)
 {
     config->setMQTT_ROOM_STATUS(topicPrefix(topics->ROOMSTATUS()));
@@ -32,6 +44,9 @@ void applyTerminal(const SysInitDto* sysInit, GlobalConfig* config)
     config->setKvupload(sysInit->kvupload());
 }
 
+/// The page makes an item for each at once; a shop has eight.
+constexpr int mostTiles = 64;
+
 void buildFuncMenu(const QList<ModAuthDto*>& rights, GlobalConfig* config)
 {
     QList<ModAuthDto*> tiles;
@@ -41,7 +56,7 @@ void buildFuncMenu(const QList<ModAuthDto*>& rights, GlobalConfig* config)
             continue;
         if (module.entry == Module::RightedButton)
             config->setIsVisSysConfig(true);
-        else if (module.entry == Module::Tile)
+        else if (module.entry == Module::Tile && tiles.size() < mostTiles)
             tiles.append(right);
     }
     QObject owner;
@@ -60,7 +75,7 @@ void buildFuncMenu(const QList<ModAuthDto*>& rights, GlobalConfig* config)
 
 void applyMqttInfo(const SysMqttInfoDto* info, GlobalConfig* config)
 {
-    const QStringList address = info->hostUrl().remove(QStringLiteral("tcp://")).split(QLatin1Char(':'));
+    const QStringList address = hostAndPort(info->hostUrl().remove(QStringLiteral("tcp://")));
     if (address.size() == 2) {
         config->setMqttUrl(address.at(0));
         bool isNumber = false;

@@ -26,6 +26,7 @@ void Voice::init()
     qDebug() << "STEP 1";
     if (!QTextToSpeech::availableEngines().contains(speechEngineName())) {
         qDebug().noquote() << QStringLiteral("初始化tts失败将无法使用tts");
+        setFault(QStringLiteral("本机没有语音引擎"));
         return;
     }
     qDebug() << "STEP 2";
@@ -39,6 +40,18 @@ void Voice::init()
     applySettings();
     qDebug() << "STEP 8";
     connect(m_timer, &QTimer::timeout, this, &Voice::feed);
+    connect(m_engine, &QTextToSpeech::stateChanged, this, &Voice::updateFault);
+    updateFault();
+}
+
+void Voice::updateFault()
+{
+    if (m_engine->state() == QTextToSpeech::BackendError)
+        setFault(QStringLiteral("语音引擎出错"));
+    else if (m_engine->availableVoices().isEmpty())
+        setFault(QStringLiteral("语音引擎没有发音人"));
+    else
+        setFault({});
 }
 
 void Voice::applySettings()
@@ -65,8 +78,24 @@ void Voice::applySettings()
 
 void Voice::add(const QString& text, int count)
 {
-    QMutexLocker lock(&m_mutex);
-    m_queue.append({count, text});
+    {
+        QMutexLocker lock(&m_mutex);
+        // Without an engine nobody takes them off.
+        if (!m_engine && m_queue.size() > mostWaiting)
+            m_queue.clear();
+        m_queue.append({count, text});
+    }
+    updateWaiting();
+}
+
+void Voice::updateWaiting()
+{
+    int waiting = 0;
+    {
+        QMutexLocker lock(&m_mutex);
+        waiting = m_queue.size();
+    }
+    setWaiting(waiting);
 }
 
 void Voice::silence()
@@ -75,6 +104,7 @@ void Voice::silence()
         QMutexLocker lock(&m_mutex);
         m_queue.clear();
     }
+    updateWaiting();
     if (m_engine)
         m_engine->stop();
 }
@@ -91,6 +121,7 @@ void Voice::feed()
     QString text;
     while (m_engine->state() == QTextToSpeech::Ready && takeNext(text))
         m_engine->say(text);
+    updateWaiting();
     m_timer->start();
 }
 

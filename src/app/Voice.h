@@ -1,5 +1,7 @@
 #pragma once
 
+#include "common/Property.h"
+
 #include <QList>
 #include <QLocale>
 #include <QMutex>
@@ -20,6 +22,8 @@ struct tts_data
 class Voice : public QObject
 {
     Q_OBJECT
+    PROPERTY(int, waiting, setWaiting, 0) // texts that aren't wholly handed to the engine yet
+    PROPERTY(QString, fault, setFault, QStringLiteral("语音播报未开启")) // why nothing is heard; empty: it is
 
 public:
     explicit Voice(QObject* parent = nullptr);
@@ -27,7 +31,7 @@ public:
     /// Makes the engine with the voice of the settings. Run once; without it, or on a machine without an
     /// engine, texts wait in silence.
     void init();
-    /// Any thread. A count of 0 or less says nothing.
+    /// A count of 0 or less says nothing.
     void add(const QString& text, int count);
     /// Forgets what waits and breaks off what is being said.
     void silence();
@@ -37,6 +41,8 @@ public:
 
 private:
     void applySettings();
+    void updateFault();
+    void updateWaiting();
     void feed();
     bool takeNext(QString& text);
 

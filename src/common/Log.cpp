@@ -8,11 +8,14 @@
 namespace {
 
 constexpr int drainLimitMs = 1000;
+constexpr char brokerCategory[] = "broker"; ///< of whatever a broker can cause to be logged
 
 void logerOutput(QtMsgType type, const QMessageLogContext& context, const QString& msg)
 {
-    Q_UNUSED(context)
-    LoggerThread::getInstance()->log(msg);
+    if (qstrcmp(context.category, brokerCategory) == 0)
+        LoggerThread::getInstance()->logCounted(msg);
+    else
+        LoggerThread::getInstance()->log(msg);
     if (type != QtFatalMsg)
         return;
     // The program is gone when this returns; its cause mustn't be.

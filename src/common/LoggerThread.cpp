@@ -10,6 +10,14 @@
 #include <atomic>
 #include <cstdio>
 
+namespace {
+
+constexpr int mostCounted = 16; ///< different lines at a time
+constexpr int mostCountedChars = 1000;
+constexpr int mostLineChars = 256 * 1024; ///< more than a reply that is cut, and what was asked
+
+} // namespace
+
 LoggerThread* LoggerThread::getInstance()
 {
     static QMutex mutex;
@@ -41,14 +49,54 @@ LoggerThread::~LoggerThread()
 void LoggerThread::log(const QString& line)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
-    m_queue.append(line);
-    m_queuedChars += line.size();
+    append(line);
+}
+
+void LoggerThread::logCounted(const QString& line)
+{
+    const QString shown = line.left(mostCountedChars);
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_counted.isEmpty())
+        m_counting.start();
+    for (Counted& known : m_counted) {
+        if (known.line == shown) {
+            ++known.more;
+            return;
+        }
+    }
+    if (m_counted.size() == mostCounted) {
+        ++m_otherCounted;
+        return;
+    }
+    m_counted.append({shown, 0});
+    append(shown);
+}
+
+void LoggerThread::tellCounts()
+{
+    for (const Counted& counted : qAsConst(m_counted)) {
+        if (counted.more > 0)
+            append(QStringLiteral("%1: %2 times more").arg(counted.line).arg(counted.more));
+    }
+    if (m_otherCounted > 0)
+        append(QStringLiteral("#LogerThread# %1 other lines like these").arg(m_otherCounted));
+    m_counted.clear();
+    m_otherCounted = 0;
+}
+
+void LoggerThread::append(const QString& line)
+{
+    m_queue.append(line.size() <= mostLineChars
+                       ? line
+                       : line.left(mostLineChars) + QStringLiteral("… (%1 characters)").arg(line.size()));
+    m_queuedChars += m_queue.last().size();
     dropOverflow();
 }
 
 void LoggerThread::drain(int timeoutMs)
 {
     std::unique_lock<std::mutex> lock(m_mutex);
+    tellCounts();
     m_isHurried = true;
     m_wake.notify_all();
     m_drained.wait_for(lock, std::chrono::milliseconds(timeoutMs),
@@ -115,7 +163,6 @@ bool LoggerThread::openFile(QFile& file)
         pause(m_limits.failedOpenPauseMs);
         return false;
     }
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     return true;
 }
 
@@ -135,6 +182,8 @@ void LoggerThread::writeQueue(QFile& file)
     qint64 dropped = 0;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_counted.size() > 0 && m_counting.hasExpired(m_limits.countedMs))
+            tellCounts();
         dropped = m_dropped;
     }
     if (dropped > 0) {

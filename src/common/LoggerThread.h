@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QList>
 #include <QString>
 #include <QThread>
+#include <QVector>
 
 #include <condition_variable>
 #include <mutex>
@@ -28,6 +30,7 @@ public:
         qint64 queuedChars = 4000000; ///< their characters at most, for whole replies are logged
         int pauseMs = 500;            ///< after each round
         int failedOpenPauseMs = 1000; ///< after a file that couldn't be opened
+        int countedMs = 10000;        ///< for which lines that come again are only counted
     };
 
     /// The process's writer, into the folder "log" beside the program; made on first use.
@@ -38,8 +41,12 @@ public:
     /// Ends the thread; lines still waiting are not written.
     ~LoggerThread() override;
 
-    /// Appends a line. Any thread.
+    /// Appends a line; of one over 256 Ki characters its beginning and its length. Any thread.
     void log(const QString& line);
+    /// The same for one of those lines that somebody outside may have written without end: it is written when
+    /// it comes first, and after 10 s how many times more it came. Beyond 16 different ones they are only
+    /// counted.
+    void logCounted(const QString& line);
     /// Waits until every line so far is written, but no longer than the time given.
     void drain(int timeoutMs);
 
@@ -54,7 +61,9 @@ private:
     bool writeLine(QFile& file, const QString& line);
     bool takeLine(QString& line);
     void putBack(const QString& line);
+    void append(const QString& line);
     void dropOverflow();
+    void tellCounts();
     void putAside(const QString& name) const;
     QString todaysName() const;
 
@@ -67,7 +76,15 @@ private:
     QList<QString> m_queue;
     qint64 m_queuedChars = 0;
     qint64 m_dropped = 0;
-    bool m_isWriting = false; ///< a line has left the queue and isn't in the file yet
-    bool m_isHurried = false; ///< someone waits for the queue to be empty
+    struct Counted
+    {
+        QString line;
+        qint64 more;
+    };
+    QVector<Counted> m_counted;
+    qint64 m_otherCounted = 0; ///< lines beyond these
+    QElapsedTimer m_counting;  ///< since the first of them
+    bool m_isWriting = false;  ///< a line has left the queue and isn't in the file yet
+    bool m_isHurried = false;  ///< someone waits for the queue to be empty
     std::condition_variable m_drained;
 };

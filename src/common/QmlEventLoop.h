@@ -18,7 +18,7 @@ public:
 
     Q_INVOKABLE void execLoop()
     {
-        const WaitStack::Entry entry(this);
+        const WaitStack::Entry entry(this, WaitStack::Dialog);
         QEventLoop loop;
         connect(this, &QmlEventLoop::finished, &loop, &QEventLoop::quit);
         loop.exec();

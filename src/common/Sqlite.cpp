@@ -1,7 +1,9 @@
 #include "common/Sqlite.h"
 
+#include "common/Clock.h"
 #include "common/MyMessage.h"
 
+#include <QFile>
 #include <QSqlError>
 #include <QSqlQuery>
 
@@ -11,9 +13,25 @@ namespace {
 const char createStatement[] = "CREATE TABLE sys_config (                            id INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL,                             code VARCHAR(128) NOT NULL UNIQUE,                            value VARCHAR(128) NOT NULL DEFAULT(''))";
 // clang-format on
 
+// What SQLite calls the causes that a shop can do something about.
+const QLatin1String readOnlyCode("8");
+const QLatin1String fullDiskCode("13");
+const QLatin1String noDatabaseCode("26");
+
+/// The cause in the user's words where there are some.
+QString causeOf(const QSqlQuery& query)
+{
+    const QString code = query.lastError().nativeErrorCode();
+    if (code == readOnlyCode)
+        return QStringLiteral("设置文件为只读");
+    if (code == fullDiskCode)
+        return QStringLiteral("磁盘已满");
+    return query.lastError().text();
+}
+
 QString deleteFailed(const QSqlQuery& query)
 {
-    return QStringLiteral("delete数据库出错[%1]").arg(query.lastError().text());
+    return QStringLiteral("delete数据库出错[%1]").arg(causeOf(query));
 }
 
 } // namespace
@@ -45,8 +63,21 @@ bool Sqlite::createTable()
     QSqlQuery query(m_database);
     if (query.prepare(QString::fromLatin1(createStatement)) && query.exec())
         return true;
-    m_message->ShowError(QStringLiteral("创建数据库表失败[%1]").arg(query.lastError().text()));
+    if (query.lastError().nativeErrorCode() == noDatabaseCode && setAside())
+        return createTable();
+    m_message->ShowError(QStringLiteral("创建数据库表失败[%1]").arg(causeOf(query)));
     return false;
+}
+
+/// True when the file stands under another name now and an empty one is open in its place.
+bool Sqlite::setAside()
+{
+    if (!m_asideName.isEmpty())
+        return false;
+    const QString name = m_database.databaseName();
+    m_database.close();
+    m_asideName = QStringLiteral("%1.%2").arg(name, Clock::now().toString(QStringLiteral("yyyyMMdd-hhmmss")));
+    return QFile::rename(name, m_asideName) && m_database.open();
 }
 
 QString Sqlite::query(const QString& code)

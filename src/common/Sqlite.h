@@ -16,8 +16,11 @@ public:
 
     bool open();
     void close();
-    /// True when the table is there or could be made.
+    /// True when the table is there or could be made. A file that is no database is set aside under another
+    /// name, and a new one takes its place; asideName() tells then.
     bool createTable();
+    /// Where createTable() has put the file that was no database; empty when it was one.
+    QString asideName() const { return m_asideName; }
     /// The value under the key, empty when there is none.
     QString query(const QString& code);
     /// Puts a row in place of the key's old one; false when it isn't there afterwards.
@@ -30,6 +33,9 @@ public:
     void rollback() { m_database.rollback(); }
 
 private:
+    bool setAside();
+
     MyMessage* m_message;
+    QString m_asideName;
     QSqlDatabase m_database;
 };

@@ -1,6 +1,14 @@
 #include "devices/ReaderStacks.h"
 
 #include "common/BaseObject.h"
+#include "common/Clock.h"
+
+namespace {
+
+/// Readers repeat what lies on them faster than that, and nobody lifts a card and presents it again within it.
+constexpr qint64 stayMs = 1000;
+
+} // namespace
 
 void ReaderStacks::push(Reader reader, BaseObject* listener)
 {
@@ -25,10 +33,25 @@ void ReaderStacks::deliver(Reader reader, const QString& text)
         if (!stack.isEmpty())
             top = stack.last();
     }
-    if (!top)
+    if (isTakenByAnother(reader, text, top) || !top)
         return;
     if (reader == Staff)
         top->readingExec(text);
     else
         top->readingHandExec(text);
+}
+
+/// Whether the card still lies there since another listener took it; if not, this one has it now.
+bool ReaderStacks::isTakenByAnother(Reader reader, const QString& text, BaseObject* listener)
+{
+    Card& card = m_cards[reader];
+    const qint64 now = Clock::nowMs();
+    if (card.text != text || qAbs(now - card.toldAtMs) >= stayMs)
+        card = Card{text, now, false, nullptr};
+    card.toldAtMs = now;
+    if (card.isTaken && card.taker != listener)
+        return true;
+    card.isTaken = listener != nullptr;
+    card.taker = listener;
+    return false;
 }

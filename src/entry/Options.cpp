@@ -16,6 +16,7 @@ QString helpText()
         "  --selftest       opens every page and dialog once, prints what failed, ends with 0 or 1\n"
         "  --staff NUMBER   logs this member of staff in for the self-test; the password is in "
         "KV_PANEL_PASSWORD\n"
+        "  --strict         the self-test also fails what can't be read or hit: texts, contrasts, targets\n"
         "  --pictures DIR   saves what the self-test sees; needs a screen\n"
         "  --version        prints the version\n"
         "  --help           prints this\n");
@@ -34,6 +35,8 @@ Options Options::parse(const QStringList& arguments)
             options.placesSocket = arguments.at(++i);
         } else if (argument == QLatin1String("--selftest")) {
             options.isSelfTest = true;
+        } else if (argument == QLatin1String("--strict")) {
+            options.isStrict = true;
         } else if (argument == QLatin1String("--staff") && i + 1 < arguments.size()) {
             options.staffNo = arguments.at(++i);
         } else if (argument == QLatin1String("--pictures") && i + 1 < arguments.size()) {

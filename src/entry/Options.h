@@ -8,6 +8,7 @@ struct Options
 {
     bool isWindowed = false; ///< a plain window in place of the whole screen
     bool isSelfTest = false; ///< every page and dialog is opened once, then the program ends
+    bool isStrict = false;   ///< the self-test looks for what can't be read or hit, too
     QString staffNo;         ///< who logs in for the self-test; empty for nobody
     QString pictureFolder;   ///< of the self-test; empty for none
     QString placesSocket;    ///< where the items' places are told; empty for nowhere

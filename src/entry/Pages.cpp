@@ -7,11 +7,15 @@
 #include "common/Modules.h"
 #include "common/MyMessage.h"
 #include "common/QmlEventLoop.h"
+#include "entry/PictureGuard.h"
 #include "vm/dialogs/DialogsRegister.h"
 #include "vm/mainpage/Fps.h"
 #include "vm/module1/Module1Register.h"
 #include "vm/module2/Module2Register.h"
+#include "vm/module3/Module3Register.h"
+#include "vm/module4/Module4Register.h"
 #include "vm/module5/Module5Register.h"
+#include "vm/module6/Module6Register.h"
 #include "vm/module7/Module7Register.h"
 #include "vm/module8/Module8Register.h"
 #include "vm/module9/Module9Register.h"
@@ -59,7 +63,10 @@ void registerTypes()
     DialogsRegister::getInstance()->init();
     Module1Register().init();
     Module2Register().init();
+    Module3Register().init();
+    Module4Register().init();
     Module5Register().init();
+    Module6Register().init();
     Module7Register().init();
     Module8Register().init();
     Module9Register().init();
@@ -76,6 +83,8 @@ void loadFonts(QQmlEngine& engine, const QString& directory)
 void loadPages(QQmlApplicationEngine& engine, const QString& directory)
 {
     TapWatch::install();
+    static PictureGuard pictures;
+    pictures.guard(engine);
     loadFonts(engine, directory);
     const QUrl root(QStringLiteral("qrc:/main.qml"));
     QObject::connect(

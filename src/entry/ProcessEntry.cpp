@@ -5,6 +5,7 @@
 #include "common/GlobalConfig.h"
 #include "common/Log.h"
 #include "common/LogFolder.h"
+#include "common/MyMessage.h"
 #include "common/Settings.h"
 #include "common/Sqlite.h"
 #include "entry/Options.h"
@@ -68,12 +69,13 @@ void logTlsVersions()
         qDebug() << "This machine has no TLS library that Qt can use";
 }
 
-bool prepareSettings()
+bool prepareSettings(QString& asideName)
 {
     Sqlite settings;
     if (!settings.open() || !settings.createTable())
         return false;
     settings.close();
+    asideName = settings.asideName();
     return true;
 }
 
@@ -135,7 +137,8 @@ int runTerminal(int& argc, char** argv)
         log.waitUntilReady();
         MainClass::getInstance()->initTts();
     }
-    if (!prepareSettings()) {
+    QString asideName;
+    if (!prepareSettings(asideName)) {
         log.waitUntilReady();
         qDebug() << "STEP 2";
         QCoreApplication::quit();
@@ -157,14 +160,21 @@ int runTerminal(int& argc, char** argv)
                                      {QStringLiteral("height"), 768}});
     }
     loadPages(engine, directory);
+    if (!asideName.isEmpty()) {
+        tell(QStringLiteral("the settings were no database; they are kept as ") + asideName);
+        MyMessage::getInstance()->ShowError(
+            QStringLiteral("设置文件已损坏,已另存为%1,请重新设置本机").arg(asideName));
+    }
     std::unique_ptr<PlaceServer> places;
     if (!options.placesSocket.isEmpty())
         places = std::make_unique<PlaceServer>(options.placesSocket);
     if (places && !places->isOpen())
         tell(QStringLiteral("--places: %1: %2").arg(options.placesSocket, places->error()));
     std::unique_ptr<SelfTest> selfTest;
-    if (options.isSelfTest && !engine.rootObjects().isEmpty())
+    if (options.isSelfTest && !engine.rootObjects().isEmpty()) {
         selfTest = std::make_unique<SelfTest>(engine, options.staffNo,
                                               qEnvironmentVariable("KV_PANEL_PASSWORD"), options.pictureFolder);
+        selfTest->setIsStrict(options.isStrict);
+    }
     return QGuiApplication::exec();
 }

@@ -1,6 +1,7 @@
 #include "inspect/LookRunner.h"
 
 #include "common/MyMessage.h"
+#include "inspect/Legibility.h"
 #include "inspect/ScreenItems.h"
 #include "net/NetServer.h"
 
@@ -11,6 +12,7 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -23,6 +25,15 @@ constexpr int limitTicks = 170000 / tickMs;
 
 /// No call is under way, not even one that lets the user's input through.
 bool isQuiet() { return takesInput() && NetWorkUtls::NetServer::underWay() == 0; }
+
+bool hasModalPopup(const QQuickWindow* window)
+{
+    const QObjectList children = window->findChildren<QObject*>();
+    return std::any_of(children.begin(), children.end(), [](const QObject* child) {
+        return child->inherits("QQuickPopup") && child->property("visible").toBool() &&
+               child->property("modal").toBool();
+    });
+}
 
 } // namespace
 
@@ -112,6 +123,8 @@ void LookRunner::end(QObject* seen)
     ++m_looked;
     if (seen && look.isPictured && !m_pictureFolder.isEmpty() && !isPictureSaved(look.name))
         m_complaints.append(QStringLiteral("its picture can't be saved"));
+    if (seen && look.isPictured && m_isStrict)
+        readThrough(seen);
     m_failed += m_complaints.isEmpty() ? 0 : 1;
     QStringList said = m_complaints + m_remarks;
     said.removeDuplicates();
@@ -134,6 +147,18 @@ void LookRunner::closeUninvited()
         m_complaints.append(QStringLiteral("it asked for a user, by %1").arg(QLatin1String(name)));
         QMetaObject::invokeMethod(dialog, "finish", Q_ARG(QVariant, false));
     }
+}
+
+void LookRunner::readThrough(QObject* seen)
+{
+    auto* page = qobject_cast<QQuickItem*>(seen);
+    if (auto* window = qobject_cast<QQuickWindow*>(seen))
+        page = window->contentItem();
+    else if (!page) // a popup, with all its parts
+        page = seen->property("contentItem").value<QQuickItem*>()->parentItem();
+    // What stands behind a dialog is shaded.
+    if (page && page->window() && (page != seen || !hasModalPopup(page->window())))
+        m_complaints += Legibility::faults(Legibility::wholeItems(page), page->window()->grabWindow());
 }
 
 /// The root window with whatever windows stand above it.

@@ -40,6 +40,8 @@ public:
     /// Whether an error that the user is shown counts as a failure; else it only stands in the line. True at
     /// first.
     void setCountsMessages(bool counts) { m_countsMessages = counts; }
+    /// Whether what can't be read or hit counts as a failure. False at first.
+    void setIsStrict(bool isStrict) { m_isStrict = isStrict; }
     /// What counts against what is being looked at.
     void complain(const QString& complaint) { m_complaints.append(complaint); }
     /// What is worth a line, but no failure.
@@ -56,6 +58,7 @@ private:
     void end(QObject* seen);
     void closeUninvited();
     bool isPictureSaved(const QString& name) const;
+    void readThrough(QObject* seen);
 
     const QString m_pictureFolder;
     QTimer m_timer;
@@ -66,6 +69,7 @@ private:
     int m_stillTicks = 0;   ///< that it was there, with nothing asked of the back end
     int m_missingTicks = 0; ///< that it wasn't there, with nothing asked either
     bool m_countsMessages = true;
+    bool m_isStrict = false;
     QStringList m_complaints; ///< since it began
     QStringList m_remarks;    ///< what was said, but doesn't count
     int m_looked = 0;

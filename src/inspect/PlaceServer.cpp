@@ -1,6 +1,7 @@
 #include "inspect/PlaceServer.h"
 
 #include "inspect/ScreenItems.h"
+#include "vm/shared/TapWatch.h"
 
 #include <QLocalSocket>
 #include <QQuickItem>
@@ -10,7 +11,7 @@ namespace {
 
 QByteArray placeOf(const QString& name)
 {
-    if (!takesInput())
+    if (!takesInput() || TapWatch::isPressStray())
         return "...";
     const QQuickItem* item = findPageItem(name);
     if (!item || !item->isEnabled() || !item->window()->isExposed())

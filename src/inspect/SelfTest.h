@@ -24,6 +24,8 @@ public:
     /// empty. The staff number may be empty. The engine must have its root page and live longer.
     SelfTest(QQmlApplicationEngine& engine, const QString& staffNo, const QString& password,
              const QString& pictureFolder, QObject* parent = nullptr);
+    /// What can't be read or hit counts as a failure, too.
+    void setIsStrict(bool isStrict) { m_runner.setIsStrict(isStrict); }
     ~SelfTest() override;
 
     // For the folders of pages.

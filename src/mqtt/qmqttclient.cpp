@@ -2,8 +2,8 @@
 
 #include "mqtt/HostLookup.h"
 
-#include <QDebug>
 #include <QHostAddress>
+#include <QLoggingCategory>
 #include <QPointer>
 #include <QSocketNotifier>
 
@@ -15,6 +15,7 @@ constexpr int upkeepMs = 1000;
 constexpr int attemptLimitMs = 20000;
 constexpr int lookupPollMs = 20;
 constexpr int packetsAtOnce = 1;
+constexpr int mostPayloadBytes = 64 * 1024; // of what is only a doorbell
 constexpr int subscriptionRefused = 0x80;
 
 struct MosquittoLibrary
@@ -25,7 +26,9 @@ struct MosquittoLibrary
 
 void logRefused(const QString& topic, const char* cause)
 {
-    qCritical().noquote() << QStringLiteral("mqtt topic \"%1\" isn't subscribed: %2").arg(topic, cause);
+    static const QLoggingCategory brokerLog("broker"); // as that of the channel that uses this
+    qCCritical(brokerLog).noquote()
+        << QStringLiteral("mqtt topic \"%1\" isn't subscribed: %2").arg(topic, cause);
 }
 
 } // namespace
@@ -246,7 +249,7 @@ void QMqttClient::onConnect(mosquitto*, void* client, int code)
 void QMqttClient::onMessage(mosquitto*, void* client, const mosquitto_message* message)
 {
     static_cast<QMqttClient*>(client)->m_messages.push_back(
-        {QByteArray(static_cast<const char*>(message->payload), message->payloadlen),
+        {QByteArray(static_cast<const char*>(message->payload), qMin(message->payloadlen, mostPayloadBytes)),
          QString::fromUtf8(message->topic)});
 }
 

@@ -54,6 +54,7 @@ Q_SIGNALS:
     void connected();
     /// Also the end of an attempt that failed.
     void disconnected();
+    /// Of a payload over 64 KiB its beginning.
     void messageReceived(const QByteArray& message, const QMqttTopicName& topic);
 
 private:

@@ -10,16 +10,16 @@ constexpr int mostBytes = 64 * 1024;
 
 QString masked(const QString& text)
 {
-    // A value may be cut off at the end of the text.
+    // A value may be cut off at the end of the text, and as long as that: nothing here tries a part twice.
     static const QRegularExpression inJson(
         QStringLiteral(
-            R"re(("(?:secretKey|token|secret|pwd|passwd|password|staffPwd)"\s*:\s*")((?:[^"\\]|\\.)*)("|$))re"),
+            R"re(("(?:secretKey|token|secret|\w*(?:pwd|passwd|password))"\s*:\s*)(?:"[^"\\]*+(?:\\.[^"\\]*+)*+(?:"|\\?$)|[^\s"\[{,}\]]++))re"),
         QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
     static const QRegularExpression inQuery(
-        QStringLiteral("([?&](?:secretKey|token|secret|pwd|password)=)[^&\\s]*"),
+        QStringLiteral(R"re(([?&](?:secretKey|token|secret|\w*(?:pwd|passwd|password))=)[^&\s]*+)re"),
         QRegularExpression::CaseInsensitiveOption);
     QString result = text;
-    result.replace(inJson, QStringLiteral("\\1***\\3"));
+    result.replace(inJson, QStringLiteral("\\1\"***\""));
     result.replace(inQuery, QStringLiteral("\\1***"));
     return result;
 }

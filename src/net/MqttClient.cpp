@@ -1,11 +1,13 @@
 #include "net/MqttClient.h"
 
+#include "net/BrokerLog.h"
+
 #include <qmqttclient.h>
 #include <qmqtttopicname.h>
 
-#include <QDebug>
-
 #include <limits>
+
+Q_LOGGING_CATEGORY(brokerLog, "broker")
 
 namespace {
 
@@ -72,7 +74,7 @@ void MqttClient::setTopic(const QList<QString>& topics)
 void MqttClient::onConnected()
 {
     subscribe();
-    qDebug().noquote() << QStringLiteral("mqtt connected");
+    qCDebug(brokerLog).noquote() << QStringLiteral("mqtt connected");
     Q_EMIT connected();
 }
 
@@ -103,7 +105,7 @@ void MqttClient::subscribe()
             m_client->subscribe(topic, 0);
             m_subscribedTopics.append(topic);
         } else {
-            qCritical().noquote() << QStringLiteral("\"%1\" is no mqtt topic").arg(topic);
+            qCCritical(brokerLog).noquote() << QStringLiteral("\"%1\" is no mqtt topic").arg(topic);
         }
     }
     if (isWaiting && m_client->state() == QMqttClient::Disconnected)
@@ -116,5 +118,6 @@ void MqttClient::reconnect()
     m_client->connectToHost();
     if (m_delayMs < maxDelayMs)
         m_delayMs += delayStepMs;
-    qDebug().noquote() << QStringLiteral("reconnect times: %1").arg((m_delayMs - firstDelayMs) / delayStepMs);
+    qCDebug(brokerLog).noquote()
+        << QStringLiteral("reconnect times: %1").arg((m_delayMs - firstDelayMs) / delayStepMs);
 }

@@ -23,6 +23,7 @@ namespace {
 
 constexpr int lineFetchTimeoutSeconds = 3;
 constexpr int lineTestTimeoutSeconds = 2;
+constexpr int mostMsgChars = 1000; ///< nobody reads more, and laying it out would hold the screen
 
 /// Cut, not rounded; what an int can't hold becomes the nearest one that it can.
 int wholePart(double number)
@@ -40,7 +41,7 @@ void fillReply(ApiRes* reply, const QByteArray& body, const QMetaObject* meta)
     if (envelope.contains(QStringLiteral("code")))
         reply->setCode(envelope.value(QStringLiteral("code")).toString());
     if (envelope.contains(QStringLiteral("msg")))
-        reply->setMsg(envelope.value(QStringLiteral("msg")).toString());
+        reply->setMsg(envelope.value(QStringLiteral("msg")).toString().left(mostMsgChars));
 }
 
 /// A POST's nonce was fixed before it began; it leaves its place at once, so that a call that starts during

@@ -1,6 +1,7 @@
 #include "net/libcurl.h"
 
 #include "common/GlobalConfig.h"
+#include "common/WebAddress.h"
 #include "platform/CurlLibrary.h"
 
 #include <QMutexLocker>
@@ -74,6 +75,9 @@ void libcurl::api(const QString& url, const QMap<QString, QString>& headers, Net
 
 void libcurl::run()
 {
+    // The library would open files, too, and wait for one without end.
+    if (!isWebAddress(m_url))
+        return;
     const CurlLibrary& curl = GlobalConfig::getInstance()->curl();
     const QByteArray body = m_data.toUtf8();
     const QByteArray url = m_url.toUtf8();

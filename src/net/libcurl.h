@@ -12,9 +12,8 @@ class CurlLibrary;
 /// destroyed.
 ///
 /// A GET that fails is tried five times, a second apart; a POST is performed once and never again, by a handle
-/// of its own, so that nothing is executed twice. A reply over
-/// 32 MiB is a failure, and is asked for once. An interruption request ends the exchange within about a
-/// second.
+/// of its own, so that nothing is executed twice. A reply over 32 MiB is a failure, and is asked for once; so
+/// is an address that isn't of the web. An interruption request ends the exchange within about a second.
 class libcurl : public QThread
 {
     Q_OBJECT

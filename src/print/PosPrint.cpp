@@ -148,7 +148,9 @@ void PosPrint::tellFailure(int kind, const QVariant& data, const QString& addres
     QTimer::singleShot(0, this, [=] {
         const QString failure = QStringLiteral("打印失败,未正确连接打印机");
         const QString slip = slipName(kind);
-        m_message->showErrorWithReprint(slip.isEmpty() ? failure : slip + failure,
+        const QString printer = port.isEmpty() ? m_settings.printerName : address;
+        const QString named = printer.isEmpty() ? failure : failure + QStringLiteral("：") + printer;
+        m_message->showErrorWithReprint(slip.isEmpty() ? failure : slip + named,
                                         [=] { print(kind, data, address, port); });
     });
 }

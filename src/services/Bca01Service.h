@@ -19,6 +19,8 @@ class Bca01Service : public Service, public Singleton<Bca01Service>
 public:
     GetTypeList* getItemTypeList(Fields data) { return get("/getTypeList", data); }
     GetItemList* getItemList(Fields data) { return get("/getItemList", data); }
+    /// The same for a search, during which the user types on.
+    GetItemList* searchItems(Fields data) { return get("/getItemList", data).withInput(); }
     GetTagList* getTagList(Fields data) { return get("/getTagList", data); }
     GetCardOrderInfo* getCardOrderInfo(Fields data) { return get("/getCardOrderInfo", data); }
     BatchUpdateOrder* batchUpdateOrder(Fields data) { return post("/batchUpdateOrder", data); }

@@ -21,14 +21,22 @@ protected:
     {
     public:
         explicit Call(BaseRequest request) : m_request(std::move(request)) {}
+        /// What the user does while the call is waited for isn't dropped.
+        Call withInput() const
+        {
+            Call open(m_request);
+            open.m_takesInput = true;
+            return open;
+        }
         template <typename T>
         operator T*() const
         {
-            return NetWorkUtls::NetServer(false, nullptr).api<T>(m_request);
+            return NetWorkUtls::NetServer(m_takesInput, nullptr).api<T>(m_request);
         }
 
     private:
         const BaseRequest m_request;
+        bool m_takesInput = false;
     };
 
     explicit Service(const QString& prefix) : m_prefix(prefix) {}

@@ -74,6 +74,13 @@ void HouseProcess::answer(const QString& path, const QJsonValue& answer, int cou
     control(QStringLiteral("answer"), body);
 }
 
+void HouseProcess::config(const QJsonObject& settings) { control(QStringLiteral("config"), settings); }
+
+QJsonArray HouseProcess::books(const QString& guest)
+{
+    return QJsonDocument::fromJson(control(QStringLiteral("orders?guest=") + guest)).array();
+}
+
 void HouseProcess::reset() { control(QStringLiteral("reset"), {}); }
 
 QJsonArray HouseProcess::requests(const QString& path)

@@ -25,6 +25,10 @@ public:
     /// One of the house's other orders, such as "meal".
     void order(const QString& what, const QJsonObject& order) { control(what, order); }
     void answer(const QString& path, const QJsonValue& body, int count = -1);
+    /// Settings of the store or the terminals: the house follows them at once, a terminal at its next start.
+    void config(const QJsonObject& settings);
+    /// What stands in the books of the card or room of this number, still to be paid.
+    QJsonArray books(const QString& guest);
     /// Forgets faults, answers and requests.
     void reset();
     /// The last requests on the path, the oldest first.

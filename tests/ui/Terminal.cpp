@@ -7,6 +7,7 @@
 #include "inspect/ScreenItems.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
 #include <QGuiApplication>
@@ -55,7 +56,7 @@ QString unlike(const QJsonObject& answer, const QString& expectedJson)
     return found.isEmpty() ? QString() : QJsonDocument(found).toJson(QJsonDocument::Compact);
 }
 
-Terminal::Terminal()
+Terminal::Terminal(const std::function<void(HouseProcess&)>& spoil)
 {
     QDir::setCurrent(m_folder.path());
     qputenv("XDG_CONFIG_HOME", m_folder.path().toUtf8());
@@ -77,6 +78,8 @@ Terminal::Terminal()
         [this](const QString& text, const QString& type) { m_messages.append(type + "|" + text); });
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { tick(); });
 
+    if (spoil)
+        spoil(m_house);
     registerSingletons();
     registerTypes();
     m_engine.reset(new QQmlApplicationEngine);
@@ -103,6 +106,8 @@ Terminal::Terminal()
                  "}\n",
                  QUrl(QStringLiteral("qrc:/TestPage.qml")));
     m_page.reset(page.create(qmlContext(m_engine->rootObjects().first())));
+    if (spoil)
+        return;
     until("the main page", [config] { return config->iSysStatus() == 2; }).walk("+mainPage").run();
 }
 
@@ -168,7 +173,11 @@ Terminal& Terminal::walkWord(const QString& word)
     case '?':
         return add(word, [=] { return this->property(name, property.constData()).toString() == value; });
     case '~':
-        return act([rest] { QTest::qWait(rest.toInt()); });
+        return add(word, [since = QElapsedTimer(), ms = rest.toInt()]() mutable {
+            if (!since.isValid())
+                since.start(); // what opens meanwhile has an event loop of its own
+            return since.hasExpired(ms);
+        });
     case '!':
         return add(word, [=] {
             QQuickItem* found = item(name);
@@ -182,6 +191,25 @@ Terminal& Terminal::walkWord(const QString& word)
 Terminal& Terminal::tap(const QString& name)
 {
     return add("tap " + name, [this, name] { return tapNow(name); });
+}
+
+Terminal& Terminal::drag(const QString& name, const QPoint& by)
+{
+    return add("drag " + name, [=] {
+        QQuickItem* target = readyItem(name);
+        if (!target)
+            return false;
+        constexpr int moves = 8;
+        QWindow* window = target->window();
+        const QPoint start = m_targetPlace.center().toPoint();
+        QTest::mousePress(window, Qt::LeftButton, {}, start);
+        for (int move = 1; move <= moves; ++move) {
+            QTest::mouseMove(window, start + by * move / moves);
+            QTest::qWait(5);
+        }
+        QTest::mouseRelease(window, Qt::LeftButton, {}, start + by);
+        return true;
+    });
 }
 
 bool Terminal::hear(const QString& message)
@@ -267,8 +295,8 @@ Terminal& Terminal::picture(const QString& name)
         return *this;
     add("settle", [settled = 0]() mutable { return ++settled > 40; });
     return add("picture " + name, [folder, name] {
-        return QProcess::execute(QStringLiteral("import"), {"-window", "root", "+dither", "-colors", "255",
-                                                            "PNG8:" + folder + "/" + name + ".png"}) == 0;
+        return QProcess::execute(QStringLiteral("import"),
+                                 {"-window", "root", "-strip", "PNG24:" + folder + "/" + name + ".png"}) == 0;
     });
 }
 
@@ -287,13 +315,22 @@ bool Terminal::isSettled(QQuickItem* target)
     return m_settledTicks >= settledTicks;
 }
 
-bool Terminal::tapNow(const QString& name)
+/// What a person would touch now.
+QQuickItem* Terminal::readyItem(const QString& name)
 {
     QQuickItem* target = item(name);
     if (!target || !target->isEnabled() || !target->window()->isExposed() || !takesInput() ||
         !isSettled(target))
-        return false;
+        return nullptr;
     m_target = nullptr;
+    return target;
+}
+
+bool Terminal::tapNow(const QString& name)
+{
+    QQuickItem* target = readyItem(name);
+    if (!target)
+        return false;
     QTest::mouseClick(target->window(), Qt::LeftButton, {}, m_targetPlace.center().toPoint());
     return true;
 }

@@ -33,8 +33,9 @@ QString unlike(const QJsonObject& answer, const QString& expectedJson);
 class Terminal
 {
 public:
-    /// Starts the house and the pages and waits for the main page; isUp() tells whether it came.
-    Terminal();
+    /// Starts the house and the pages and waits for the main page; isUp() tells whether it came. A house that is
+    /// spoilt before the pages begin is not waited for.
+    explicit Terminal(const std::function<void(HouseProcess&)>& spoil = {});
     ~Terminal();
 
     bool isUp() const;
@@ -54,6 +55,8 @@ public:
     /// Taps all of them before any of the taps has had an effect, as a bouncing finger or two hands do. The
     /// same name may stand there twice.
     Terminal& tapTogether(const QStringList& names);
+    /// Slides over the item with the finger down, by so many pixels.
+    Terminal& drag(const QString& name, const QPoint& by);
     /// Taps a module's tile and logs in by number and password.
     Terminal& login(const QString& tile, const QString& number, const QString& password);
     /// Waits until the condition holds.
@@ -94,6 +97,7 @@ private:
     bool hear(const QString& message);
     void tick();
     bool tapNow(const QString& name);
+    QQuickItem* readyItem(const QString& name);
     bool isSettled(QQuickItem* target);
     void closeEverything();
     void connectReader();

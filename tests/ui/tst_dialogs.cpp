@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 #include <QQuickItem>
 #include <QStandardItemModel>
+#include <QTcpServer>
 #include <QtTest>
 
 #include <memory>
@@ -197,13 +198,16 @@ void tst_dialogs::cardGoesToTheTop()
 
 void tst_dialogs::questionOfAViewModel()
 {
+    QTcpServer server; // where a picture in the text would come from
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    const QString text =
+        QStringLiteral("<b>确定</b>吗&amp;<img src='http://127.0.0.1:%1/x.png'>").arg(server.serverPort());
     for (const bool isYes : {true, false}) {
         int answer = -1;
         WALKED(m_terminal
                    ->act([&] {
                        QTimer::singleShot(0, qApp, [&] {
-                           answer = MainClass::getInstance()->showMsgConfirm(QStringLiteral("提示"),
-                                                                             QStringLiteral("<b>确定</b>吗"));
+                           answer = MainClass::getInstance()->showMsgConfirm(QStringLiteral("提示"), text);
                        });
                    })
                    .walk("+msgConfirmDlg")
@@ -211,6 +215,7 @@ void tst_dialogs::questionOfAViewModel()
                    .until("the answer", [&] { return answer != -1; }));
         QCOMPARE(answer, isYes ? 1 : 0);
     }
+    QVERIFY(!server.hasPendingConnections());
 }
 
 void tst_dialogs::messageWindow()

@@ -5,6 +5,7 @@
 
 #include "app/MainClass.h"
 #include "common/GlobalConfig.h"
+#include "common/MyMessage.h"
 #include "services/Bba01Service.h"
 #include "services/Reply.h"
 
@@ -95,6 +96,25 @@ private Q_SLOTS:
         };
         WALKED(m_terminal->open("numKeyDlg", {{"isReadOk", true}}).walk("+numKeyDlg #77").act(hide).returned());
         QCOMPARE(m_terminal->result().toMap().value("dlgResult").toBool(), false);
+    }
+
+    /// A message is tapped away above a dialog that is a window, which stays; the offer of a lost slip is
+    /// taken by a tap, once.
+    void messagesAreTapped()
+    {
+        int printed = 0;
+        const auto lose = [&] {
+            MyMessage::getInstance()->showErrorWithReprint("开房单打印失败", [&] { ++printed; });
+        };
+        WALKED(m_terminal->ask("number", "请输入房间号")
+                   .walk("+numKeyDlg")
+                   .act([] { MyMessage::getInstance()->showError("请求失败"); })
+                   .walk("messageText -messageText +numKeyDlg #7")
+                   .act(lose)
+                   .tapTogether({"reprintButton", "reprintButton"})
+                   .walk("-messageText ?inputLine.text=7 cancelButton -numKeyDlg")
+                   .returned());
+        QCOMPARE(printed, 1);
     }
 
 private:

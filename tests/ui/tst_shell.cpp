@@ -7,6 +7,8 @@
 #include "services/Baa00Service.h"
 #include "services/Reply.h"
 
+#include <QQuickItem>
+#include <QQuickWindow>
 #include <QtTest>
 
 #include <memory>
@@ -29,6 +31,10 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void oneThingAtATime_data();
+    void oneThingAtATime();
+    void brokerAway();
+    void longName();
     void loginByNumber();
     void loginByCard();
     void loginsThatFail_data();
@@ -59,8 +65,45 @@ private:
 
 void tst_shell::initTestCase()
 {
-    m_terminal.reset(new Terminal);
+    // A start that fails can be left by touch, by the line dialog and by another try.
+    m_terminal.reset(new Terminal([](HouseProcess& house) {
+        house.fault(QStringLiteral("/baa00/getSysInitByAuthCode"), "refuse:E", 0, 1);
+    }));
+    WALKED(walk("+retryButton")
+               .picture("start-failed")
+               .walk("linesButton +cloudDlg backButton -cloudDlg +startingText retryButton +mainPage"));
     QVERIFY(m_terminal->isUp());
+    m_terminal->takeMessages();
+}
+
+void tst_shell::oneThingAtATime_data()
+{
+    addRows(R"(
+a tile bounces ; tile_ROOMINFO_CTRL tile_ROOMINFO_CTRL
+two hands ; tile_ROOMINFO_CTRL tile_CONSUME_CTRL
+tile and line block ; tile_ROOMINFO_CTRL vendorBlock
+)");
+}
+
+/// One login, one page, and the way back leads out of it.
+void tst_shell::oneThingAtATime()
+{
+    QFETCH(QStringList, row);
+    WALKED(m_terminal->tapTogether(row.at(1).split(' '))
+               .walk("+loginDlg ~300 #1101 confirmButton #1101 confirmButton +Module1 ~300"));
+    QVERIFY(!m_terminal->item("loginDlg") && !m_terminal->item("cloudDlg"));
+    QCOMPARE(m_terminal->house().seen("/baa00/loginMod"), 1);
+    QCOMPARE(m_terminal->property("stackView", "depth").toInt(), 2);
+    WALKED(m_terminal->tapTogether({"returnButton", "returnButton"}).walk("-returnButton +tile_CONSUME_CTRL"));
+    QCOMPARE(m_terminal->property("stackView", "depth").toInt(), 1);
+}
+
+void tst_shell::brokerAway()
+{
+    MainClass::getInstance()->setIsBrokerAway(false);
+    WALKED(walk("-awayMark").act([] { MainClass::getInstance()->setIsBrokerAway(true); }).walk("+awayMark"));
+    MainClass::getInstance()->setIsBrokerAway(false);
+    WALKED(walk("-awayMark"));
 }
 
 void tst_shell::init()
@@ -76,6 +119,17 @@ void tst_shell::cleanup()
     if (m_terminal->item("returnButton"))
         WALKED(walk("returnButton -returnButton +closeButton"));
     QCOMPARE(m_terminal->takeMessages(), QStringList());
+}
+
+/// What the back end calls the shop leaves room for the rest.
+void tst_shell::longName()
+{
+    const QString before = config()->storeName();
+    config()->setStoreName(QString(300, QChar(0x5E97)));
+    WALKED(walk("?storeName.truncated=true"));
+    const QQuickItem* name = m_terminal->item("storeName");
+    QVERIFY(name->width() < name->window()->width() / 2);
+    config()->setStoreName(before);
 }
 
 void tst_shell::loginByNumber()

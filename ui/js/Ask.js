@@ -14,6 +14,12 @@ function card(prompt, limitMs) {
     return isGiven(answer) ? {cardNo: answer.inputText, rfid: answer.cardUid} : undefined
 }
 
+// The same for pages whose hand cards are read where the staff's are.
+function cardOnStaffReader(prompt) {
+    const answer = Dlg.showDialog("numKeyDlg", {strText: prompt, isReadOk: true})
+    return isGiven(answer) ? {cardNo: answer.inputText, rfid: answer.cardUid} : undefined
+}
+
 // What was typed as a quantity; its worth is for the caller to judge.
 function quantity(prompt) {
     const answer = Dlg.showDialog("numDlg", prompt === undefined ? {} : {strText: prompt})

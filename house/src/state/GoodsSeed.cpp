@@ -42,6 +42,7 @@ Item readItem(const json& category, const json& row, const std::map<std::string,
     item.kind = static_cast<OrderKind>(category.value("kind", static_cast<int>(OrderKind::Goods)));
     item.workerType = category.value("worker", "");
     item.commission = category.value("commission", 0.0);
+    item.picture = "items/" + category.at("picture").get<std::string>() + "/" + item.initials + ".png";
     item.needsDesk = category.value("desk", 0) == 1;
     item.minutes = row.value("minutes", 0);
     item.barCode = row.value("bar", "");
@@ -52,9 +53,24 @@ Item readItem(const json& category, const json& row, const std::map<std::string,
     return item;
 }
 
+/// The goods come again under further names until there are so many; a ticket is one of a kind.
+void addCopies(Table<Item>& items, std::size_t itemCount)
+{
+    const std::vector<Item> originals(items.begin(), items.end());
+    for (std::size_t i = 0; items.size() < itemCount; ++i) {
+        Item copy = originals[i % originals.size()];
+        if (copy.kind == OrderKind::Ticket)
+            continue;
+        copy.id = nextId(ItemIds, items);
+        copy.name += std::to_string(items.size() + 1);
+        copy.barCode.clear();
+        items.add(std::move(copy));
+    }
+}
+
 } // namespace
 
-void furnishGoods(const Seed& seed, State& state)
+void furnishGoods(const Seed& seed, State& state, int itemCount)
 {
     const std::map<std::string, long> tagIds = furnishTastes(seed, state);
     for (const json& row : seed.document.at("categories")) {
@@ -67,11 +83,11 @@ void furnishGoods(const Seed& seed, State& state)
             item.typeId = category.id;
             for (const json& name : row.at("areas"))
                 item.areaIds.push_back(seed.areaNamed(name.get<std::string>()).id);
-            item.picture = "items/" + item.initials + ".png";
             state.items.add(std::move(item));
         }
         state.categories.add(std::move(category));
     }
+    addCopies(state.items, static_cast<std::size_t>(itemCount));
     for (const json& row : seed.document.at("meals")) {
         Meal meal;
         meal.id = nextId(MealIds, state.meals);

@@ -122,6 +122,10 @@ struct Order
     Seconds endedAt = 0;
     bool isSelfEntry = false; ///< booked by the guest at a counter
     bool isAssessed = false;
+    bool isOvertime = false; ///< of a service
+    std::string remark;
+    std::vector<std::string> tasteIds;
+    std::string deskNo;
     Seconds paidAt = 0; ///< the guest has paid and gone; his card's next guest sees nothing of it
 };
 

@@ -76,8 +76,12 @@ void Sale::readNew(const json& row, LineStatus status)
     order.enteredBy = call.staff->id;
     order.deviceId = call.terminal->id;
     order.createdAt = call.now;
+    order.remark = textOf(row, "remark");
+    order.tasteIds = row.value("tagIds", std::vector<std::string>());
+    order.isOvertime = row.value("overFlg", 0) == 1;
+    order.deskNo = textOf(row, "deskNo");
     if (desk.empty())
-        desk = textOf(row, "deskNo");
+        desk = order.deskNo;
     lines.push_back(std::move(order));
 }
 

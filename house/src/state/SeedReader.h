@@ -44,7 +44,7 @@ std::string nextId(SeedTable table, const Table<Row>& rows)
     return seedId(table, rows.size() + 1);
 }
 
-void furnishGoods(const Seed& seed, State& state);
+void furnishGoods(const Seed& seed, State& state, int itemCount);
 /// After the cards.
 void furnishQueue(const Seed& seed, State& state, Seconds now);
 

@@ -38,9 +38,9 @@ class Furnisher
 public:
     Furnisher(const Seed& seed, Seconds now) : seed(seed), document(seed.document), now(now) {}
 
-    State furnish(int roomCount)
+    State furnish(int roomCount, int itemCount)
     {
-        furnishGoods(seed, state);
+        furnishGoods(seed, state, itemCount);
         furnishClocks();
         furnishHouse();
         furnishCards();
@@ -284,17 +284,20 @@ std::string seedId(SeedTable table, std::size_t row)
     return "4058" + std::string(3 - kind.size(), '0') + kind + std::string(11 - number.size(), '0') + number;
 }
 
-void furnishRoomCard(State& state, const Room& room)
+void furnishRoomCard(State& state, Room& room, Seconds now)
 {
-    if (!state.cardByNumber(room.code))
-        addCard(state, room.code, std::to_string(2 * firstSerial + std::stoll(room.code)),
-                state.cardTypes.begin()->id);
+    if (state.cardByNumber(room.code))
+        return;
+    Card& card = addCard(state, room.code, std::to_string(2 * firstSerial + std::stoll(room.code)),
+                         state.cardTypes.begin()->id);
+    if (isInUse(room))
+        state.seat(card, room, now);
 }
 
-State furnish(const Seed& seed, int roomCount, Seconds now)
+State furnish(const Seed& seed, int roomCount, Seconds now, int itemCount)
 {
     try {
-        return Furnisher(seed, now).furnish(roomCount);
+        return Furnisher(seed, now).furnish(roomCount, itemCount);
     } catch (const Refusal& refusal) {
         throw std::runtime_error("the house can't be furnished: " + refusal.msg);
     }

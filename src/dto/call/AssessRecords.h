@@ -51,6 +51,12 @@ struct assess_info_struct
     bool isChecked = false;
 };
 
+inline bool operator==(const assess_info_struct& one, const assess_info_struct& other)
+{
+    return one.assessId == other.assessId && one.assessName == other.assessName &&
+           one.isChecked == other.isChecked;
+}
+
 /// An order as a row of the evaluation dialog, with grades of its own to check.
 struct assess_order_struct
 {
@@ -59,3 +65,9 @@ struct assess_order_struct
     int num = 0; ///< quantity
     QList<assess_info_struct> assessInfo;
 };
+
+inline bool operator==(const assess_order_struct& one, const assess_order_struct& other)
+{
+    return one.orderId == other.orderId && one.itemName == other.itemName && one.num == other.num &&
+           one.assessInfo == other.assessInfo;
+}

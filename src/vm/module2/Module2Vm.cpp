@@ -53,7 +53,10 @@ bool Module2Vm::refreshGuest()
 {
     const QString card = cardNo();
     const QString room = roomNo();
-    return hasGuest() && (isCustMode() ? getOrderInfo({}, {}, room) : getOrderInfo({}, card, {}));
+    if (!hasGuest() || !(isCustMode() ? getOrderInfo({}, {}, room) : getOrderInfo({}, card, {})))
+        return false;
+    setIsSaveUnsure(false); // what the guest has is there to be looked at
+    return true;
 }
 
 /// A guest that is refused leaves none: nothing can be booked on one that isn't seen any more.
@@ -70,7 +73,6 @@ bool Module2Vm::takeGuest(const GetCardOrderDto& guest, bool isCard, bool isRoom
         m_oldLines->replace({});
     setOldAmount(card || room ? guest.amount() : 0);
     updateAmounts();
-    setIsSaveUnsure(false);
     return card || room;
 }
 

@@ -1,11 +1,15 @@
 #include "vm/shared/CardListModel.h"
 
 #include "dto/card/CardRecords.h"
+#include "vm/shared/Texts.h"
 
 CardListModel::CardListModel(QObject* parent)
-    : RowModel({field("cardId", &card_struct::id), field("cardNo", &card_struct::cardNo),
-                field("backColor", &card_struct::backColor), field("foreColor", &card_struct::foreColor),
-                field("isChecked", &card_struct::isChecked), field("isConsumered", &card_struct::isConsumered),
+    : RowModel({field("cardId", &card_struct::id),
+                {"cardNo", [](const card_struct& card) { return shownText(card.cardNo); }, {}},
+                field("backColor", &card_struct::backColor),
+                field("foreColor", &card_struct::foreColor),
+                field("isChecked", &card_struct::isChecked),
+                field("isConsumered", &card_struct::isConsumered),
                 field("isSelected", &card_struct::isSelected)},
                parent)
 {

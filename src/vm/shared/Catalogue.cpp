@@ -114,14 +114,17 @@ void CatalogueVm::getItemTypeApi()
     const QPointer<CatalogueVm> self(this);
     const bool isRead =
         fetch(&Bca01Service::getItemTypeList, {{"selAreaId", areaId()}}, [this](const GetTypeList& reply) {
-            if (reply.data())
-                m_types->update(reply.data()->typeList());
+            m_types->update(reply.data() ? reply.data()->typeList() : Array<ItemTypeDto*>());
         });
     if (!self)
         return;
     setIsCatalogueFailed(!isRead);
-    if (isRead && m_types->rowCount() > 0)
+    if (!isRead)
+        return;
+    if (m_types->rowCount() > 0)
         onSelectType(m_types->row(0).typeId);
+    else
+        m_items->replace({}); // those of another area aren't sold here
 }
 
 void CatalogueVm::onSelectType(const QString& code)
@@ -176,7 +179,9 @@ void CatalogueVm::fetchItems(const QJsonObject& asked)
     m_typing.stop();
     m_asked = asked;
     const QPointer<CatalogueVm> self(this);
-    const bool isRead = fetch(&Bca01Service::getItemList, asked, [this, asked](const GetItemList& reply) {
+    // Letters that are typed during a search belong to the next one.
+    const auto endpoint = asked.contains("plucode") ? &Bca01Service::searchItems : &Bca01Service::getItemList;
+    const bool isRead = fetch(endpoint, asked, [this, asked](const GetItemList& reply) {
         if (reply.data() && m_asked == asked)
             m_items->update(reply.data()->itemList());
     });

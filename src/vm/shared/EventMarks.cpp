@@ -25,6 +25,7 @@ EventMarks::EventMarks(QObject* page, const QVector<Topic>& topics, std::functio
         wanted.append(topic.prefix + GlobalConfig::getInstance()->storeId());
     main->setMqttTopics(wanted);
     connect(main, &MainClass::mqttConnected, this, &EventMarks::onReconnect);
+    m_reconnectMark.setObjectName(QStringLiteral("reconnectMark"));
     m_reconnectMark.setSingleShot(true);
     connect(&m_reconnectMark, &QTimer::timeout, this, [this] {
         if (m_isReconnectDue)

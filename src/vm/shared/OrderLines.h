@@ -36,6 +36,7 @@ struct new_item_struct
     QStringList tagIds;
     double minNum = 0; ///< chargeback: the lowest num
     int sellFlg = 0;
+    int times = 0;      ///< minutes of one
     QString createTime; ///< chargeback: of the stored line
 
     double amount() const { return num * price; }

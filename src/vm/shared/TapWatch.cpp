@@ -1,11 +1,19 @@
 #include "vm/shared/TapWatch.h"
 
+#include "common/WaitStack.h"
 #include "net/EventLoopFilter.h"
 
 #include <QGuiApplication>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTouchEvent>
+
+namespace {
+
+/// Below that nobody has seen what has changed; of two taps in a row the second still means the first's target.
+constexpr ulong reactionMs = 300;
+
+} // namespace
 
 TapWatch* TapWatch::s_installed = nullptr;
 
@@ -34,10 +42,39 @@ bool TapWatch::isTapWithin(int ms)
     return s_installed && s_installed->m_sinceTap.isValid() && !s_installed->m_sinceTap.hasExpired(ms);
 }
 
-/// Windows see each event first, so that it is counted once. It is never taken.
+bool TapWatch::isPressStray()
+{
+    return s_installed && s_installed->m_sincePress.isValid() &&
+           s_installed->m_dialogChanges != WaitStack::dialogChanges() &&
+           !s_installed->m_sincePress.hasExpired(reactionMs);
+}
+
+bool TapWatch::isStray(ulong timestamp) const
+{
+    return m_sincePress.isValid() && m_dialogChanges != WaitStack::dialogChanges() &&
+           timestamp - m_pressedAt < reactionMs;
+}
+
+void TapWatch::notePress(ulong timestamp)
+{
+    m_sincePress.start();
+    m_pressedAt = timestamp;
+    m_dialogChanges = WaitStack::dialogChanges();
+}
+
+/// Windows see each event first, so that it is counted once. Only a stray press is taken.
 bool TapWatch::eventFilter(QObject* watched, QEvent* event)
 {
-    switch (event->type()) {
+    const QEvent::Type type = event->type();
+    const bool isPress =
+        type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick || type == QEvent::TouchBegin;
+    if (isPress && watched->isWindowType()) {
+        const ulong timestamp = static_cast<QInputEvent*>(event)->timestamp();
+        if (isStray(timestamp))
+            return true;
+        notePress(timestamp);
+    }
+    switch (type) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseButtonRelease:

@@ -21,6 +21,9 @@ public:
     static bool isFingerDown();
     /// Whether the last tap began or ended less than so many milliseconds ago.
     static bool isTapWithin(int ms);
+    /// Whether a press now would be dropped: a dialog has opened or closed under the finger since the press
+    /// before, so shortly ago that this one is still meant for what was there.
+    static bool isPressStray();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -28,10 +31,15 @@ private:
     explicit TapWatch(QObject* parent);
 
     void cancelPresses();
+    bool isStray(ulong timestamp) const;
+    void notePress(ulong timestamp);
 
     static TapWatch* s_installed;
 
     QTouchDevice* m_touch = nullptr;        ///< of the touch that is under way, null without one
     QPointer<QQuickWindow> m_touchedWindow; ///< the window that it began on
     QElapsedTimer m_sinceTap;               ///< invalid before the first
+    QElapsedTimer m_sincePress;             ///< likewise
+    ulong m_pressedAt = 0;                  ///< ms, by the clock of the events
+    int m_dialogChanges = 0;                ///< of the WaitStack, when the last press came
 };

@@ -1,6 +1,7 @@
 // A speech engine without a sound: each text takes a moment. It keeps in the application's property "heard"
 // what was said to its end, and what was cut with a mark. The property "engine" tells when it shows that it is
-// busy: "early", "late", or "stuck", when it comes to no end besides.
+// busy: "early", "late", or "stuck", when it comes to no end besides; one that is "broken" is in error, one
+// that is "mute" has no voices.
 
 #include <QCoreApplication>
 #include <QTextToSpeechEngine>
@@ -17,6 +18,8 @@ public:
         connect(&m_timer, &QTimer::timeout, this, &RecordingEngine::work);
         m_timer.start(3);
         qApp->setProperty("heard", QStringList());
+        if (is("broken"))
+            m_state = QTextToSpeech::BackendError;
     }
 
     void say(const QString& text) override
@@ -39,6 +42,8 @@ public:
     QVector<QLocale> availableLocales() const override { return {QLocale("en_US"), QLocale("zh_CN")}; }
     QVector<QVoice> availableVoices() const override
     {
+        if (is("mute"))
+            return {};
         const QString of = m_locale.name();
         return {createVoice(of == "zh_CN" ? "Ting" : "Ann", QVoice::Female, QVoice::Adult, of),
                 createVoice("Mei", QVoice::Female, QVoice::Adult, of)};

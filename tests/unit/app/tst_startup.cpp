@@ -68,6 +68,8 @@ const Road roads[] = {
     {"broker without a scheme", R"({"record": {"mqttInfo": {"hostUrl": "b.example:1883"}}})", R"({"mqttUrl": "b.example", "mqttPort": 1883})"},
     {"broker without a port", R"({"record": {"mqttInfo": {"hostUrl": "tcp://b.example"}}})", R"({"mqttUrl": "BUILTIN", "mqttPort": 61613})"},
     {"broker's port no number", R"({"record": {"mqttInfo": {"hostUrl": "tcp://b.example:x"}}})", R"({"mqttUrl": "b.example", "mqttPort": 61613})"},
+    {"broker by address", R"({"record": {"mqttInfo": {"hostUrl": "tcp://[::1]:1883"}}})", R"({"mqttUrl": "::1", "mqttPort": 1883})"},
+    {"broker by address alone", R"({"record": {"mqttInfo": {"hostUrl": "tcp://[::1]"}}})", R"({"mqttUrl": "::1", "mqttPort": 61613})"},
     {"broker with too many colons", R"({"record": {"mqttInfo": {"hostUrl": "tcp://b.example:1:2"}}})", R"({"mqttUrl": "BUILTIN", "mqttPort": 61613})"},
 
     {"rights", R"({"record": {"modAuth": [

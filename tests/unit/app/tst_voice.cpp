@@ -4,6 +4,7 @@
 #include "common/Sqlite.h"
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTextToSpeech>
 #include <QtTest>
@@ -20,6 +21,10 @@ private Q_SLOTS:
     void settings();
     void everyTextToItsEnd_data();
     void everyTextToItsEnd();
+    void silencedInTheMiddle_data() { everyTextToItsEnd_data(); }
+    void silencedInTheMiddle();
+    void whyNothingIsHeard_data();
+    void whyNothingIsHeard();
     void tooManyAreDropped();
     void leavingTheModuleSilences();
 
@@ -84,7 +89,50 @@ void tst_voice::everyTextToItsEnd()
     voice.add("nothing", 0);
     for (const char* card : {"0012", "1001", "1002"})
         voice.add(card, 2);
+    QCOMPARE(voice.waiting(), 4);
     QTRY_COMPARE(heard(), (QStringList{"0012", "0012", "1001", "1001", "1002", "1002"}));
+    QCOMPARE(voice.waiting(), 0);
+}
+
+void tst_voice::silencedInTheMiddle()
+{
+    QFETCH(QByteArray, engine);
+    Voice voice;
+    start(voice, engine);
+    for (const char* card : {"1000", "1001", "1002"})
+        voice.add(card, 2);
+    while (heard().isEmpty())
+        QTest::qWait(1);
+    voice.silence();
+    QCOMPARE(voice.waiting(), 0);
+    const QStringList before = heard();
+    QTest::qWait(50);
+    QCOMPARE(heard(), before);
+    QVERIFY(heard().filter(QRegularExpression("^100")).size() < 6);
+    QCOMPARE(voice.findChild<QTextToSpeech*>()->state(), QTextToSpeech::Ready);
+}
+
+void tst_voice::whyNothingIsHeard_data()
+{
+    QTest::addColumn<QByteArray>("engine");
+    QTest::addColumn<QString>("fault");
+    QTest::newRow("heard") << QByteArray("early") << QString();
+    QTest::newRow("in error") << QByteArray("broken") << QString("语音引擎出错");
+    QTest::newRow("without voices") << QByteArray("mute") << QString("语音引擎没有发音人");
+}
+
+/// An engine that isn't ready gets nothing, and nothing is lost.
+void tst_voice::whyNothingIsHeard()
+{
+    QFETCH(QByteArray, engine);
+    QFETCH(QString, fault);
+    Voice voice;
+    QCOMPARE(voice.fault(), QString("语音播报未开启"));
+    start(voice, engine);
+    QCOMPARE(voice.fault(), fault);
+    voice.add("1000", 1);
+    QTest::qWait(30);
+    QCOMPARE(voice.waiting(), engine == "broken" ? 1 : 0);
 }
 
 void tst_voice::tooManyAreDropped()

@@ -1,6 +1,7 @@
 #include "common/Clock.h"
 #include "common/LogFolder.h"
 #include "common/LoggerThread.h"
+#include "platform/PrivateFiles.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -36,6 +37,7 @@ class tst_log : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { keepFilesPrivate(); }
     void init()
     {
         m_temporary.reset(new QTemporaryDir);
@@ -47,6 +49,7 @@ private Q_SLOTS:
 
     void linesInOrder();
     void fullFileIsPutAside();
+    void repetitionsAreCounted();
     void bounds_data();
     void bounds();
     void removesOldFilesOnly();
@@ -94,6 +97,30 @@ void tst_log::fullFileIsPutAside()
     QCOMPARE(aside(9), QByteArray("1000003\n1000004\n1000005\n")); // the oldest has gone
     QVERIFY(!QFile::exists(fileOf(1) + ".10"));
     QCOMPARE(QFile::permissions(fileOf(1)) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+}
+
+void tst_log::repetitionsAreCounted()
+{
+    LoggerThread::Limits limits = quick();
+    limits.countedMs = 1000;
+    LoggerThread logger(m_folder, limits);
+    logger.log(QString(300000, 'x'));
+    QByteArray written = QByteArray(262144, 'x') + "… (300000 characters)\n";
+    for (const char* line : {"a", "b", "a", "a"})
+        logger.logCounted(line);
+    logger.log("a");
+    written += "a\nb\na\na: 2 times more\n";
+    QTRY_COMPARE(contentOf(fileOf(1)), written);
+    // The next ones; not more different ones than there are topics, and none of any length. An end waits for
+    // none.
+    for (int i = 0; i < 60; ++i)
+        logger.logCounted(QString::number(i % 20) + QString(5000, 'x'));
+    logger.drain(5000);
+    for (int i = 0; i < 16; ++i)
+        written += (QByteArray::number(i) + QByteArray(5000, 'x')).left(1000) + '\n';
+    for (int i = 0; i < 16; ++i)
+        written += (QByteArray::number(i) + QByteArray(5000, 'x')).left(1000) + ": 2 times more\n";
+    QCOMPARE(contentOf(fileOf(1)), written + "#LogerThread# 12 other lines like these\n");
 }
 
 void tst_log::bounds_data()

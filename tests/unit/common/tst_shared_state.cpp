@@ -22,6 +22,11 @@ private Q_SLOTS:
         QVERIFY(!config->sysApiReq() && !config->terminalInfo() && !config->funcMenu() &&
                 !config->cardConfig());
 
+        // What isn't of the web is no line.
+        for (const char* url : {"file:///etc/passwd", "", "one.example", "httpx://one.example"})
+            config->setApiUrl(url);
+        QCOMPARE(config->apiUrl(), QString("https://one.example"));
+
         // Only a real change is told.
         QSignalSpy changes(config, &GlobalConfig::currentModChanged);
         config->setCurrentMod("PAY_CTRL");

@@ -1,11 +1,11 @@
-/* A reader's library whose every question for a card takes its time and ends without one. */
+/* A reader's library whose every question for a card takes its time, ANSWER_MS, and ends without one. */
 
 #include <stdio.h>
 #include <time.h>
 
 int ReadRFID(unsigned char* serial)
 {
-    const struct timespec answerTime = {0, 200 * 1000 * 1000};
+    const struct timespec answerTime = {ANSWER_MS / 1000, ANSWER_MS % 1000 * 1000 * 1000};
     (void)serial;
     fputs("read begins\n", stderr);
     nanosleep(&answerTime, NULL);

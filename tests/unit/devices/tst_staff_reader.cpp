@@ -2,6 +2,7 @@
 
 #include "Pty.h"
 #include "common/BaseObject.h"
+#include "common/Clock.h"
 #include "common/MyMessage.h"
 #include "devices/ReaderStacks.h"
 #include "devices/SerialPort.h"
@@ -254,7 +255,8 @@ private Q_SLOTS:
         QCOMPARE(line.readAll(), QByteArray("80011\r\n"));
     }
 
-    /// A step is a letter and a listener's name: + registers, - takes off, x destroys without a word, ! reads.
+    /// A step is a letter and a listener's name: + registers, - takes off, x destroys without a word, ! reads
+    /// another card, = the same one again, which has stayed on the reader unless ~ was before.
     void stacks_data()
     {
         StackRows::add({{"nobody", "!", ""},
@@ -267,7 +269,12 @@ private Q_SLOTS:
                         {"destroyed on top", "+a +b xb !", "a"},
                         {"destroyed in the middle", "+a +b +c xb -c !", "a"},
                         {"destroyed alone", "+a xa ! +b !", "b"},
-                        {"one that takes no interest", "+a +0 ! -0 !", "a"}});
+                        {"one that takes no interest", "+a +0 ! -0 !", "a"},
+                        {"stays, for him who has it", "+a ! =", "aa"},
+                        {"stays, not for another", "+a ! +b = -a = !", "ab"},
+                        {"stays, not for one behind who has gone", "+a +b ! xb = !", "ba"},
+                        {"stays, there before anybody", "! = +a = +b =", "a"},
+                        {"lifted and presented again", "+a ! +b = ~ =", "ab"}});
     }
     void stacks()
     {
@@ -283,6 +290,10 @@ private Q_SLOTS:
             for (const QChar name : QString("abc"))
                 listeners.insert(name, std::make_shared<Listener>(
                                            [&log, name](const QString& text) { log.append(name + text); }));
+            static qint64 nowMs;
+            nowMs += 60000;
+            Clock::setSource([] { return nowMs; });
+            int card = 0;
             for (const QString& step : steps.split(' ')) {
                 const QChar name = step.size() > 1 ? step.at(1) : QChar();
                 if (step.startsWith('+'))
@@ -291,12 +302,17 @@ private Q_SLOTS:
                     stacks.remove(reader, listeners.value(name).get());
                 else if (step.startsWith('x'))
                     listeners.remove(name);
+                else if (step == "~")
+                    nowMs += 1000;
                 else
-                    stacks.deliver(reader, "A1");
+                    stacks.deliver(reader, QString::number(step == "!" ? ++card : card));
+                nowMs += 400;
             }
+            Clock::setSource(nullptr);
+            log.replaceInStrings(QRegularExpression(" [0-9]+$"), {});
             QStringList expected;
             for (const QChar name : heard)
-                expected.append(name + QString(isStaff ? " staff A1" : " hand A1"));
+                expected.append(name + QString(isStaff ? " staff" : " hand"));
             QCOMPARE(log, expected);
         }
     }

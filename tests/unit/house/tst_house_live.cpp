@@ -2,6 +2,7 @@
 #include "support/HouseProcess.h"
 
 #include <QNetworkAccessManager>
+#include <QNetworkInterface>
 #include <QNetworkReply>
 #include <QtTest>
 
@@ -16,6 +17,7 @@ private Q_SLOTS:
 
     void faultsGoOnAndOff();
     void changesAreHeard();
+    void fromOtherMachines();
 
 private:
     /// The status of the answer to a POST of JSON, or to a GET without it; 0 when none came.
@@ -58,6 +60,21 @@ void tst_house_live::faultsGoOnAndOff()
          {std::pair(R"({"isCleaning":false,"nothing":1})", 400), std::pair(R"({"isCleaning":1})", 400),
           std::pair(R"({"isPush":1})", 200)})
         QCOMPARE(status(house.url() + "/_control/config", settings), code);
+}
+
+/// They may call it, and not steer it.
+void tst_house_live::fromOtherMachines()
+{
+    HouseProcess house({"--no-publish", "--host", "0.0.0.0"});
+    QVERIFY(house.isReady());
+    QCOMPARE(status(house.url() + "/_control/clear", "{}"), 200);
+    for (const QHostAddress& address : QNetworkInterface::allAddresses()) {
+        if (address.isLoopback() || address.protocol() != QAbstractSocket::IPv4Protocol)
+            continue;
+        const QString url = QString(house.url()).replace("127.0.0.1", address.toString());
+        QCOMPARE(status(url + "/line/check"), 200);
+        QCOMPARE(status(url + "/_control/clear", "{}"), 403);
+    }
 }
 
 /// The house starts before its broker, and loses it again; what other terminals change is published.

@@ -158,6 +158,8 @@ private Q_SLOTS:
              {"refusal with data", R"({"code":"X_1","msg":"不行","data":{}})", "X_1", "不行", true},
              {"number as code", R"({"code":200})", "", "", false},
              {"data is a list", R"({"code":"200","data":[1]})", "200", "", false},
+             {"text without end", "{\"code\":\"X\",\"msg\":\"" + QByteArray(100000, 'x') + "\"}", "X",
+              QString(1000, 'x'), false},
              {"empty", "{}", "", "", false}});
     }
     void envelope()

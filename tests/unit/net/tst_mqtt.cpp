@@ -3,6 +3,9 @@
 #include "MqttChannel.h"
 #include "support/ErrorLog.h"
 
+#include <QTcpServer>
+#include <QTcpSocket>
+
 #include <memory>
 
 namespace {
@@ -98,6 +101,9 @@ private Q_SLOTS:
         QVERIFY(m_broker->publish(roomTopic, payloads));
         QTRY_COMPARE_WITH_TIMEOUT(received.size(), payloads.size(), 30000);
         QVERIFY(received == payloads);
+        QVERIFY(m_broker->publish(roomTopic, {QByteArray(5000000, 'x')}));
+        QTRY_COMPARE(received.size(), payloads.size() + 1);
+        QCOMPARE(received.last().size(), 65536);
     }
 
     void brokerComesBack()
@@ -181,6 +187,18 @@ private Q_SLOTS:
         refused.client.setTopic({roomTopic, staffTopic});
         const QString line = "mqtt topic \"%1\" isn't subscribed: the broker refuses it";
         QTRY_COMPARE(log.lines, (QStringList{line.arg(roomTopic), line.arg(staffTopic)}));
+    }
+
+    /// An address with colons is no name.
+    void sixthVersion()
+    {
+        QTcpServer listener;
+        if (!listener.listen(QHostAddress::LocalHostIPv6))
+            QSKIP("no IPv6 here");
+        const MqttChannel channel("::1", listener.serverPort());
+        QTRY_VERIFY(listener.hasPendingConnections());
+        QTcpSocket* line = listener.nextPendingConnection();
+        QTRY_VERIFY(line->peek(100).contains("client_101_abc"));
     }
 
     void deletedInItsSlot()

@@ -15,6 +15,7 @@
 #include <fcntl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -196,6 +197,25 @@ private Q_SLOTS:
         server.nextPendingConnection()->abort();
         server.close();
         QVERIFY(isRefusedSoon(printer.get(), longSlip));
+    }
+    /// What fits into the buffers is confirmed in any case; whether it was read shows when the printer hangs
+    /// up.
+    void networkThatHangsUp()
+    {
+        for (const bool readsAll : {false, true}) {
+            QTcpServer server;
+            QVERIFY(server.listen(QHostAddress::LocalHost));
+            const int listener = int(server.socketDescriptor());
+            const auto printer = openNetworkPrinter(QString("127.0.0.1:%1").arg(server.serverPort()), quick);
+            std::thread other([listener, readsAll] {
+                const int line = ::accept(listener, nullptr, nullptr);
+                char bytes[4096];
+                ::recv(line, bytes, readsAll ? sizeof bytes : 10, readsAll ? MSG_WAITALL : 0);
+                ::close(line);
+            });
+            QCOMPARE(printer->send(longSlip.left(4096)), readsAll);
+            other.join();
+        }
     }
     void deviceFile()
     {

@@ -112,13 +112,15 @@ private Q_SLOTS:
 
         RecordingLibrary library;
         library.isRefusing = true;
-        PosPrint printer(library, true, PrintSettings());
+        PrintSettings settings;
+        settings.printerName = "吧台";
+        PosPrint printer(library, true, settings);
         for (int slip = 0; slip < 2; ++slip)
             printer.print(PrintBuffet, buffet(), {}, {});
-        QCOMPARE(library.calls, (QStringList{"open \"\" 0x14", "open \"\" 0x14"}));
+        QCOMPARE(library.calls, (QStringList{"open \"吧台\" 0x14", "open \"吧台\" 0x14"}));
         QCOMPARE(m_messages.size(), 0); // behind whatever the caller says in the meantime
         QTRY_COMPARE(m_messages.size(), 2);
-        QCOMPARE(m_messages.first(), (QVariantList{"【自助餐单】打印失败,未正确连接打印机", "error"}));
+        QCOMPARE(m_messages.first(), (QVariantList{"【自助餐单】打印失败,未正确连接打印机：吧台", "error"}));
         // The last one may be had again, once.
         library.isRefusing = false;
         MyMessage::getInstance()->reprint();

@@ -4,6 +4,7 @@
 
 #include "common/GlobalConfig.h"
 #include "vm/module1/Module1Vm.h"
+#include "vm/shared/Texts.h"
 
 class tst_room_board : public QObject
 {
@@ -21,6 +22,8 @@ private Q_SLOTS:
     void tiles_data();
     void tiles();
     void newerAnswerWins();
+    void refreshEndsWithItsLine();
+    void listsOfAnything();
 
 private:
     std::unique_ptr<RoomFixture> m_room;
@@ -217,6 +220,9 @@ full(9) | inside
 (terminal.isShowAmount = false, full(3)) | inside
 {status: 2} | {cardList: '', staffList: '', finishStaff: '', groupRoom: '', payAmount: ''}
 {status: 3, needPayAmount: 1234567.25} | {payAmount: '¥1234567.25'}
+{status: 3, surplus: 1e15, lastSvrTime: '\u202E22:15', code: '\u206680\u200F1\u2069', cardnos: '80\u202B01'}
+    | {leftTime: '8784:0', roomNo: '801', cardList: '客:8001'}
+{status: 2, surplus: -1e15, hours: 1e9, remark: '水'.repeat(500)} | {leftTime: '超:1d', remark: '水'.repeat(199) + '…'}
 {status: 3, needPayAmount: -1} | {payAmount: ''}
 {status: 3, surplus: 0} | {leftTime: '0:0'}
 {status: 3, surplus: 59} | {leftTime: '0:59'}
@@ -251,6 +257,42 @@ void tst_room_board::newerAnswerWins()
         for (const RoomTile& tile : shown->rows())
             QCOMPARE(tile.status, 5);
     }
+}
+
+/// Without a line each call takes its time; a refresh ends with the first that failed, until there is news.
+void tst_room_board::refreshEndsWithItsLine()
+{
+    Module1Vm board;
+    board.timeEvent();
+    m_room->reset();
+    m_room->house().fault("*", "drop");
+    board.mqttEvent("ROOMSTATUS_", {});
+    for (int tick = 0; tick < 2; ++tick) {
+        board.timeEvent();
+        QCOMPARE(m_room->house().seen(roomsPath), 5); // the tries of one call
+        QCOMPARE(m_room->house().seen("/bba01/getFloorSum"), 0);
+    }
+    QCOMPARE(m_room->takeShown(), QStringList("error|连接服务器失败，请检查网络是否正常"));
+    m_room->reset();
+    board.mqttEvent("ROOMSTATUS_", {});
+    board.timeEvent();
+    QCOMPARE(m_room->house().seen("/bba01/getOverTime"), 1);
+}
+
+/// What is no record makes no room, and what is no number no text.
+void tst_room_board::listsOfAnything()
+{
+    m_room->house().answer(roomsPath,
+                           QString(R"({"code":"200","data":[1,"x",null,[],true,{"id":"R1","code":"801",
+        "status":3,"needPayAmount":1e300,"surplus":-1e300,"hours":1e300}]})"));
+    Module1Vm board;
+    board.timeEvent();
+    QCOMPARE(board.pRoomModel()->rowCount(), 1);
+    const RoomTile tile = board.pRoomModel()->row(0);
+    QCOMPARE(tile.roomNo, QString("801"));
+    QVERIFY2(tile.usedTime.size() < 10 && tile.leftTime.size() < 10, qPrintable(tile.usedTime + tile.leftTime));
+    QVERIFY(tile.payAmount.size() < 210);
+    QCOMPARE(shortMoney(qInf()) + shortMoney(qQNaN()), QString());
 }
 
 QTEST_GUILESS_MAIN(tst_room_board)

@@ -204,6 +204,16 @@ void tst_view_models::eventMarks()
     QCOMPARE(taken(), (QVector<bool>{false, true, false}));
     Q_EMIT MainClass::getInstance()->mqttConnected(); // what was published meanwhile is lost
     QCOMPARE(taken(), all);
+    // A broker that hangs up again and again has the page fetch every ten seconds, not every second.
+    for (int i = 0; i < 3; ++i)
+        Q_EMIT MainClass::getInstance()->mqttConnected();
+    QCOMPARE(taken(), QVector<bool>(3, false));
+    auto* pause = marks.findChild<QTimer*>("reconnectMark");
+    QVERIFY(pause && pause->isActive());
+    QCOMPARE(pause->interval(), 10000);
+    pause->start(0);
+    QTRY_VERIFY(pause->interval() == 10000); // begun anew
+    QCOMPARE(taken(), all);
     QVERIFY(timer->isActive());
     QCOMPARE(timer->interval(), 500);
     QTRY_VERIFY(ticks > 0);

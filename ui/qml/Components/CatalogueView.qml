@@ -11,7 +11,9 @@ Item {
     property bool isSearching: false
 
     readonly property bool isLow: vm.isSmallImgMode
-    readonly property int leastTileWidth: isLow ? 140 : 100
+    readonly property int leastTileWidth: (isLow ? 140 : 100) + tileGap
+
+    readonly property int tileGap: 5
 
     // An item was booked: the next one is searched for from the start.
     function clearSearch() {
@@ -23,8 +25,8 @@ Item {
 
     // As it is for the next guest.
     function reset() {
+        isSearching = false // first: an emptied search takes the tiles away
         bar.text = ""
-        isSearching = false
         tiles.positionViewAtBeginning()
         tabs.positionViewAtBeginning()
     }
@@ -44,7 +46,7 @@ Item {
         Tappable {
             id: areaKey
             objectName: "areaKey"
-            width: Math.min(Theme.px(190), areaText.implicitWidth + 2 * Theme.gap)
+            width: Math.max(Theme.touchSize, Math.min(Theme.px(190), areaText.implicitWidth + 2 * Theme.gap))
             height: parent.height
             restColor: "transparent"
             enabled: vm.areaList.rowCount() > 1
@@ -87,7 +89,7 @@ Item {
                     anchors.fill: parent
                     z: -1
                     cornersRadius: [6, 6, 0, 0]
-                    color: model.checked ? Theme.current : Theme.surface
+                    color: model.checked ? Theme.accent : Theme.surface
                 }
 
                 PlainText {
@@ -105,7 +107,7 @@ Item {
             anchors.right: parent.right
             width: Theme.px(60)
             height: parent.height
-            restColor: view.isSearching ? Theme.current : Theme.surface
+            restColor: view.isSearching ? Theme.accent : Theme.surface
             iconText: Glyphs.search
             iconColor: view.isSearching ? Theme.currentText : Theme.accent
             label: "简拼搜索"
@@ -144,17 +146,18 @@ Item {
         visible: !vm.isCatalogueFailed
         reuseItems: true
         cellWidth: Math.floor(usableWidth / columns)
-        cellHeight: Math.max(view.isLow ? 54 : 0, cellWidth * (view.isLow ? 0.35 : 0.9))
+        cellHeight: view.tileGap + Math.max(view.isLow ? 49 : 0, Math.round((cellWidth - view.tileGap) * (view.isLow ? 0.35 : 0.9)))
         model: vm.itemList
         emptyText: view.isSearching ? "输入简拼查找项目" : "没有项目"
         delegate: ItemTile {
             objectName: "item_" + index
-            width: tiles.cellWidth - 5
-            height: tiles.cellHeight - 5
+            width: tiles.cellWidth - view.tileGap
+            height: tiles.cellHeight - view.tileGap
             name: model.itemName
             unit: model.unit
             price: model.price
             picture: model.img
+            pictureName: "picture_" + index
             isLow: view.isLow
             onClicked: tiles.run(view.tapTile, index)
         }

@@ -15,6 +15,8 @@ Tappable {
     property alias removeName: cross.objectName
     property int pixelSize: Theme.textSize
 
+    readonly property color ink: Theme.legible(foreColor, restColor)
+
     signal removed()
 
     implicitWidth: Theme.px(180)
@@ -31,7 +33,7 @@ Tappable {
         anchors.verticalCenter: parent.verticalCenter
         visible: tile.isChosen
         iconText: Glyphs.check
-        iconColor: tile.foreColor
+        iconColor: tile.ink
         pixelSize: Theme.px(22)
     }
 
@@ -49,7 +51,7 @@ Tappable {
         wrapMode: Text.Wrap
         leastSize: Theme.leastSize
         font.pixelSize: tile.pixelSize
-        color: tile.foreColor
+        color: tile.ink
     }
 
     PlainText {
@@ -65,7 +67,7 @@ Tappable {
         text: tile.note
         leastSize: Theme.leastSize
         font.pixelSize: Theme.captionSize
-        color: tile.foreColor
+        color: tile.ink
     }
 
     IconButton {

@@ -9,6 +9,7 @@ Tappable {
     property double price: 0
     property string picture: ""
     property bool isLow: false
+    property alias pictureName: image.objectName
 
     readonly property int pad: 4
     readonly property int textLeft: isLow ? image.width + 2 * pad : pad

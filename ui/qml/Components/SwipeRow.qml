@@ -28,17 +28,20 @@ Rectangle {
             list.openRow = -1
     }
 
-    MouseArea {
-        property point pressedAt
+    // A swipe is taken from whatever key it began on. What goes up or down is the list's.
+    DragHandler {
+        readonly property real across: active ? centroid.scenePosition.x - centroid.scenePressPosition.x : 0
 
-        anchors.fill: parent
-        onPressed: pressedAt = Qt.point(mouse.x, mouse.y)
-        onPositionChanged: {
-            const across = pressedAt.x - mouse.x
-            if (across > row.swipe && across > 2 * Math.abs(pressedAt.y - mouse.y))
+        target: null
+        enabled: !row.list.moving
+        yAxis.enabled: false
+        dragThreshold: row.swipe
+        onAcrossChanged: {
+            if (across > row.swipe)
+                row.close()
+            else if (across < -row.swipe && !row.isOpen)
                 row.open()
         }
-        onClicked: row.close()
     }
 
     Item {

@@ -15,6 +15,7 @@ Rectangle {
     property bool isToggle: false // a finger that bounces doesn't turn it back
     property int reach: 0         // by how much the target is larger than what is seen
     property var action: null
+    property var holdAction: null // of a finger that stays; it takes the place of the tap
 
     readonly property bool isPressed: area.pressed
 
@@ -22,6 +23,7 @@ Rectangle {
 
     property double lastTap: 0
     readonly property int bounceMs: 300
+    readonly property int holdMs: 600
 
     function tap() {
         const now = Date.now()
@@ -31,6 +33,13 @@ Rectangle {
         clicked()
         if (action)
             JsFunc.singly(delay, () => tappable && tappable.action())
+    }
+
+    // The finger is still down, but what it brings up takes its release: the press ends here.
+    function hold() {
+        area.visible = false // lets go of the finger
+        area.visible = true
+        JsFunc.singly(delay, () => tappable && tappable.holdAction())
     }
 
     radius: Theme.radius
@@ -43,6 +52,12 @@ Rectangle {
         id: area
         anchors.fill: parent
         anchors.margins: -tappable.reach
+        pressAndHoldInterval: tappable.holdMs
         onClicked: tappable.tap()
+        onPressAndHold: {
+            mouse.accepted = Boolean(tappable.holdAction)
+            if (mouse.accepted)
+                tappable.hold()
+        }
     }
 }

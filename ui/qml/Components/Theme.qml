@@ -28,8 +28,8 @@ QtObject {
     readonly property int keyPressedSize: 42
 
     // Actions
-    readonly property color accent: "#2F6FE4"
-    readonly property color accentPressed: "#2257B8"
+    readonly property color accent: "#2763D0"
+    readonly property color accentPressed: "#1C4DA6"
     readonly property color danger: "#C8411B"
     readonly property color dangerPressed: "#A23212"
     readonly property color refusal: "#B3261E"
@@ -50,7 +50,7 @@ QtObject {
     readonly property color touched: "#FFEFB0" // has just changed
 
     // Dark grounds: wheels, panels beside a board
-    readonly property color wheelGround: "#2B3A4A"
+    readonly property color wheelGround: "#1E2A36"
     readonly property color wheelMark: "#0099FF"
     readonly property color toolGround: "#2B3F55"
     readonly property color toolPressed: "#293D52"
@@ -100,8 +100,17 @@ QtObject {
 
     // Black or white, whichever is read better on the ground: by the contrast of their luminances.
     function textOn(ground) {
-        const luminance = 0.2126 * linear(ground.r) + 0.7152 * linear(ground.g) + 0.0722 * linear(ground.b)
-        return 1.05 / (luminance + 0.05) >= (luminance + 0.05) / 0.0582 ? textOnColor : textOnLight
+        return 1.05 / (luminance(ground) + 0.05) >= (luminance(ground) + 0.05) / 0.0582 ? textOnColor : textOnLight
+    }
+
+    // The wanted colour where it can be read on the ground, else black or white.
+    function legible(wanted, ground) {
+        const lights = [luminance(wanted) + 0.05, luminance(ground) + 0.05]
+        return Math.max(...lights) / Math.min(...lights) >= 4.5 ? wanted : textOn(ground)
+    }
+
+    function luminance(color) {
+        return 0.2126 * linear(color.r) + 0.7152 * linear(color.g) + 0.0722 * linear(color.b)
     }
 
     function linear(channel) {

@@ -58,7 +58,8 @@ Item {
                 return
             till.addNewItem(index, line)
         }
-        catalogue.clearSearch()
+        if (line.itemId !== undefined || line.merged)
+            catalogue.clearSearch()
     }
 
     function enterNum(index) {
@@ -138,10 +139,13 @@ Item {
     }
 
     objectName: "Module2"
-    Component.onCompleted: {
-        JsFunc.timerOnce(GlobalConfig.initDelyTime, () => till && till.init(page.cardNo))
-        JsFunc.timerOnce(500, () => page && page.cardNo === "" && page.askGuest())
-    }
+    Component.onCompleted: JsFunc.timerOnce(GlobalConfig.initDelyTime, () => {
+        if (!till)
+            return
+        till.init(page.cardNo)
+        if (page && page.cardNo === "")
+            JsFunc.timerOnce(500, () => page && page.askGuest())
+    })
 
     Module2Vm {
         id: till

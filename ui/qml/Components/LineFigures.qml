@@ -1,5 +1,4 @@
 import QtQuick 2.15
-import "../Components"
 
 // The figures of a line under their columns.
 Item {

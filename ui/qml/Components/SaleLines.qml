@@ -1,6 +1,5 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15
-import "../Components"
 
 // A part of the cart: its name and sum, the columns' names, its lines.
 Rectangle {

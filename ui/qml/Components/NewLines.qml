@@ -1,5 +1,4 @@
 import QtQuick 2.15
-import "../Components"
 import "../../js/Glyphs.js" as Glyphs
 
 // The lines that are being entered. The one that a tap has just brought or raised is in sight and marked.
@@ -8,7 +7,7 @@ SaleLines {
 
     property QtObject vm: null
     property int touched: -1
-    property var enterNum: null // enterNum(index)
+    property var enterNum: null // enterNum(index), where the number can be typed
     property var choose: null   // choose(key, index)
 
     title: "新消费"
@@ -90,13 +89,16 @@ SaleLines {
 
         Tappable {
             id: number
+
+            readonly property int shown: model.num
+
             objectName: "num_" + index
             anchors.left: minus.right
             anchors.bottom: minus.bottom
             width: Theme.px(44)
             height: minus.height
             restColor: "transparent"
-            enabled: !line.isChargeback
+            enabled: !line.isChargeback && Boolean(part.enterNum)
             label: "数量"
             action: () => part.enterNum(index)
 

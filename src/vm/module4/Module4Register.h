@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QObject>
+
+/// The types of the call queue's pages.
+class Module4Register : public QObject
+{
+    Q_OBJECT
+
+public:
+    void init();
+};
