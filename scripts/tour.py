@@ -3,6 +3,7 @@ import subprocess
 import sys
 import time
 
+import tour_counters
 from stand import MANAGER, MANAGER_CARD
 
 MADE = "tour.txt"  # which pictures of its folder a tour has made
@@ -227,6 +228,7 @@ def walk(stand, hands):
     for part in (massage_room, to_rest_and_back, group_of_rooms, rest_room, occupied_room, guests_leave,
                  others_at_work, locked_module, call_queue):
         part(desk)
+    tour_counters.walk(stand, hands)
 
 
 def queue_action(hands, button, number=None):

@@ -237,7 +237,7 @@ void ChecksVm::measureLines()
         m_lines->replace(rows);
         const QPointer<ChecksVm> self(this);
         for (int i = 0; i < urls.size(); ++i) {
-            const int milliseconds = NetWorkUtls::NetServer(false, nullptr).testApi(urls.at(i));
+            const int milliseconds = NetWorkUtls::NetServer(true, nullptr).testApi(urls.at(i));
             if (!self)
                 return false;
             m_lines->changeAt(i, [&](line_check_struct& row) {

@@ -24,6 +24,7 @@ class Module5Vm : public QObject
     CONSTANT_PROPERTY(StringModel*, pHandModel, m_handReaders)
     PROPERTY(int, handIndex, setHandIndex, 0) // 0: hand cards are read on the staff reader, 1: on their own
     PROPERTY(int, handComIndex, setHandComIndex, -1)
+    PROPERTY(QString, handCom, setHandCom, {}) // unread
     PROPERTY(bool, isRfid8, setIsRfid8, false)
     PROPERTY(bool, isVisRfid8, setIsVisRfid8, false) // the reader's model knows numbers of eight digits
     PROPERTY(bool, isUseTts, setIsUseTts, false)
@@ -40,7 +41,9 @@ class Module5Vm : public QObject
     PROPERTY(bool, isOpenRoomPrint, setIsOpenRoomPrint, false)
     PROPERTY(int, stopServerCount, setStopServerCount, 0)
     PROPERTY(int, leaveRoomCount, setLeaveRoomCount, 0)
-    PROPERTY(int, jsAssIndex, setJsAssIndex, 0) // 0 requested, 1 in rotation, 2 chosen
+    PROPERTY(QList<QString>, jsAssTypeList, setJsAssTypeList, {}) // unread
+    PROPERTY(QString, jsAssType, setJsAssType, {})                // unread
+    PROPERTY(int, jsAssIndex, setJsAssIndex, 0)                   // 0 requested, 1 in rotation, 2 chosen
     PROPERTY(int, consItemCount, setConsItemCount, 8)
     PROPERTY(int, jsItemCount, setJsItemCount, 8)
     PROPERTY(int, roomItemCount, setRoomItemCount, 8)

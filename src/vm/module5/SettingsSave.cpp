@@ -98,9 +98,9 @@ Settings::Values Module5Vm::values() const
                          {"call_count", number(callCount())},
                          {"is_small_img_mode", flag(isSmallImgMode())}};
     const auto isUnchosen = [this](const auto& value) {
-        return (value.first == QLatin1String("tts_language") && langIndex() < 0) ||
-               (value.first == QLatin1String("tts_voice") && voiceIndex() >= m_voices->rowCount()) ||
-               (value.first == QLatin1String("hand_card_com") && handComIndex() < 0);
+        return (value.first == QLatin1String("tts_language") && !m_languages->has(langIndex())) ||
+               (value.first == QLatin1String("tts_voice") && !m_voices->has(voiceIndex())) ||
+               (value.first == QLatin1String("hand_card_com") && !m_ports->has(handComIndex()));
     };
     all.erase(std::remove_if(all.begin(), all.end(), isUnchosen), all.end());
     return all;

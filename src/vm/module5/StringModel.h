@@ -16,6 +16,7 @@ public:
     }
 
     void update(const QStringList& texts) { replace(texts.toVector()); }
+    bool has(int index) const { return index >= 0 && index < rowCount(); }
     /// Empty without such a row.
     QString at(int index) const { return row(index); }
     int indexOf(const QString& text) const { return rows().indexOf(text); }

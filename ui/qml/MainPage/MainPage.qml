@@ -34,8 +34,6 @@ Rectangle {
             Dlg.showDialog(module.dialog, {})
         else if (module.url !== "")
             stackView.push(module.url, Modules.arguments(code, login))
-        else
-            stackView.push(unbuiltPage, {module: module.page})
     }
 
     function leaveModule() {
@@ -134,10 +132,5 @@ Rectangle {
             onChosen: page.begin(() => page.onSelectMenu(code))
             onLinesAsked: page.begin(() => Dlg.showDialog("cloudDlg", {}))
         }
-    }
-
-    Component {
-        id: unbuiltPage
-        ModulePage {}
     }
 }

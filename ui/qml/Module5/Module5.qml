@@ -16,9 +16,9 @@ Item {
         return count * cellWidth + (count - 1) * Theme.gap
     }
 
-    // Asked by whoever closes the page.
+    // Asked by whoever closes the page. A test that runs needs it for a few seconds more.
     function mayLeave() {
-        return !settings.isChanged || Ask.isConfirmed("有未保存的修改，离开会丢失。确定离开吗？")
+        return checks.isEnabled && (!settings.isChanged || Ask.isConfirmed("有未保存的修改，离开会丢失。确定离开吗？"))
     }
 
     function restart() {
