@@ -126,6 +126,25 @@ class Hands:
         subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep", "0.05", *moves, "mouseup",
                         "1"], check=True, env=self.environment)
 
+    def scroll(self, name, screens):
+        """Drags what lies under the name by so many of its heights, upwards when negative."""
+        x, y, width, height, _ = self.settled(name)
+        for _ in range(2 * abs(screens)):
+            start, end = (y + height * 3 // 4, y + height // 4)[::-1 if screens > 0 else 1]
+            path = [str(start + (end - start) * step // 10) for step in range(1, 11)]
+            moves = [word for to in path for word in ("mousemove", str(x + width - 40), to, "sleep", "0.02")]
+            subprocess.run(["xdotool", "mousemove", str(x + width - 40), str(start), "mousedown", "1", *moves, "sleep",
+                            "0.2", "mouseup", "1"], check=True, env=self.environment)
+
+    def gone_terminal(self):
+        """Waits until the terminal that was connected has ended."""
+        def ended():
+            try:
+                return not self.asked("mainPage")
+            except OSError:
+                return True
+        self.until("the terminal to end", ended)
+
     def keys(self, text):
         for key in text:
             self.tap(f"key_{key}")

@@ -3,7 +3,7 @@ import subprocess
 import sys
 import time
 
-from hands import new_slip
+import tour_counters
 from stand import MANAGER, MANAGER_CARD
 from tour_clock import board_again, service_clock, timer_first
 from tour_till import evening_at_the_till
@@ -225,6 +225,7 @@ def walk(stand, hands):
     for part in (massage_room, to_rest_and_back, group_of_rooms, rest_room, occupied_room, guests_leave,
                  service_clock, timer_first, call_queue, board_again, others_at_work, locked_module):
         part(desk)
+    tour_counters.walk(stand, hands)
 
 
 def queue_action(hands, button, number=None):
