@@ -4,6 +4,7 @@ import sys
 import time
 
 import tour_counters
+from hands import new_slip
 from stand import MANAGER, MANAGER_CARD
 from tour_clock import board_again, service_clock, timer_first
 from tour_till import evening_at_the_till

@@ -1,7 +1,7 @@
 """The evening's end of the tour: what guests do for themselves, cards that pay for others, and the technician."""
 import time
 
-import tour
+from hands import new_slip
 from stand import MANAGER
 
 
@@ -47,7 +47,7 @@ def buffet(stand, hands, guest, other):
     hands.number("counterButton", guest)
     answered(hands, "请用餐")
     hands.picture("buffet-taken")
-    tour.new_slip(stand, hands, before, "slip-buffet")
+    new_slip(stand, hands, before, "slip-buffet")
     hands.number("counterButton", guest)
     answered(hands, "已用过餐")
     hands.picture("buffet-again")
@@ -56,7 +56,7 @@ def buffet(stand, hands, guest, other):
     hands.tap("childBox", "plusButton")
     hands.number("counterButton", other)
     answered(hands, "请用餐")
-    tour.new_slip(stand, hands, before, "slip-child-meal")
+    new_slip(stand, hands, before, "slip-child-meal")
     leave(hands)
     stand.control("meal", {})
 
@@ -77,7 +77,7 @@ def transfer(stand, hands, sources, target):
     hands.picture("transfer-question")
     hands.tap("confirmButton")
     hands.see("tileGrid")
-    tour.new_slip(stand, hands, before, "slip-transfer")
+    new_slip(stand, hands, before, "slip-transfer")
 
 
 def settings(stand, hands):
@@ -96,7 +96,7 @@ def settings(stand, hands):
     hands.scroll("settingsScroll", -2)
     before = stand.slip_pictures()
     hands.tap("printTest", "voiceTest", "linesTest")
-    tour.new_slip(stand, hands, before, "slip-test")
+    new_slip(stand, hands, before, "slip-test")
     hands.tap("readersTest")
     hands.until("the reader to be listened to", lambda: hands.text("readersTest") == "停止读卡")
     stand.present_hand_card("61893583")
