@@ -21,6 +21,7 @@ import urllib.request
 
 START_LIMIT_S = 20
 END_LIMIT_S = 10
+LIFT_S = 1.1  # a card that is told of again sooner is one that stays on the reader
 VOICE_BYTES_PER_S = 22050 * 2
 HERE = pathlib.Path(__file__).resolve().parent
 SEED = HERE.parent / "house" / "seed" / "house.json"
@@ -109,6 +110,7 @@ class Stand:
         self.run = pathlib.Path(tempfile.mkdtemp(prefix="kv-stand-"))
         self.parts = {}  # by name, in the order of their start
         self.slips = self.folder / "slips"
+        self.card, self.card_at = None, 0  # presented last
         self.voice = self.folder / "voice.wav"  # what was said, where it isn't heard
         self.broker_port = free_port()
         self.house_port = free_port()
@@ -287,6 +289,10 @@ class Stand:
     # What is done to them from outside
 
     def present_staff_card(self, number=MANAGER_CARD):
+        """The same card again is lifted meanwhile."""
+        if number == self.card:
+            time.sleep(max(0, self.card_at + LIFT_S - time.monotonic()))
+        self.card, self.card_at = number, time.monotonic()
         subprocess.run([self.build / "sim" / "kv_card", "staff", self.staff_reader, number], check=True)
 
     def present_hand_card(self, serial):

@@ -1,6 +1,4 @@
 """A technician's part of the evening: his shift on the service clock, and a service whose items are told at its end."""
-import time
-
 from stand import MANAGER_CARD
 
 TECHNICIAN_CARD = "55687260"  # 812
@@ -10,7 +8,6 @@ TIMER_CARD = "17018771"  # 811
 def log_in(desk, tile, card, *seen):
     desk.hands.tap(f"tile_{tile}")
     desk.hands.see("loginDlg")
-    time.sleep(1)  # the card was lifted since it was read last
     desk.stand.present_staff_card(card)
     desk.hands.see(*seen)
 

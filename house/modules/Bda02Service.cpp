@@ -177,6 +177,9 @@ Reply chargeBack(House& house, const Call& call)
     return changed(house, clock.id);
 }
 
+/// A time of day, as the voucher has room for.
+std::string clockText(Seconds time) { return timeText(time).substr(11, 5); }
+
 /// Ends the whole service and hands out its lines.
 Reply endServer(House& house, const Call& call)
 {
@@ -194,8 +197,8 @@ Reply endServer(House& house, const Call& call)
                            {"price", line->price},
                            {"num", line->num},
                            {"amount", amountOf(*line)},
-                           {"startTime", timeText(line->startedAt)},
-                           {"endTime", timeText(line->endedAt)}});
+                           {"startTime", clockText(line->startedAt)},
+                           {"endTime", clockText(line->endedAt)}});
     }
     standStill(clock);
     changed(house, clock.id);

@@ -129,11 +129,16 @@ void Terminal::connectReader()
     qputenv("KV_PANEL_COM1", ::ptsname(m_readerLine));
 }
 
+/// The same card again was lifted meanwhile, or it would be one that stays on the reader.
 bool Terminal::writeCard(const QString& number)
 {
+    constexpr int liftMs = 1100;
+    if (!takesInput() || (number == m_card && !m_sinceCard.hasExpired(liftMs)))
+        return false;
+    m_card = number;
+    m_sinceCard.start();
     const QByteArray burst = number.toLatin1() + "\r\n";
-    return takesInput() &&
-           ::write(m_readerLine, burst.constData(), static_cast<size_t>(burst.size())) == burst.size();
+    return ::write(m_readerLine, burst.constData(), static_cast<size_t>(burst.size())) == burst.size();
 }
 
 bool Terminal::isUp() const { return GlobalConfig::getInstance()->iSysStatus() == 2; }

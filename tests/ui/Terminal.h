@@ -2,6 +2,7 @@
 
 #include "support/HouseProcess.h"
 
+#include <QElapsedTimer>
 #include <QQmlApplicationEngine>
 #include <QRectF>
 #include <QTemporaryDir>
@@ -104,6 +105,8 @@ private:
 
     HouseProcess m_house;
     int m_readerLine = -1; ///< the reader's end of its serial line
+    QString m_card;        ///< presented last
+    QElapsedTimer m_sinceCard;
     QTemporaryDir m_folder;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
     QTimer m_timer;

@@ -95,7 +95,7 @@ void tst_clock::shift()
     QVERIFY(!started.contains("roomNo") && !started.contains("pushNo"));
 
     WALKED(m_terminal
-               ->walk("~1100 tile_STAFF_QTZ_CTRL +loginDlg @82413995 +DownServerPage"
+               ->walk("tile_STAFF_QTZ_CTRL +loginDlg @82413995 +DownServerPage"
                       " ?surplusText.text=剩余90分 +running_0 -running_1 -change_0"
                       " add_0 =success|加钟成功 ?surplusText.text=剩余150分 +running_1"
                       " running_1 change_5 =success|换钟成功 ?surplusText.text=剩余120分 -change_0"

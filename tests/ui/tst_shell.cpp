@@ -184,11 +184,11 @@ void tst_shell::loginsThatFail()
 
 void tst_shell::everyTile_data()
 {
-    // The last two open a dialog and no page; the till asks for its guest at once.
+    // The last two open a dialog and no page; the clock is for technicians; the till asks for its guest at once.
     addRows(R"(
 tile_CONSUME_CTRL ; Module2 +numKeyDlg cancelButton -numKeyDlg ; CONSUME_CTRL
 tile_ROOMINFO_CTRL ; Module1 ; ROOMINFO_CTRL
-tile_STAFF_QTZ_CTRL ; Module3 ; STAFF_QTZ_CTRL
+tile_STAFF_QTZ_CTRL ; Module3 =error|工号【1001】非[待钟/上钟]状态不允许操作 -Module3 ; STAFF_QTZ_CTRL
 tile_HELP_BASH_WAIT ; Module4 ; HELP_BASH_WAIT
 bottom_SYS_CTRL ; Module5 ; SYS_CTRL
 tile_NO_ITEM_SERVER ; Module6 ; NO_ITEM_SERVER
