@@ -184,7 +184,7 @@ void tst_shell::loginsThatFail()
 
 void tst_shell::everyTile_data()
 {
-    // The last two open a dialog and no page; the clock is for technicians; the till asks for its guest at once.
+    // The last two open a dialog and no page; the clock is for technicians; till and transfer ask at once.
     addRows(R"(
 tile_CONSUME_CTRL ; Module2 +numKeyDlg cancelButton -numKeyDlg ; CONSUME_CTRL
 tile_ROOMINFO_CTRL ; Module1 ; ROOMINFO_CTRL
@@ -194,7 +194,7 @@ bottom_SYS_CTRL ; Module5 ; SYS_CTRL
 tile_NO_ITEM_SERVER ; Module6 ; NO_ITEM_SERVER
 tile_SELF_ORDER ; Module7 ; SELF_ORDER
 tile_ZZC_CTRL ; Module8 ; ZZC_CTRL
-tile_TRANSFER_CTRL ; Module9 ; PAY_CTRL
+tile_TRANSFER_CTRL ; Module9 +transferCardsDlg backButton -transferCardsDlg ; PAY_CTRL
 bottom_JRZB ; todaySumDlg backButton -todaySumDlg +closeButton ; CONSUME_CTRL
 bottom_YJ ; sellSumDlg backButton -sellSumDlg +closeButton ; CONSUME_CTRL
 )");
@@ -232,7 +232,7 @@ void tst_shell::lockAndUnlock()
 
 void tst_shell::leavingALockedModule()
 {
-    WALKED(login("tile_TRANSFER_CTRL").walk("+Module9 lockButton"));
+    WALKED(login("tile_TRANSFER_CTRL").walk("+transferCardsDlg backButton -transferCardsDlg +Module9 lockButton"));
     QTRY_VERIFY(config()->isCurrentModeLocked());
     WALKED(walk("returnButton +loginDlg cancelButton -loginDlg +Module9"));
     WALKED(login("returnButton").walk("-Module9"));
