@@ -232,7 +232,8 @@ void tst_shell::lockAndUnlock()
 
 void tst_shell::leavingALockedModule()
 {
-    WALKED(login("tile_TRANSFER_CTRL").walk("+transferCardsDlg backButton -transferCardsDlg +Module9 lockButton"));
+    WALKED(
+        login("tile_TRANSFER_CTRL").walk("+transferCardsDlg backButton -transferCardsDlg +Module9 lockButton"));
     QTRY_VERIFY(config()->isCurrentModeLocked());
     WALKED(walk("returnButton +loginDlg cancelButton -loginDlg +Module9"));
     WALKED(login("returnButton").walk("-Module9"));

@@ -48,7 +48,6 @@ private Q_SLOTS:
         Clock::setSource(fakeMs);
     }
     void cleanup() { Clock::setSource(nullptr); }
-    void entry_data();
     void entry();
     void quit_data();
     void quit();
@@ -95,32 +94,25 @@ private:
     std::unique_ptr<RoomFixture> m_terminal;
 };
 
-void tst_clock_timer::entry_data()
-{
-    addRows(R"(
-{"serverStatus":0} | S | 1 | 0 |
-{"serverStatus":1} | S | 2 | 0 |
-{"serverStatus":7} | S | 0 | 0 |
-null | S | -1 | 0 | error|未能获取到技师信息
-refuse | S | 0 | 0 | error|no
-{} |  | 0 | 1 |)");
-}
-
+/// The page follows from the answer; one without a technician closes the module, and so does a login without.
 void tst_clock_timer::entry()
 {
-    QFETCH(QStringList, cells);
-    if (cells[0] == "refuse")
-        m_terminal->refuse(workPath, "no");
-    else
-        m_terminal->answer(workPath, cells[0] == "null" ? QJsonValue() : QJsonValue(json(cells[0])));
-    Module6Vm module;
-    QSignalSpy closes(&module, &Module6Vm::onCloseSignal);
-    QSignalSpy loads(&module, &Module6Vm::setLoaderSignal);
-    module.init("801", cells[1]);
-    QCOMPARE(QString::number(module.operStatus()), cells[2]);
-    QCOMPARE(loads.size(), cells[2] == "0" ? 0 : 1);
-    QCOMPARE(QString::number(closes.size()), cells[3]);
-    QCOMPARE(shown(), cells.value(4));
+    const auto entered = [&](const QJsonValue& data, const QString& staffId = "S") {
+        m_terminal->answer(workPath, data);
+        Module6Vm module;
+        QSignalSpy closes(&module, &Module6Vm::onCloseSignal);
+        QSignalSpy loads(&module, &Module6Vm::setLoaderSignal);
+        module.init("801", staffId);
+        return QString("%1 %2 %3 %4")
+            .arg(module.operStatus())
+            .arg(loads.size())
+            .arg(closes.size())
+            .arg(shown());
+    };
+    QCOMPARE(entered(QJsonObject{{"serverStatus", 0}}), QString("1 1 0 "));
+    QCOMPARE(entered(QJsonObject{{"serverStatus", 1}}), QString("2 1 0 "));
+    QCOMPARE(entered({}), QString("-1 1 0 error|未能获取到技师信息"));
+    QCOMPARE(entered(QJsonObject{}, ""), QString("0 0 1 "));
 }
 
 void tst_clock_timer::quit_data()

@@ -32,10 +32,10 @@ Tappable {
         anchors.leftMargin: field.pad
         anchors.right: mark.left
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: field.fault === "" ? Theme.px(8) : Theme.px(28)
+        anchors.bottomMargin: field.fault === "" ? Theme.px(8) : Theme.px(24)
         text: field.text === "" ? field.prompt : field.text
         leastSize: Theme.leastSize
-        font.pixelSize: field.text === "" ? Theme.headSize : Theme.px(30)
+        font.pixelSize: field.text === "" || field.fault !== "" ? Theme.headSize : Theme.px(30)
         color: field.text === "" ? Theme.textFaint : Theme.text
     }
 
@@ -44,7 +44,7 @@ Tappable {
         x: field.pad
         width: parent.width - 2 * field.pad
         anchors.bottom: parent.bottom
-        anchors.bottomMargin: Theme.px(5)
+        anchors.bottomMargin: Theme.px(4)
         visible: field.fault !== ""
         text: field.fault
         leastSize: Theme.leastSize
