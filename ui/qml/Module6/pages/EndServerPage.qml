@@ -170,10 +170,10 @@ Item {
         BigField {
             id: card
             objectName: "cardField"
-            width: (parent.width - 2 * Theme.gap) / 3
+            width: Theme.px(190) // a serial has its place
             enabled: service.isEnabled
             label: "手牌号"
-            prompt: "刷或输入"
+            prompt: "刷入或输入"
             text: service.cardNo
             fault: service.unknownCard === "" ? "" : "不能使用：" + service.unknownCard
             action: () => page.askCard()
@@ -183,7 +183,7 @@ Item {
             id: position
             objectName: "positionField"
             x: card.width + Theme.gap
-            width: card.width
+            width: (parent.width - x - Theme.gap) / 2
             enabled: service.isEnabled
             label: "位置"
             prompt: "可不填"
@@ -193,8 +193,8 @@ Item {
 
         BigField {
             objectName: "pushField"
-            x: 2 * position.x
-            width: card.width
+            anchors.right: parent.right
+            width: position.width
             enabled: service.isEnabled
             label: "推钟人"
             prompt: "可不填"
