@@ -3,10 +3,13 @@
 #include "Terminal.h"
 
 #include "common/GlobalConfig.h"
+#include "inspect/Legibility.h"
 
 #include <QJsonArray>
 #include <QQuickItem>
+#include <QQuickItemGrabResult>
 #include <QQuickWindow>
+#include <QSignalSpy>
 #include <QtTest>
 
 #include <memory>
@@ -64,6 +67,16 @@ private:
     QJsonObject sent(const QString& path)
     {
         return m_terminal->house().lastRequest(path).value("json").toObject();
+    }
+
+    /// What on the page can't be read or hit.
+    QString faults(const QString& page)
+    {
+        const QQuickItem* item = m_terminal->item(page);
+        const auto grab = item->window()->contentItem()->grabToImage();
+        if (!grab || !QSignalSpy(grab.data(), &QQuickItemGrabResult::ready).wait())
+            return "no picture";
+        return Legibility::faults(Legibility::wholeItems(item), grab->image()).join("; ");
     }
 
     std::unique_ptr<Terminal> m_terminal;
@@ -215,10 +228,14 @@ void tst_clock::looks()
         login("STAFF_QTZ_CTRL", "803").walk("-loginDlg").act(rights).walk("+" + page + " +server_2");
     };
     show(1, "UpServerPage");
-    WALKED(m_terminal->walk("server_1").picture("clock-start-" + row[0]).walk("returnButton -Module3"));
+    WALKED(m_terminal->walk("server_1").picture("clock-start-" + row[0]));
+    QCOMPARE(faults("UpServerPage"), QString());
+    WALKED(m_terminal->walk("returnButton -Module3"));
     show(2, "DownServerPage");
     WALKED(m_terminal->walk("+refund_0 running_0 +change_0 ?surplusText.text=" + row[4])
                .picture("clock-end-" + row[0]));
+
+    QCOMPARE(faults("DownServerPage"), QString());
 
     const QQuickItem* page = m_terminal->item("DownServerPage");
     const double millimetre = place(page).width() / 345; // the smallest panel that shops use
