@@ -224,9 +224,11 @@ def walk(stand, hands):
     evening_at_the_till(stand, hands)
     open_board(stand, hands)
     for part in (massage_room, to_rest_and_back, group_of_rooms, rest_room, occupied_room, guests_leave,
-                 service_clock, timer_first, call_queue, board_again, others_at_work, locked_module):
+                 service_clock, timer_first, call_queue):
         part(desk)
     tour_counters.walk(stand, hands)
+    for part in (board_again, others_at_work, locked_module):  # what is locked stays so
+        part(desk)
 
 
 def queue_action(hands, button, number=None):
