@@ -209,9 +209,8 @@ private Q_SLOTS:
         push.evaluate();
         walk("+guestText ~700 -numKeyDlg " + hall +
              "type_1 item_0 +newLine_0 saveSaleButton -Module2 =success|操作成功");
-        WALKED(walk("tile_CONSUME_CTRL"));
-        terminal->set_closeFlg(false);
-        WALKED(walk("+loginDlg @94780011 -loginDlg +numKeyDlg cancelButton"));
+        m_terminal->act([=] { terminal->set_closeFlg(false); });
+        WALKED(walk("tile_CONSUME_CTRL +loginDlg @94780011 -loginDlg +numKeyDlg cancelButton"));
     }
 
     /// Pictures come when they come; tiles don't wait for them, and a broken one is replaced.
