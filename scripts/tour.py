@@ -3,8 +3,10 @@ import subprocess
 import sys
 import time
 
+import tour_counters
 from hands import new_slip
 from stand import MANAGER, MANAGER_CARD
+from tour_clock import board_again, service_clock, timer_first
 from tour_till import evening_at_the_till
 
 MADE = "tour.txt"  # which pictures of its folder a tour has made
@@ -44,6 +46,9 @@ class Desk:
     def save_with_slip(self, dialog, name):
         before = self.stand.slip_pictures()
         self.save(dialog)
+        self.slip(before, name)
+
+    def slip(self, before, name):
         new_slip(self.stand, self.hands, before, name)
 
     def confirm(self, dialog, picture=None):
@@ -219,8 +224,9 @@ def walk(stand, hands):
     evening_at_the_till(stand, hands)
     open_board(stand, hands)
     for part in (massage_room, to_rest_and_back, group_of_rooms, rest_room, occupied_room, guests_leave,
-                 others_at_work, locked_module, call_queue):
+                 service_clock, timer_first, call_queue, board_again, others_at_work, locked_module):
         part(desk)
+    tour_counters.walk(stand, hands)
 
 
 def queue_action(hands, button, number=None):

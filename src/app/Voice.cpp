@@ -9,12 +9,23 @@
 namespace {
 
 constexpr int feedMs = 1000;
+/// No text takes so long to say. An engine whose service has died stays busy.
+constexpr int patienceMs = 30000;
 /// With more than these the calls are too old to be of use.
 constexpr int mostWaiting = 100;
 
 } // namespace
 
-Voice::Voice(QObject* parent) : QObject(parent), m_timer(new QTimer(this)) {}
+Voice::Voice(QObject* parent) : QObject(parent), m_timer(new QTimer(this)), m_patience(new QTimer(this))
+{
+    m_patience->setObjectName(QStringLiteral("patience"));
+    m_patience->setSingleShot(true);
+    connect(m_patience, &QTimer::timeout, this, [this] {
+        qDebug() << "The speech engine comes to no end and is replaced";
+        m_engine->deleteLater();
+        makeEngine();
+    });
+}
 
 QString Voice::label(const QLocale& locale)
 {
@@ -29,6 +40,13 @@ void Voice::init()
         setFault(QStringLiteral("本机没有语音引擎"));
         return;
     }
+    makeEngine();
+    qDebug() << "STEP 8";
+    connect(m_timer, &QTimer::timeout, this, &Voice::feed);
+}
+
+void Voice::makeEngine()
+{
     qDebug() << "STEP 2";
     m_engine = new QTextToSpeech(speechEngineName(), this);
     qDebug() << "STEP 3";
@@ -38,8 +56,6 @@ void Voice::init()
     qDebug() << "STEP 5";
     m_timer->start();
     applySettings();
-    qDebug() << "STEP 8";
-    connect(m_timer, &QTimer::timeout, this, &Voice::feed);
     connect(m_engine, &QTextToSpeech::stateChanged, this, &Voice::updateFault);
     updateFault();
 }
@@ -118,8 +134,14 @@ void Voice::feed()
         if (m_queue.size() > mostWaiting)
             m_queue.clear();
     }
+    if (m_engine->state() == QTextToSpeech::Ready) {
+        m_patience->stop();
+        m_handed = 0;
+    } else if (!m_patience->isActive()) {
+        m_patience->start(patienceMs * qMax(1, m_handed));
+    }
     QString text;
-    while (m_engine->state() == QTextToSpeech::Ready && takeNext(text))
+    for (; m_engine->state() == QTextToSpeech::Ready && takeNext(text); ++m_handed)
         m_engine->say(text);
     updateWaiting();
     m_timer->start();

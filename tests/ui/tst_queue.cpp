@@ -162,6 +162,10 @@ void tst_queue::looks()
     QCOMPARE(m_terminal->text("served_3"), QString("服务中...."));
     QVERIFY(!m_terminal->item("cross_8053"));
     QCOMPARE(m_terminal->text("waitTime_0"), QString("已等: 120 分"));
+    QCOMPARE(m_terminal->text("voiceText"), QString("语音播报未开启"));
+    MainClass::getInstance()->setVoiceFault({});
+    MainClass::getInstance()->setVoiceWaiting(3);
+    QCOMPARE(m_terminal->text("voiceText"), QString("待播 3"));
     // 12 mm on a screen of 15.6 inches and 1366 pixels across.
     QQuickItem* number = m_terminal->item("calledNo_0");
     QFont font = number->property("font").value<QFont>();
@@ -220,7 +224,6 @@ void tst_queue::placeIsKept()
         return m_terminal->text(QString("waitNo_%1").arg(index));
     };
     list->setProperty("contentY", 1000);
-    QMetaObject::invokeMethod(list, "movementEnded");
     const QString card = topCard();
     QVERIFY(!card.isEmpty() && card != "8001");
     const qreal place = list->property("contentY").toReal();

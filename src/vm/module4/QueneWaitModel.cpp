@@ -41,7 +41,9 @@ void QueneWaitModel::update(const Array<QueneCallDto*>& entries)
         fresh.append({entry->id(), entry->cardNo(), entry->minuteNum(), entry->status(), entry->statusVal(),
                       entry->callNum(), entry->uptime(), isCalled ? mark : known.mark});
     }
+    Q_EMIT aboutToUpdate();
     refresh(fresh);
+    Q_EMIT updated();
     if (firstCalled < 0)
         return;
     m_lastMark = mark;

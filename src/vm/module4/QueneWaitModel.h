@@ -33,6 +33,9 @@ public:
     Q_INVOKABLE QStringList ids() const;
 
 Q_SIGNALS:
+    /// Around an update, so that a view may keep its place.
+    void aboutToUpdate();
+    void updated();
     /// The entry at this place was called just now.
     void called(int index);
 

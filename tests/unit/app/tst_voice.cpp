@@ -25,6 +25,7 @@ private Q_SLOTS:
     void silencedInTheMiddle();
     void whyNothingIsHeard_data();
     void whyNothingIsHeard();
+    void stuckEngineIsReplaced();
     void tooManyAreDropped();
     void leavingTheModuleSilences();
 
@@ -133,6 +134,22 @@ void tst_voice::whyNothingIsHeard()
     voice.add("1000", 1);
     QTest::qWait(30);
     QCOMPARE(voice.waiting(), engine == "broken" ? 1 : 0);
+}
+
+/// One whose service has died stays busy for ever; what waits is said by the next one.
+void tst_voice::stuckEngineIsReplaced()
+{
+    Voice voice;
+    start(voice, "stuck");
+    voice.add("lost", 1);
+    voice.add("kept", 2);
+    auto* patience = voice.findChild<QTimer*>("patience");
+    QTRY_VERIFY(patience->isActive());
+    QCOMPARE(voice.waiting(), 1);
+    qApp->setProperty("engine", "early");
+    patience->start(0);
+    QTRY_COMPARE(heard(), (QStringList{"kept", "kept"}));
+    QTRY_VERIFY(!patience->isActive());
 }
 
 void tst_voice::tooManyAreDropped()

@@ -37,6 +37,36 @@ void announce(const QString& key) { Q_EMIT program()->mqttSignal(config()->MQTT_
 
 qint64 s_nowMs = 0;
 
+// own text | kinds announced here | number/kind of those called | what is said, parted by ";"
+const char announcementTable[] = R"(
+ | 1,2 | 0012/1 8001/2 | 请0 0 1 2 号贵宾前往助浴区;请8 0 0 1 号贵宾前往助浴区
+手牌%1请到二楼 | 2 | A7/2 | 手牌A 7 请到二楼______
+请到二楼 | 2 | 7/2 | 请7 号贵宾前往助浴区
+ | 2 | 1/1 /2 3/ 4/2 5/22 | 请4 号贵宾前往助浴区
+ | | 1/1 |
+)";
+
+// what is done | the fields of the answer | what is shown | what the page is told
+const char outcomeTable[] = R"(
+finish | card staff | | 8001 u p r S
+finish | card | |
+finish | staff | |
+grade | card staff orders grades | | H S 1 1
+grade | staff orders grades | |
+grade | card orders grades | |
+grade | card staff | error\|当前手牌无未评价订单 |
+grade | card staff orders | error\|未设置评价,请联系系统管理员 |
+)";
+
+// the day's start | now | 1 today, 2 yesterday | from | to
+const char dayTable[] = R"(
+06:00:00 | 2026-11-23 05:00:00 | 1 | 2026-11-22 06:00:00 | 2026-11-23 05:59:59
+06:00:00 | 2026-11-23 07:00:00 | 1 | 2026-11-23 06:00:00 | 2026-11-24 05:59:59
+06:00:00 | 2026-11-23 05:00:00 | 2 | 2026-11-21 06:00:00 | 2026-11-22 05:59:59
+06:00:00 | 2026-11-23 06:00:00 | 2 | 2026-11-22 06:00:00 | 2026-11-23 05:59:59
+00:00:00 | 2026-11-23 00:00:00 | 1 | 2026-11-23 00:00:00 | 2026-11-23 23:59:59
+)";
+
 } // namespace
 
 class tst_queue_station : public QObject
@@ -48,13 +78,13 @@ private Q_SLOTS:
     void cleanupTestCase();
     void init();
 
-    void announcements_data();
+    void announcements_data() { addRows(announcementTable); }
     void announcements();
     void announcedInOrder();
     void swipeDuringAnAction();
-    void outcomes_data();
+    void outcomes_data() { addRows(outcomeTable); }
     void outcomes();
-    void days_data();
+    void days_data() { addRows(dayTable); }
     void days();
     void broker();
 
@@ -86,40 +116,14 @@ void tst_queue_station::init()
     qApp->setProperty("heard", QStringList());
 }
 
-void tst_queue_station::announcements_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("kinds");
-    QTest::addColumn<QString>("cards"); // number/kind
-    QTest::addColumn<QStringList>("spoken");
-    const auto usual = [](const QString& number) { return QString("请%1号贵宾前往助浴区").arg(number); };
-    QTest::newRow("the usual text") << ""
-                                    << "1,2"
-                                    << "0012/1 8001/2" << QStringList{usual("0 0 1 2 "), usual("8 0 0 1 ")};
-    QTest::newRow("the own text") << "手牌%1请到二楼"
-                                  << "2"
-                                  << "A7/2" << QStringList{"手牌A 7 请到二楼      "};
-    QTest::newRow("a text without a place") << "请到二楼"
-                                            << "2"
-                                            << "7/2" << QStringList{usual("7 ")};
-    QTest::newRow("others' kinds, and none") << ""
-                                             << "2"
-                                             << "1/1 /2 3/ 4/2 5/22" << QStringList{usual("4 ")};
-    QTest::newRow("no kinds") << ""
-                              << ""
-                              << "1/1" << QStringList();
-}
-
 void tst_queue_station::announcements()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, kinds);
-    QFETCH(QString, cards);
-    QFETCH(QStringList, spoken);
-    config()->setZyTtsText(text);
-    config()->terminalInfo()->set_hardCardTypes(kinds);
+    QFETCH(QStringList, cells);
+    const QStringList spoken = QString(cells[3]).replace('_', ' ').split(';', Qt::SkipEmptyParts);
+    config()->setZyTtsText(cells[0]);
+    config()->terminalInfo()->set_hardCardTypes(cells[1]);
     Module4Vm station;
-    m_terminal->answer(speechPath, calls(cards));
+    m_terminal->answer(speechPath, calls(cells[2]));
     announce({});
     announce("CALL7");
     QTRY_COMPARE(m_terminal->sent(speechPath), QJsonObject({{"key", "CALL7"}}));
@@ -163,37 +167,22 @@ void tst_queue_station::swipeDuringAnAction()
     QCOMPARE(m_terminal->takeShown(), (QStringList{done, done}));
 }
 
-void tst_queue_station::outcomes_data()
-{
-    QTest::addColumn<QString>("answer");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("signalled");
-    const QString card = R"("hardCardInfo": {"cardNo": "8001", "hardCardId": "H"})";
-    const QString staff = R"("staffUserInfo": {"id": "S"})";
-    const QString order = R"("assessOrders": [{"hardOrderId": "O"}])";
-    const QString grade = R"("assessInfos": [{"id": "G"}])";
-    const auto row = [](const char* name, const QStringList& fields, const QString& shown,
-                        const QString& signalled) {
-        QTest::newRow(name) << "{" + fields.join(", ") + "}" << shown << signalled;
-    };
-    row("finished", {card, staff}, "", "8001 u p r S");
-    row("finished by nobody", {card}, "", "");
-    row("finished without a card", {staff}, "", "");
-    row("graded", {card, staff, order, grade}, "", "H S 1 1");
-    row("graded without a card", {staff, order, grade}, "", "");
-    row("graded by nobody", {card, order, grade}, "", "");
-    row("graded without orders", {card, staff, R"("assessOrders": [])"}, "error|当前手牌无未评价订单", "");
-    row("graded without grades", {card, staff, order}, "error|未设置评价,请联系系统管理员", "");
-}
-
 void tst_queue_station::outcomes()
 {
-    QFETCH(QString, answer);
-    QFETCH(QString, shown);
-    QFETCH(QString, signalled);
-    const bool isGrading = QString(QTest::currentDataTag()).startsWith("graded");
-    m_terminal->answer(isGrading ? "/bca01/getHardCardAssessOrders" : "/bca01/completeWaitCall",
-                       QJsonDocument::fromJson(answer.toUtf8()).object());
+    const QJsonObject all{{"card", QJsonObject{{"cardNo", "8001"}, {"hardCardId", "H"}}},
+                          {"staff", QJsonObject{{"id", "S"}}},
+                          {"orders", QJsonArray{QJsonObject{{"hardOrderId", "O"}}}},
+                          {"grades", QJsonArray{QJsonObject{{"id", "G"}}}}};
+    const QMap<QString, QString> keys{{"card", "hardCardInfo"},
+                                      {"staff", "staffUserInfo"},
+                                      {"orders", "assessOrders"},
+                                      {"grades", "assessInfos"}};
+    QFETCH(QStringList, cells);
+    const bool isGrading = cells[0] == "grade";
+    QJsonObject answer;
+    for (const QString& field : cells[1].split(' '))
+        answer.insert(keys[field], all[field]);
+    m_terminal->answer(isGrading ? "/bca01/getHardCardAssessOrders" : "/bca01/completeWaitCall", answer);
     Module4Vm station;
     QString signal;
     connect(&station, &Module4Vm::beginConsumeSignal, this,
@@ -212,44 +201,25 @@ void tst_queue_station::outcomes()
         station.assess("8001", {}, "u", "p", {});
     else
         station.complate("8001", {}, "u", "p", "r");
-    QCOMPARE(signal, signalled);
-    QCOMPARE(m_terminal->takeShown().join(' '), shown);
-}
-
-void tst_queue_station::days_data()
-{
-    QTest::addColumn<QString>("dayStart");
-    QTest::addColumn<QString>("now");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("range");
-    const auto row = [](const char* dayStart, const char* now, int type, const char* range) {
-        QTest::addRow("%s %s %d", dayStart, now, type) << dayStart << now << type << range;
-    };
-    row("06:00:00", "2026-11-23 05:00:00", 1, "2026-11-22 06:00:00 2026-11-23 05:59:59");
-    row("06:00:00", "2026-11-23 07:00:00", 1, "2026-11-23 06:00:00 2026-11-24 05:59:59");
-    row("06:00:00", "2026-11-23 05:00:00", 2, "2026-11-21 06:00:00 2026-11-22 05:59:59");
-    row("06:00:00", "2026-11-23 06:00:00", 2, "2026-11-22 06:00:00 2026-11-23 05:59:59");
-    row("00:00:00", "2026-11-23 00:00:00", 1, "2026-11-23 00:00:00 2026-11-23 23:59:59");
+    QCOMPARE(m_terminal->takeShown().join(' '), cells[2]);
+    QCOMPARE(signal, cells.value(3));
 }
 
 void tst_queue_station::days()
 {
-    QFETCH(QString, dayStart);
-    QFETCH(QString, now);
-    QFETCH(int, type);
-    QFETCH(QString, range);
-    s_nowMs = QDateTime::fromString(now, "yyyy-MM-dd HH:mm:ss").toMSecsSinceEpoch();
+    QFETCH(QStringList, cells);
+    s_nowMs = QDateTime::fromString(cells[1], "yyyy-MM-dd HH:mm:ss").toMSecsSinceEpoch();
     Clock::setSource([] { return s_nowMs; });
     const QString before = config()->sysConfig()->startTime();
-    config()->sysConfig()->set_startTime(dayStart);
+    config()->sysConfig()->set_startTime(cells[0]);
     m_terminal->answer("/bca01/getHelpCallBashApiLogPageList", QJsonObject{{"list", QJsonArray{}}});
     PassRecordVm records;
-    records.setDateType(type);
+    records.setDateType(cells[2].toInt());
     QVERIFY(records.getRecords());
     Clock::setSource(nullptr);
     config()->sysConfig()->set_startTime(before);
     const QJsonObject sent = m_terminal->sent("/bca01/getHelpCallBashApiLogPageList");
-    QCOMPARE(sent.value("startTime").toString() + " " + sent.value("endTime").toString(), range);
+    QCOMPARE(sent, QJsonObject({{"startTime", cells[3]}, {"endTime", cells[4]}}));
     const QString target =
         m_terminal->house().lastRequest("/bca01/getHelpCallBashApiLogPageList").value("target").toString();
     QVERIFY(target.contains("page=1") && target.contains("limit=200"));

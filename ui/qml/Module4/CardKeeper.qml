@@ -25,33 +25,20 @@ QtObject {
         const still = ids.find(id => view.model.indexOf(id) >= 0)
         if (still === undefined) {
             view.positionViewAtBeginning()
-        } else {
-            view.positionViewAtIndex(view.model.indexOf(still), ListView.Beginning)
-            const last = view.originY + view.contentHeight - view.height
-            view.contentY = Math.max(view.originY, Math.min(view.contentY + offset, last))
+            return
         }
-        note()
+        view.positionViewAtIndex(view.model.indexOf(still), ListView.Beginning)
+        const last = view.originY + view.contentHeight - view.height
+        view.contentY = Math.max(view.originY, Math.min(view.contentY + offset, last))
     }
 
-    function show(index) {
-        view.positionViewAtIndex(index, ListView.Contain)
-        note()
-    }
-
-    readonly property Connections moves: Connections {
-        target: keeper.view
-        function onMovementEnded() {
+    readonly property Connections updates: Connections {
+        target: keeper.view.model || null
+        function onAboutToUpdate() {
             keeper.note()
         }
-    }
-
-    readonly property Connections changes: Connections {
-        target: keeper.view.model || null
-        // The view learns of either behind this.
-        function onModelReset() {
-            Qt.callLater(keeper.restore)
-        }
-        function onDataChanged() {
+        // The view learns of it behind this.
+        function onUpdated() {
             Qt.callLater(keeper.restore)
         }
     }

@@ -235,14 +235,13 @@ Item {
             }
 
             CardKeeper {
-                id: keeper
                 view: calledList
             }
 
             Connections {
                 target: vm.pQueneModel
                 function onCalled(index) {
-                    Qt.callLater(() => keeper && keeper.show(index))
+                    Qt.callLater(() => calledList && calledList.positionViewAtIndex(index, GridView.Contain))
                 }
             }
 
