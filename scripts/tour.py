@@ -215,6 +215,17 @@ def locked_module(desk):
     hands.picture("locked")
     hands.tap("confirmButton")
     hands.see("tile_ROOMINFO_CTRL")
+    # The lock outlives the module; whoever may open it takes it off in the next one.
+    hands.tap("tile_ROOMINFO_CTRL")
+    hands.see("loginDlg")
+    desk.stand.present_staff_card(MANAGER_CARD)
+    hands.see("Module1", "room_112")
+    hands.tap("lockButton")
+    hands.see("loginDlg")
+    desk.stand.present_staff_card(MANAGER_CARD)
+    hands.gone("loginDlg")
+    hands.tap("returnButton")
+    hands.see("tile_ROOMINFO_CTRL")
 
 
 def walk(stand, hands):

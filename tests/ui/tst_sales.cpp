@@ -41,7 +41,6 @@ private Q_SLOTS:
     void taste();
     void marketPrice();
     void sale();
-    void search();
     void reports();
     void crowd();
 
@@ -181,24 +180,6 @@ void tst_sales::sale()
         lines.append(QString("%1x%2").arg(line["status"].toInt()).arg(line["num"].toInt()));
     QCOMPARE(lines, QStringList({"2x1", "1x2"}));
     QCOMPARE(sent.value("remark"), QJsonValue("加茶水"));
-}
-
-/// However fast the letters are, the field has them all; a booked item empties it again.
-void tst_sales::search()
-{
-    m_terminal->tap(restHall)
-        .walk("+item_0")
-        .tap("searchKey")
-        .tap("initial_K")
-        .tap("initial_Q")
-        .tap("initial_S");
-    m_terminal->until("the only item",
-                      [this] { return m_terminal->item("item_0") && !m_terminal->item("item_1"); });
-    m_terminal->picture("till-search").tap("item_0").walk("+newLine_0").walk("-item_0").tap("searchClose");
-    m_terminal->tap("cancelSaleButton").walk("+msgConfirmDlg").tap("confirmButton").walk("-newLine_0");
-    QCOMPARE(m_terminal->run(), QString());
-    QCOMPARE(m_terminal->house().lastRequest("/bca01/getItemList")["json"].toObject().value("plucode"),
-             QJsonValue("KQS"));
 }
 
 void tst_sales::reports()

@@ -109,14 +109,16 @@ private Q_SLOTS:
         WALKED(walk("confirmButton -numDlg ?num_0.shown=12 cancelSaleButton confirmButton -newLine_0"));
     }
 
-    /// Letters that are typed during a query aren't lost, and the last text is what is found.
+    /// Letters that are typed during a query aren't lost, and the last text is what is found; a booked item
+    /// empties the field again.
     void typedDuringAQuery()
     {
         m_terminal->house().fault("/bca01/getItemList", "delay", 500);
         walk(hall + "searchKey initial_K ~450 initial_Q initial_S ?initialsLine.text=KQS");
         m_terminal->until("one item",
                           [this] { return m_terminal->item("item_0") && !m_terminal->item("item_1"); });
-        WALKED(walk("clearMark -item_0 searchClose cancelSaleButton"));
+        m_terminal->picture("till-search").walk("item_0 +newLine_0 -item_0 ?initialsLine.text= searchClose");
+        WALKED(walk("cancelSaleButton confirmButton -newLine_0"));
         QCOMPARE(m_terminal->house().seen("/bca01/getItemList"), 3); // the category, K, KQS
     }
 
@@ -209,9 +211,8 @@ private Q_SLOTS:
         push.evaluate();
         walk("+guestText ~700 -numKeyDlg " + hall +
              "type_1 item_0 +newLine_0 saveSaleButton -Module2 =success|操作成功");
-        WALKED(walk("tile_CONSUME_CTRL"));
-        terminal->set_closeFlg(false);
-        WALKED(walk("+loginDlg @94780011 -loginDlg +numKeyDlg cancelButton"));
+        m_terminal->act([=] { terminal->set_closeFlg(false); });
+        WALKED(walk("tile_CONSUME_CTRL +loginDlg @94780011 -loginDlg +numKeyDlg cancelButton"));
     }
 
     /// Pictures come when they come; tiles don't wait for them, and a broken one is replaced.

@@ -12,7 +12,7 @@ void addGroup(QVector<todaysum_struct>& groups, const char* name, const Array<To
     group.typeName = QString::fromUtf8(name);
     for (const TodaySumDto* counter : counters) {
         group.totalCount += counter->num();
-        group.content += QStringLiteral("%1: %2 || ").arg(counter->name()).arg(counter->num());
+        group.content += QStringLiteral("%1: %2 || ").arg(counter->name(), QString::number(counter->num()));
     }
     groups.append(group);
 }

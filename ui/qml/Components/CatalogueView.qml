@@ -11,7 +11,7 @@ Item {
     property bool isSearching: false
 
     readonly property bool isLow: vm.isSmallImgMode
-    readonly property int leastTileWidth: (isLow ? 140 : 100) + tileGap
+    readonly property int leastTileWidth: (isLow ? Theme.px(140) : 100) + tileGap
 
     readonly property int tileGap: 5
 

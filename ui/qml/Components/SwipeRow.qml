@@ -29,6 +29,10 @@ Rectangle {
             list.openRow = -1
     }
 
+    // One that waits to be used again isn't there for anybody.
+    ListView.onPooled: visible = false
+    ListView.onReused: visible = true
+
     // A swipe is taken from whatever key it began on. What goes up or down is the list's.
     DragHandler {
         readonly property real across: active ? centroid.scenePosition.x - centroid.scenePressPosition.x : 0
