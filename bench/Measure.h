@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <vector>
 
 /// Side-by-side measurements: every candidate runs once in each round, so that whatever else the machine does
@@ -15,6 +16,20 @@ double microseconds(Action&& action)
     const auto begin = std::chrono::steady_clock::now();
     action();
     return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - begin).count();
+}
+
+/// What this thread itself worked: another program that runs beside it doesn't count.
+template <typename Action>
+double cpuMicroseconds(Action&& action)
+{
+    const auto now = [] {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
+    };
+    const double begin = now();
+    action();
+    return now() - begin;
 }
 
 inline double median(std::vector<double> values)

@@ -47,10 +47,10 @@ public:
             pollfd ready = {m_file, POLLOUT, 0};
             const int wait = qMin(m_limits.stallMs, int(end.remainingTime()));
             if (::poll(&ready, 1, wait) <= 0)
-                return giveUp("no byte taken in time");
+                return giveUp("no byte taken in time", PosTimedOut);
             const ssize_t written = ::write(m_file, next, size_t(left));
             if (written < 0 && errno != EAGAIN && errno != EINTR)
-                return giveUp(std::strerror(errno));
+                return giveUp(std::strerror(errno), PosOutOfReach);
             next += qMax<ssize_t>(written, 0);
             left -= qMax<ssize_t>(written, 0);
         }
@@ -58,8 +58,9 @@ public:
     }
 
 private:
-    bool giveUp(const char* reason)
+    bool giveUp(const char* reason, PosFault fault)
     {
+        noteFault(fault);
         qWarning().noquote() << "receipt printer" << m_path << "stopped taking data:" << reason;
         return false;
     }
@@ -77,6 +78,7 @@ std::unique_ptr<Printer> openDeviceFile(const QString& path, const PrinterLimits
     auto printer = std::make_unique<DeviceFile>(path, limits);
     if (printer->isOpen())
         return printer;
+    noteFault(errno == ENOENT ? PosNoPrinter : errno == EACCES || errno == EBUSY ? PosRefused : PosOutOfReach);
     qWarning().noquote() << "receipt printer" << path << "can't be opened:" << std::strerror(errno);
     return nullptr;
 }
@@ -85,6 +87,7 @@ std::unique_ptr<Printer> openDeviceFile(const QString& path, const PrinterLimits
 
 std::unique_ptr<Printer> openDeviceFile(const QString& path, const PrinterLimits&)
 {
+    noteFault(PosNoPrinter);
     qWarning().noquote() << "receipt printer" << path << ": no device files on this system";
     return nullptr;
 }

@@ -30,6 +30,19 @@ int unconfirmedBytes(const QTcpSocket& socket)
     return bytes;
 }
 
+PosFault faultOf(const QTcpSocket& socket)
+{
+    switch (socket.error()) {
+    case QAbstractSocket::ConnectionRefusedError:
+    case QAbstractSocket::RemoteHostClosedError:
+        return PosRefused;
+    case QAbstractSocket::SocketTimeoutError:
+        return PosTimedOut;
+    default:
+        return PosOutOfReach;
+    }
+}
+
 /// Whether the printer hangs up on what it has confirmed but not read, which resets the connection. One that
 /// goes down in the midst of a slip does so at once, so that a moment's waiting tells. False where the system
 /// doesn't tell.
@@ -67,12 +80,14 @@ public:
                                       ? QHostAddress(QHostAddress::LocalHost)
                                       : QHostAddress(url.host());
         if (host.isNull()) {
+            noteFault(PosNoPrinter);
             qWarning().noquote() << "receipt printer" << m_name << "isn't a numeric network address";
             return false;
         }
         m_socket.connectToHost(host, quint16(url.port(usualPort)));
         if (m_socket.waitForConnected(m_limits.connectMs))
             return true;
+        noteFault(faultOf(m_socket));
         qWarning().noquote() << "receipt printer" << m_name << "can't be reached:" << m_socket.errorString();
         return false;
     }
@@ -85,7 +100,13 @@ public:
             if (!m_socket.waitForBytesWritten(qMin(m_limits.stallMs, int(end.remainingTime()))))
                 return giveUp();
         }
-        return (waitUntilConfirmed(end) && !isReset(m_socket)) || giveUp();
+        if (!waitUntilConfirmed(end))
+            return giveUp();
+        if (!isReset(m_socket))
+            return true;
+        giveUp();
+        noteFault(PosRefused);
+        return false;
     }
 
 private:
@@ -111,6 +132,7 @@ private:
 
     bool giveUp()
     {
+        noteFault(m_socket.state() == QAbstractSocket::ConnectedState ? PosTimedOut : faultOf(m_socket));
         qWarning().noquote() << "receipt printer" << m_name << "stopped taking data:" << m_socket.errorString();
         m_socket.abort();
         return false;

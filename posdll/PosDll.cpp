@@ -74,6 +74,7 @@ QByteArray printable(const char* text)
 POS_EXPORT PosHandle POS_CALL POS_Open(const char* name, unsigned, unsigned, unsigned, unsigned, unsigned kind)
 {
     session() = Session();
+    noteFault(PosNoFault);
     const QString printer = LocalText::decode(name);
     if (kind == PosPrinterName)
         session().printer = openNamedPrinter(printer, PrinterLimits());
@@ -118,6 +119,8 @@ POS_EXPORT int POS_CALL POS_CutPaper(unsigned mode, unsigned distance)
         return NotSupported;
     return session().add(EscPos::cut(distance));
 }
+
+POS_EXPORT int POS_CALL KV_LastFault() { return lastFault(); }
 
 #define CALLED(name, Type)
 #define UNUSED(name)                                                                                           \

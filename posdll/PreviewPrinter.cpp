@@ -30,6 +30,7 @@ bool writeFile(const QString& path, const QByteArray& content)
     QFile file(path);
     if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush())
         return true;
+    noteFault(PosRefused);
     qWarning().noquote() << "receipt preview" << path << "can't be written:" << file.errorString();
     return false;
 }
@@ -43,6 +44,7 @@ public:
     {
         if (m_folder.mkpath(QStringLiteral(".")) && QFileInfo(m_folder.path()).isWritable())
             return true;
+        noteFault(PosRefused);
         qWarning().noquote() << "receipt preview folder" << m_folder.path() << "can't be written to";
         return false;
     }

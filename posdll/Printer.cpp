@@ -2,6 +2,16 @@
 
 #include "platform/Printers.h"
 
+namespace {
+
+PosFault noted = PosNoFault;
+
+} // namespace
+
+PosFault lastFault() { return noted; }
+
+void noteFault(PosFault fault) { noted = fault; }
+
 std::unique_ptr<Printer> openNamedPrinter(const QString& name, const PrinterLimits& limits)
 {
     const QString network = QStringLiteral("tcp://");

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "print/PosApi.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -12,6 +14,10 @@ struct PrinterLimits
     int stallMs = 3000;   ///< without taking a byte
     int jobMs = 8000;     ///< for a whole slip
 };
+
+/// Why the printer in use failed last. The library serves one thread at a time.
+PosFault lastFault();
+void noteFault(PosFault fault);
 
 /// An opened printer.
 class Printer

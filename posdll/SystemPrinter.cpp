@@ -9,19 +9,25 @@
 
 namespace {
 
-/// Runs to the end or is killed when the time is up; true when the command succeeded.
-bool run(const QString& command, const QStringList& arguments, const QByteArray& input, int limitMs)
+/// Runs to the end or is killed when the time is up; true when the command succeeded. A command that says no
+/// means the fault.
+bool run(const QString& command, const QStringList& arguments, const QByteArray& input, int limitMs,
+         PosFault fault)
 {
     QProcess process;
     process.start(command, arguments);
     process.write(input);
     process.closeWriteChannel();
     if (!process.waitForFinished(limitMs)) {
+        noteFault(process.error() == QProcess::FailedToStart ? PosNoPrinter : PosTimedOut);
         process.kill();
         process.waitForFinished(1000);
         return false;
     }
-    return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
+        return true;
+    noteFault(fault);
+    return false;
 }
 
 class SystemPrinter : public Printer
@@ -34,7 +40,9 @@ public:
         // A name that looks like an option, or none, would ask for something else.
         const bool isThere =
             !m_name.isEmpty() && !m_name.startsWith(QLatin1Char('-')) &&
-            run(QStringLiteral("lpstat"), {QStringLiteral("-p"), m_name}, {}, m_limits.connectMs);
+            run(QStringLiteral("lpstat"), {QStringLiteral("-p"), m_name}, {}, m_limits.connectMs, PosNoPrinter);
+        if (m_name.isEmpty() || m_name.startsWith(QLatin1Char('-')))
+            noteFault(PosNoPrinter);
         if (!isThere)
             qWarning().noquote() << "receipt printer" << m_name << "isn't known to the system";
         return isThere;
@@ -45,7 +53,7 @@ public:
         const QStringList arguments = {QStringLiteral("-s"),  QStringLiteral("-d"),  m_name,
                                        QStringLiteral("-o"),  QStringLiteral("raw"), QStringLiteral("-t"),
                                        QStringLiteral("slip")};
-        if (run(QStringLiteral("lp"), arguments, slip, m_limits.jobMs))
+        if (run(QStringLiteral("lp"), arguments, slip, m_limits.jobMs, PosRefused))
             return true;
         qWarning().noquote() << "receipt printer" << m_name << "didn't take the slip";
         return false;
@@ -80,6 +88,7 @@ public:
     {
         if (!m_name.empty() && OpenPrinterW(&m_name[0], &m_printer, nullptr))
             return true;
+        noteFault(PosNoPrinter);
         qWarning() << "receipt printer" << m_name.c_str() << "isn't known to the system";
         return false;
     }
@@ -89,13 +98,18 @@ public:
         wchar_t title[] = L"slip";
         wchar_t type[] = L"RAW";
         DOC_INFO_1W document = {title, nullptr, type};
-        if (!StartDocPrinterW(m_printer, 1, reinterpret_cast<BYTE*>(&document)))
+        if (!StartDocPrinterW(m_printer, 1, reinterpret_cast<BYTE*>(&document))) {
+            noteFault(PosRefused);
             return false;
+        }
         DWORD written = 0;
         const bool isWritten =
             WritePrinter(m_printer, const_cast<char*>(slip.constData()), DWORD(slip.size()), &written) &&
             written == DWORD(slip.size());
-        return EndDocPrinter(m_printer) && isWritten;
+        const bool isTaken = EndDocPrinter(m_printer) && isWritten;
+        if (!isTaken)
+            noteFault(PosRefused);
+        return isTaken;
     }
 
 private:

@@ -7,6 +7,7 @@ import time
 LIMIT_S = 15
 SETTLED_S = 0.06
 PRESS_S = 0.1  # a finger stays down that long
+HOLD_S = 0.9  # and that long when it means more
 
 
 class Stuck(Exception):
@@ -22,6 +23,7 @@ class Hands:
         self.pictures = pathlib.Path(pictures) if pictures else None
         self.count = 0
         self.taps = 0
+        self.slips = 0  # that were waited for
         self.again = 0  # of these those that had to be repeated
         self.places = places
         self.socket = None
@@ -105,10 +107,43 @@ class Hands:
         self.again -= 1
         self.until(f"what a tap on {name} brings", tapped)
 
-    def click(self, x, y):
+    def hold(self, name):
+        """Presses long."""
+        x, y, width, height, _ = self.settled(name)
+        self.click(x + width // 2, y + height // 2, HOLD_S)
+
+    def click(self, x, y, down_s=PRESS_S):
         self.taps += 1
-        subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep", str(PRESS_S), "mouseup", "1"],
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep", str(down_s), "mouseup", "1"],
                        check=True, env=self.environment)
+
+    def swipe(self, name, across, down=0):
+        """Slides over an item with the finger down."""
+        x, y, width, height, _ = self.settled(name)
+        x, y = x + width // 2, y + height // 2
+        moves = [word for step in range(1, 9) for word in ("mousemove", str(x + across * step // 8),
+                                                           str(y + down * step // 8), "sleep", "0.01")]
+        subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep", "0.05", *moves, "mouseup",
+                        "1"], check=True, env=self.environment)
+
+    def scroll(self, name, screens):
+        """Drags what lies under the name by so many of its heights, upwards when negative."""
+        x, y, width, height, _ = self.settled(name)
+        for _ in range(2 * abs(screens)):
+            start, end = (y + height * 3 // 4, y + height // 4)[::-1 if screens > 0 else 1]
+            path = [str(start + (end - start) * step // 10) for step in range(1, 11)]
+            moves = [word for to in path for word in ("mousemove", str(x + width - 40), to, "sleep", "0.02")]
+            subprocess.run(["xdotool", "mousemove", str(x + width - 40), str(start), "mousedown", "1", *moves, "sleep",
+                            "0.2", "mouseup", "1"], check=True, env=self.environment)
+
+    def gone_terminal(self):
+        """Waits until the terminal that was connected has ended."""
+        def ended():
+            try:
+                return not self.asked("mainPage")
+            except OSError:
+                return True
+        self.until("the terminal to end", ended)
 
     def keys(self, text):
         for key in text:
@@ -146,3 +181,13 @@ class Hands:
         subprocess.run(["import", "-window", "root", "-strip", "-define", "png:compression-level=9", f"PNG24:{path}"],
                        check=True, env=self.environment)
         return path
+
+
+def new_slip(stand, hands, before, name):
+    """Waits for the next slip and puts its picture among the others."""
+    slip = hands.until("a slip", lambda: next((s for s in stand.slip_pictures() if s not in before), None))
+    time.sleep(0.3)
+    hands.slips += 1
+    if hands.pictures:
+        hands.count += 1
+        (hands.pictures / f"{hands.count:02}-{name}.png").write_bytes(slip.read_bytes())

@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 
 folder=$(realpath -m "${1:?a folder for the pictures}") size=${2:-1920x1080}
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}"
-tests=(tst_shell tst_dialogs tst_board tst_room_dialogs tst_queue)
+tests=(tst_shell tst_dialogs tst_board tst_room_dialogs tst_sales tst_till tst_clock tst_queue)
 build release "${tests[@]}" kv_house
 
 mkdir -p "$folder"

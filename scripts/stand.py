@@ -27,8 +27,9 @@ SEED = HERE.parent / "house" / "seed" / "house.json"
 MANAGER = "1001"  # number and password
 MANAGER_CARD = "94780011"
 SPEECH = HERE.parent / "packaging" / "speech"
-SETTINGS = {"is_use_tts": "1", "tts_language": "简体中文 (中国)", "tts_voice": "espeak-ng", "staff_device_com": "COM1", "hand_card_device": "1", "print": "预览打印机", "is_open_room_print": "1",
-            "leave_room_print_count": "1"}
+SETTINGS = {"is_use_tts": "1", "tts_language": "简体中文 (中国)", "tts_voice": "espeak-ng", "staff_device_com": "COM1",
+            "hand_card_device": "1", "print": "预览打印机", "is_open_room_print": "1", "leave_room_print_count": "1",
+            "stop_server_print_count": "1"}
 
 
 class Failed(Exception):

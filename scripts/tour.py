@@ -3,7 +3,11 @@ import subprocess
 import sys
 import time
 
+import tour_counters
+from hands import new_slip
 from stand import MANAGER, MANAGER_CARD
+from tour_clock import board_again, service_clock, timer_first
+from tour_till import evening_at_the_till
 
 MADE = "tour.txt"  # which pictures of its folder a tour has made
 HELPER = "601"  # number and password
@@ -11,15 +15,6 @@ HELPER_CARD = "31927757"
 QUEUE_NUMBER, QUEUE_CARD = "8001", "49748974"  # a guest's hand card
 CALL_S = 2.5  # a call takes longer to say
 BOARD_S = 1.2  # the event of a change comes and the board is fetched
-
-
-def new_slip(stand, hands, before, name):
-    """Waits for the next slip and puts its picture among the others."""
-    slip = hands.until("a slip", lambda: next((s for s in stand.slip_pictures() if s not in before), None))
-    time.sleep(0.3)
-    if hands.pictures:
-        hands.count += 1
-        (hands.pictures / f"{hands.count:02}-{name}.png").write_bytes(slip.read_bytes())
 
 
 class Desk:
@@ -51,6 +46,9 @@ class Desk:
     def save_with_slip(self, dialog, name):
         before = self.stand.slip_pictures()
         self.save(dialog)
+        self.slip(before, name)
+
+    def slip(self, before, name):
         new_slip(self.stand, self.hands, before, name)
 
     def confirm(self, dialog, picture=None):
@@ -69,8 +67,6 @@ class Desk:
 
 
 def open_board(stand, hands):
-    hands.see("mainPage", "tile_ROOMINFO_CTRL")
-    hands.picture("main-page")
     hands.tap("tile_ROOMINFO_CTRL")
     hands.see("loginDlg")
     hands.picture("login")
@@ -223,10 +219,14 @@ def locked_module(desk):
 
 def walk(stand, hands):
     desk = Desk(stand, hands)
+    hands.see("mainPage", "tile_ROOMINFO_CTRL")
+    hands.picture("main-page")
+    evening_at_the_till(stand, hands)
     open_board(stand, hands)
     for part in (massage_room, to_rest_and_back, group_of_rooms, rest_room, occupied_room, guests_leave,
-                 others_at_work, locked_module, call_queue):
+                 service_clock, timer_first, call_queue, board_again, others_at_work, locked_module):
         part(desk)
+    tour_counters.walk(stand, hands)
 
 
 def queue_action(hands, button, number=None):

@@ -1,3 +1,9 @@
 #include "entry/ProcessEntry.h"
+#include "platform/Restart.h"
 
-int main(int argc, char** argv) { return runTerminal(argc, argv); }
+int main(int argc, char** argv)
+{
+    const int exitCode = runTerminal(argc, argv);
+    restartIfAsked();
+    return exitCode;
+}

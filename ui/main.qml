@@ -48,8 +48,9 @@ ApplicationWindow {
         isBusyDlgOpened = false
     }
 
-    function showMsgConfirm(title, msg) {
-        const confirmed = Dlg.showDialog("msgConfirmDlg", {titleText: title, contentText: msg})
+    function showMsgConfirm(title, msg, limitMs) {
+        const question = {titleText: title, contentText: msg, limitMs: limitMs}
+        const confirmed = Dlg.showDialog("msgConfirmDlg", question)
         MainClass.msgConfirmResult(confirmed === true ? 1 : 0)
     }
 

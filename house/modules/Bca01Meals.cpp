@@ -10,12 +10,22 @@ using nlohmann::json;
 
 constexpr char noMealNow[] = "BCA_ERR_0005";
 constexpr char mealFault[] = "BCA_ERR_0006";
+
 const Meal* runningMeal(const House& house, Seconds now)
 {
+    const MealSwitch& order = house.state.mealSwitch;
+    if (order.isSet)
+        return now < order.endsAt ? house.state.meals.find(order.mealId) : nullptr;
     for (const Meal& meal : house.state.meals)
         if (timeOn(now, meal.startTime + ":00") <= now && now < timeOn(now, meal.endTime + ":00"))
             return &meal;
     return nullptr;
+}
+
+Seconds endOf(const House& house, const Meal& meal, Seconds now)
+{
+    const MealSwitch& order = house.state.mealSwitch;
+    return order.isSet ? order.endsAt : timeOn(now, meal.endTime + ":00");
 }
 
 const Meal& mealAsked(const House& house, const Call& call)
@@ -25,12 +35,12 @@ const Meal& mealAsked(const House& house, const Call& call)
     return *meal;
 }
 
-/// Today's, in the order of their entry.
+/// Those of the business day, in the order of their entry.
 std::vector<const MealEntry*> entriesOf(const House& house, const Meal& meal, Seconds now)
 {
     std::vector<const MealEntry*> found;
     for (const MealEntry& entry : house.state.mealEntries)
-        if (entry.mealId == meal.id && entry.at >= timeOn(now, meal.startTime + ":00"))
+        if (entry.mealId == meal.id && entry.at >= businessDayStart(house, now))
             found.push_back(&entry);
     return found;
 }
@@ -43,7 +53,7 @@ Reply getMealTimesInfo(House& house, const Call& call)
                                    {"mealName", meal->name},
                                    {"startTime", meal->startTime},
                                    {"endTime", meal->endTime},
-                                   {"remainingTime", timeOn(call.now, meal->endTime + ":00") - call.now}},
+                                   {"remainingTime", endOf(house, *meal, call.now) - call.now}},
                                   {}, {"remainingMinute"}));
 }
 

@@ -95,6 +95,21 @@ ControlAnswer setConfig(House& house, const json& order)
     return answer({{"ok", true}, {"before", before}});
 }
 
+/// Serves a meal for so many seconds and none afterwards, none for an empty name, without a name by the clock.
+ControlAnswer setMeal(House& house, const json& order)
+{
+    MealSwitch wanted;
+    if (const auto name = order.find("meal"); name != order.end()) {
+        const Meal* meal = house.state.meals.findBy(&Meal::name, name->get<std::string>());
+        if (!meal && !name->get<std::string>().empty())
+            throw std::invalid_argument("no such meal: " + name->get<std::string>());
+        constexpr Seconds anHour = 3600;
+        wanted = {true, meal ? meal->id : "", meal ? house.clock() + order.value("seconds", anHour) : 0};
+    }
+    house.state.mealSwitch = wanted;
+    return done();
+}
+
 /// The books: every line that is still to be paid, in the order of entry; of the card or room of this number,
 /// where one is given.
 ControlAnswer orders(House& house, const json& order)
@@ -141,7 +156,7 @@ struct ControlPath
     ControlAnswer (*serve)(House&, const json& order);
 };
 
-constexpr std::array<ControlPath, 10> controlPaths{{
+constexpr std::array<ControlPath, 11> controlPaths{{
     {"POST", "/_control/fault", setFault},
     {"POST", "/_control/answer", setAnswer},
     {"POST", "/_control/clear", clear},
@@ -149,6 +164,7 @@ constexpr std::array<ControlPath, 10> controlPaths{{
     {"POST", "/_control/publish", publish},
     {"POST", "/_control/others", setOthers},
     {"POST", "/_control/config", setConfig},
+    {"POST", "/_control/meal", setMeal},
     {"GET", "/_control/orders", orders},
     {"GET", "/_control/stats", stats},
     {"GET", "/_control/requests", requests},

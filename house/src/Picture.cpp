@@ -169,8 +169,8 @@ Colour colourOf(double hue, double saturation, double lightness)
 
 std::array<Colour, Paints> paintsOf(double hue)
 {
-    return {colourOf(hue, .45, .93), colourOf(hue, .5, .38), colourOf(hue, .5, .6),
-            colourOf(hue, .45, .83), Colour{1, 1, 1},        colourOf(hue + .42, .7, .56)};
+    return {Colour{1, 1, 1},         colourOf(hue, .5, .38), colourOf(hue, .5, .6),
+            colourOf(hue, .45, .83), colourOf(hue, .3, .93), colourOf(hue + .42, .7, .56)};
 }
 
 bool isInside(const Shape& shape, double x, double y)

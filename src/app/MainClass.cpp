@@ -85,10 +85,10 @@ void MainClass::stopTimer()
     m_keepLoginTimer->stop();
 }
 
-int MainClass::showMsgConfirm(const QString& title, const QString& msg)
+int MainClass::showMsgConfirm(const QString& title, const QString& msg, int limitMs)
 {
     m_msgConfirmResult = -1;
-    Q_EMIT msgConfirmSignal(title, msg.left(mostQuestionChars));
+    Q_EMIT msgConfirmSignal(title, msg.left(mostQuestionChars), limitMs);
     return m_msgConfirmResult;
 }
 
@@ -116,11 +116,14 @@ void MainClass::stopReadHand(BaseObject* listener)
         m_readers.remove(ReaderStacks::Hand, listener);
 }
 
+QString MainClass::staffPort() const { return m_staffDevice ? m_staffDevice->openPort() : QString(); }
+
 void MainClass::initReaders()
 {
     m_staffDevice = StaffDevice::initDevice();
     connect(m_staffDevice, &StaffDevice::sendData, this,
             [this](const QString& text) { m_readers.deliver(ReaderStacks::Staff, text); });
+    connect(m_staffDevice, &StaffDevice::received, this, &MainClass::staffReceived);
     m_staffDevice->startDevice();
 
     const CardConfigDto* cards = m_config->cardConfig();
@@ -132,6 +135,7 @@ void MainClass::initReaders()
     if (m_handDevice && m_handDevice->getInitStatus()) {
         connect(m_handDevice, &HandCardDevice::sendData, this,
                 [this](const QString& text) { m_readers.deliver(ReaderStacks::Hand, text); });
+        connect(m_handDevice, &HandCardDevice::received, this, &MainClass::handReceived);
         m_handDevice->startDevice(0);
         // It polls on a thread of its own, which must not outlive the program's data.
         connect(qApp, &QCoreApplication::aboutToQuit, m_handDevice, &HandCardDevice::stopDevice);

@@ -40,8 +40,8 @@ public:
     /// With the last module the voice falls silent too.
     Q_INVOKABLE void stopTimer();
 
-    /// Asks the user and waits for the answer: 1 yes, 0 no.
-    int showMsgConfirm(const QString& title, const QString& msg);
+    /// Asks the user and waits for the answer: 1 yes, 0 no. With a limit no answer within it is a no.
+    int showMsgConfirm(const QString& title, const QString& msg, int limitMs = 0);
 
     /// A setting of this machine, empty when it isn't there.
     QString getSqlData(const QString& key);
@@ -56,6 +56,11 @@ public:
     void stopReadStaff(BaseObject* listener);
     void startReadHand(BaseObject* listener);
     void stopReadHand(BaseObject* listener);
+
+    /// The staff reader's port while it is open, by the name that the settings have; whether a hand card reader
+    /// is in use.
+    QString staffPort() const;
+    bool hasHandReader() const { return m_handDevice; }
 
     /// Gives the terminal a voice; done once, at start-up, when the settings want one.
     void initTts();
@@ -72,9 +77,12 @@ public:
     void onDestruct(const QString& code);
 
 Q_SIGNALS:
-    void msgConfirmSignal(const QString& title, const QString& msg);
+    void msgConfirmSignal(const QString& title, const QString& msg, int limitMs);
     void msgConfirmDone();
     void destructSignal(const QString& code);
+    /// What a reader gave and the card's text that came of it, before that goes to whoever listens.
+    void staffReceived(const QByteArray& raw, const QString& text);
+    void handReceived(const QByteArray& raw, const QString& text);
     /// A message on one of the wanted topics, which comes without the store id.
     void mqttSignal(const QString& topic, const QString& msg);
     /// The channel to the broker stands, for the first time or again: what was published before is lost.

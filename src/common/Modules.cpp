@@ -3,8 +3,6 @@
 #include "Glyphs.h"
 #include "common/GlobalConfig.h"
 
-#include <QFile>
-
 #include <algorithm>
 
 const std::vector<Module>& Modules::all()
@@ -38,8 +36,7 @@ const Module& Modules::find(const QString& code)
 
 QString Modules::urlOf(const QString& page)
 {
-    const QString path = QStringLiteral(":/qml/%1/%1.qml").arg(page);
-    return QFile::exists(path) ? QStringLiteral("qrc") + path : QString();
+    return page.isEmpty() ? QString() : QStringLiteral("qrc:/qml/%1/%1.qml").arg(page);
 }
 
 QVariantList Modules::buttons() const

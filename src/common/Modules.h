@@ -42,13 +42,13 @@ public:
     /// One with an empty code, and with the look of unknown ones, when there is none.
     static const Module& find(const QString& code);
 
-    /// Where the page of this name lies; empty as long as it isn't built.
+    /// Where the page of this name lies; empty without a name.
     static QString urlOf(const QString& page);
 
     QVariantList buttons() const;
     /// What the user knows it by, once the start-up has told.
     Q_INVOKABLE QString nameOf(const QString& code) const;
-    /// loginWord, page, dialog, and url, which is empty as long as the page isn't built.
+    /// loginWord, page, dialog, and url, which is empty for a dialog.
     Q_INVOKABLE QVariantMap of(const QString& code) const;
     /// What the module's page gets from the result of the login dialog.
     Q_INVOKABLE QVariantMap arguments(const QString& code, const QVariantMap& login) const;

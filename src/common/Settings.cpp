@@ -76,12 +76,35 @@ bool write(const QString& name, const QString& value)
     return isStored;
 }
 
+bool writeAll(const Values& values, QString& failed)
+{
+    failed = values.empty() ? QString() : values.front().first;
+    Sqlite table;
+    if (!table.open())
+        return false;
+    const auto isStored = [&](const auto& value) {
+        failed = value.first;
+        return table.addData(value.first, value.second);
+    };
+    const bool isDone = table.begin() && std::all_of(values.begin(), values.end(), isStored) && table.commit();
+    if (!isDone)
+        table.rollback();
+    table.close();
+    return isDone;
+}
+
+const Key* find(const QString& name)
+{
+    const auto key = std::find_if(keys().begin(), keys().end(),
+                                  [&](const Key& each) { return name == QLatin1String(each.name); });
+    return key == keys().end() ? nullptr : &*key;
+}
+
 QString text(const QString& name)
 {
     const QString stored = read(name);
-    const auto key = std::find_if(keys().begin(), keys().end(),
-                                  [&](const Key& each) { return name == QLatin1String(each.name); });
-    return key == keys().end() || isUsable(*key, stored) ? stored : QString::fromLatin1(key->byDefault);
+    const Key* key = find(name);
+    return !key || isUsable(*key, stored) ? stored : QString::fromLatin1(key->byDefault);
 }
 
 bool isOn(const QString& name) { return read(name) == QLatin1String("1"); }

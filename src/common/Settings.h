@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <utility>
 #include <vector>
 
 class GlobalConfig;
@@ -33,6 +34,16 @@ const std::vector<Key>& keys();
 QString read(const QString& name);
 /// False when it could not be stored; the old text may be gone then.
 bool write(const QString& name, const QString& value);
+
+/// Settings with their texts, in an order.
+using Values = std::vector<std::pair<QString, QString>>;
+
+/// Stores all of them, or when one can't be stored none; false then, with that one's name. Whatever ends the
+/// program in between, the file holds the old texts or the new ones.
+bool writeAll(const Values& values, QString& failed);
+
+/// The key's line of the table, null without one.
+const Key* find(const QString& name);
 
 /// The text as it is stored, or what stands for none.
 QString text(const QString& name);

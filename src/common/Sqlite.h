@@ -27,6 +27,11 @@ public:
     bool addData(const QString& code, const QString& value);
     void deleteData(const QString& code);
 
+    /// What comes in between is in the file whole or not at all, however the program ends.
+    bool begin() { return m_database.transaction(); }
+    bool commit() { return m_database.commit(); }
+    void rollback() { m_database.rollback(); }
+
 private:
     bool setAside();
 

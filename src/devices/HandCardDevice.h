@@ -25,4 +25,7 @@ public:
 Q_SIGNALS:
     /// One card's text. Emitted on the polling thread: connect it with a context object.
     void sendData(QString s);
+    /// What the reader's library gave, before sendData, and the card's text that came of it. On the same
+    /// thread.
+    void received(QByteArray raw, QString text);
 };

@@ -49,8 +49,8 @@ bool ReaderStacks::isTakenByAnother(Reader reader, const QString& text, BaseObje
     if (card.text != text || qAbs(now - card.toldAtMs) >= stayMs)
         card = Card{text, now, false, nullptr};
     card.toldAtMs = now;
-    if (card.isTaken && card.taker != listener)
-        return true;
+    if (card.isTaken)
+        return !listener || card.taker != listener;
     card.isTaken = listener != nullptr;
     card.taker = listener;
     return false;

@@ -14,7 +14,7 @@ protected:
     /// Loads the library and binds both entry points.
     bool bindAll();
 
-    bool readCard(QString& text) override;
+    bool readCard(QByteArray& raw, QString& text) override;
 
 private:
     int (*m_ReadRFID)(unsigned char* serial) = nullptr; ///< 0: a card was read

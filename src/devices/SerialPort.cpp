@@ -6,6 +6,12 @@
 
 #include <QCoreApplication>
 #include <QDebug>
+#include <QFileInfo>
+#ifdef Q_OS_WIN
+#include <QSerialPortInfo>
+
+#include <algorithm>
+#endif
 
 namespace {
 
@@ -58,14 +64,31 @@ SerialPort::~SerialPort()
 
 void SerialPort::startDevice()
 {
-    m_portName = Settings::read(QStringLiteral("staff_device_com"));
-    if (m_portName.isEmpty())
+    const QString portName = Settings::read(QStringLiteral("staff_device_com"));
+    if (portName.isEmpty())
         return;
-    m_port->setPortName(serialPortName(m_portName));
-    if (m_port->open(QIODevice::ReadOnly))
+    if (open(portName))
         qDebug().noquote() << QStringLiteral("串口打开成功");
     else
         m_message->showError(QStringLiteral("串口打开失败"));
+}
+
+bool SerialPort::open(const QString& portName)
+{
+    m_portName = portName;
+    m_port->setPortName(serialPortName(portName));
+    return m_port->open(QIODevice::ReadOnly);
+}
+
+bool SerialPort::isThere(const QString& portName)
+{
+#ifdef Q_OS_WIN
+    const QList<QSerialPortInfo> ports = QSerialPortInfo::availablePorts();
+    return std::any_of(ports.begin(), ports.end(),
+                       [&](const QSerialPortInfo& port) { return port.portName() == portName; });
+#else
+    return QFileInfo::exists(serialPortName(portName));
+#endif
 }
 
 /// Queued, because the port tells of no further bytes before the call about the first ones has returned, and
@@ -88,6 +111,7 @@ void SerialPort::readData()
     m_buffer.clear();
 
     const QString number = cardNumber(burst);
+    Q_EMIT received(burst, number);
     if (number.isEmpty())
         return;
     qDebug().noquote() << number;

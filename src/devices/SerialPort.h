@@ -22,6 +22,11 @@ public:
 
     /// Opens the port that the settings name; without a name nothing happens.
     void startDevice() override;
+    QString openPort() const override { return m_port->isOpen() ? m_portName : QString(); }
+    /// Opens a port by the name that the settings have for it; nothing is said when that fails.
+    bool open(const QString& portName);
+    /// Whether this machine has a port of that name now.
+    static bool isThere(const QString& portName);
 
 protected:
     void run() override {}

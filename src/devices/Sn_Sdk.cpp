@@ -11,13 +11,14 @@ Sn_Sdk::Sn_Sdk() : VendorReader(QStringLiteral("SnMakeCard.dll"), QStringLiteral
 
 bool Sn_Sdk::prepare() { return m_TP_Configration() == 1; }
 
-bool Sn_Sdk::readCard(QString& text)
+bool Sn_Sdk::readCard(QByteArray& raw, QString& text)
 {
     char serial[1024] = {}; // the library doesn't ask how much fits
     if (m_TP_ReadCardSnr(serial) != 1)
         return false;
     m_TP_BeepOk();
-    text = QString::fromUtf8(serial, qstrnlen(serial, sizeof serial));
+    raw = QByteArray(serial, static_cast<int>(qstrnlen(serial, sizeof serial)));
+    text = QString::fromUtf8(raw);
     qDebug().noquote() << text;
     return true;
 }

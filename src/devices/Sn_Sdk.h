@@ -11,7 +11,7 @@ public:
 
 protected:
     bool prepare() override;
-    bool readCard(QString& text) override;
+    bool readCard(QByteArray& raw, QString& text) override;
 
 private:
     int (*m_TP_Configration)() = nullptr; ///< 1: ready

@@ -25,17 +25,22 @@ void Tg_Device::startDevice(int argument)
     VendorReader::startDevice(argument);
 }
 
-bool Tg_Device::readCard(QString& text)
+QString Tg_Device::cardText(const QByteArray& answer, bool isEightDigits)
 {
     constexpr int serialStart = 1;
     constexpr int serialLength = 12;
-    const QString answer = QString::fromLatin1(m_ReadOnLine());
     if (answer.size() < serialStart + serialLength)
+        return {};
+    const QString serial = QString::fromLatin1(answer.mid(serialStart, serialLength));
+    return isEightDigits ? serial.mid(10, 2) + serial.mid(8, 2) + serial.mid(6, 2) + serial.mid(4, 2) : serial;
+}
+
+bool Tg_Device::readCard(QByteArray& raw, QString& text)
+{
+    raw = m_ReadOnLine();
+    text = cardText(raw, m_isEightDigits);
+    if (text.isEmpty())
         return false;
-    const QString serial = answer.mid(serialStart, serialLength);
-    text = serial;
-    if (m_isEightDigits)
-        text = serial.mid(10, 2) + serial.mid(8, 2) + serial.mid(6, 2) + serial.mid(4, 2);
     m_SetReaderVoice(1, 1);
     return true;
 }

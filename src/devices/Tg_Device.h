@@ -13,9 +13,11 @@ public:
     ~Tg_Device() override;
 
     void startDevice(int) override;
+    /// The card's text in what the library gave; empty when that is too short for one.
+    static QString cardText(const QByteArray& answer, bool isEightDigits);
 
 protected:
-    bool readCard(QString& text) override;
+    bool readCard(QByteArray& raw, QString& text) override;
     void finish() override;
 
 private:

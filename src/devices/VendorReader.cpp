@@ -95,10 +95,13 @@ void VendorReader::run()
 void VendorReader::poll()
 {
     while (!isStopped()) {
+        QByteArray raw;
         QString text;
-        const bool isCard = readCard(text);
-        if (isCard)
+        const bool isCard = readCard(raw, text);
+        if (isCard) {
+            Q_EMIT received(raw, text);
             Q_EMIT sendData(text);
+        }
         pause(isCard ? pauseAfterCard : pauseWithoutCard);
     }
     finish();

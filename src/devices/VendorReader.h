@@ -44,8 +44,9 @@ protected:
 
     /// On the thread, before the first card is asked for. False ends the thread.
     virtual bool prepare() { return true; }
-    /// On the thread: asks for a card. True when there is one, with its text made and its sound given.
-    virtual bool readCard(QString& text) = 0;
+    /// On the thread: asks for a card. True when there is one, with its text made of what the library gave, and
+    /// its sound given.
+    virtual bool readCard(QByteArray& raw, QString& text) = 0;
     /// On the thread, when the polling stops.
     virtual void finish() {}
 

@@ -14,7 +14,11 @@
 #include "vm/module2/Module2Register.h"
 #include "vm/module3/Module3Register.h"
 #include "vm/module4/Module4Register.h"
+#include "vm/module5/Module5Register.h"
 #include "vm/module6/Module6Register.h"
+#include "vm/module7/Module7Register.h"
+#include "vm/module8/Module8Register.h"
+#include "vm/module9/Module9Register.h"
 #include "vm/shared/TapWatch.h"
 
 #include <QDebug>
@@ -61,7 +65,11 @@ void registerTypes()
     Module2Register().init();
     Module3Register().init();
     Module4Register().init();
+    Module5Register().init();
     Module6Register().init();
+    Module7Register().init();
+    Module8Register().init();
+    Module9Register().init();
     qmlRegisterType<QmlEventLoop>("QmlEventLoop", 1, 0, "QmlEventLoop");
     qmlRegisterType<Fps>("Fps", 1, 0, "Fps");
 }

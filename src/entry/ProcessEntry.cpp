@@ -1,5 +1,6 @@
 #include "entry/ProcessEntry.h"
 
+#include "DeploymentValues.h"
 #include "app/MainClass.h"
 #include "common/GlobalConfig.h"
 #include "common/Log.h"
@@ -117,6 +118,7 @@ int runTerminal(int& argc, char** argv)
 
     QCoreApplication::setAttribute(Qt::AA_UseSoftwareOpenGL, true);
     QGuiApplication application(argc, argv);
+    QCoreApplication::setApplicationVersion(QLatin1String(Deployment::version));
     quitOnTerminationSignals();
     const LogUse log;
     if (claim == Claim::Unguarded) {

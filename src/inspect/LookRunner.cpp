@@ -12,7 +12,6 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -26,15 +25,6 @@ constexpr int limitTicks = 170000 / tickMs;
 /// No call is under way, not even one that lets the user's input through.
 bool isQuiet() { return takesInput() && NetWorkUtls::NetServer::underWay() == 0; }
 
-bool hasModalPopup(const QQuickWindow* window)
-{
-    const QObjectList children = window->findChildren<QObject*>();
-    return std::any_of(children.begin(), children.end(), [](const QObject* child) {
-        return child->inherits("QQuickPopup") && child->property("visible").toBool() &&
-               child->property("modal").toBool();
-    });
-}
-
 } // namespace
 
 LookRunner::LookRunner(QQmlEngine& engine, const QString& pictureFolder, QObject* parent)
@@ -47,8 +37,7 @@ LookRunner::LookRunner(QQmlEngine& engine, const QString& pictureFolder, QObject
     connect(MyMessage::getInstance(), &MyMessage::showMessageSignal, this,
             [this](const QString& text, const QString& type) {
                 if (type == QLatin1String("error"))
-                    (m_countsMessages ? m_complaints : m_remarks)
-                        .append(text.isEmpty() ? QStringLiteral("an error without a text") : text);
+                    hear(text.isEmpty() ? QStringLiteral("an error without a text") : text);
             });
     connect(&m_timer, &QTimer::timeout, this, &LookRunner::tick);
 }
@@ -67,6 +56,15 @@ void LookRunner::report(const QString& line)
     std::fputs(qPrintable(line + QLatin1Char('\n')), stdout);
     std::fflush(stdout);
     qDebug().noquote() << "selftest:" << line;
+}
+
+/// What the user is told.
+void LookRunner::hear(const QString& error)
+{
+    const QString barring = m_hasBegun ? m_looks.front().barring : QString();
+    if (!barring.isEmpty() && error.contains(barring))
+        m_isBarred = true;
+    (m_countsMessages && !m_isBarred ? m_complaints : m_remarks).append(error);
 }
 
 /// A dialog holds the stack of whoever opens it, so that everything is done from here, in whatever event loop
@@ -93,6 +91,7 @@ void LookRunner::begin()
         return;
     }
     m_hasBegun = true;
+    m_isBarred = false;
     m_ticks = m_stillTicks = m_missingTicks = 0;
     QTimer::singleShot(0, this, m_looks.front().open);
 }
@@ -101,10 +100,14 @@ void LookRunner::watch()
 {
     closeUninvited();
     QObject* seen = m_looks.front().find();
+    if (auto* page = qobject_cast<QQuickItem*>(seen)) // a page may ask its user something at once
+        finish(dialogsOver(page));
     const bool quiet = isQuiet();
     m_stillTicks = quiet && seen ? m_stillTicks + 1 : 0;
     m_missingTicks = quiet && !seen ? m_missingTicks + 1 : 0;
-    if (m_stillTicks * tickMs > m_looks.front().stillMs) {
+    if (m_isBarred && quiet && !seen) {
+        end(nullptr);
+    } else if (m_stillTicks * tickMs > m_looks.front().stillMs) {
         end(seen);
     } else if (m_missingTicks > missingTicks) {
         m_complaints.append(QStringLiteral("it didn't open"));
@@ -137,6 +140,12 @@ void LookRunner::end(QObject* seen)
         look.close(seen);
 }
 
+void LookRunner::finish(const QObjectList& dialogs)
+{
+    for (QObject* dialog : dialogs)
+        QMetaObject::invokeMethod(dialog, "finish", Q_ARG(QVariant, false));
+}
+
 /// A dialog that a call opens waits for a user, who isn't there.
 void LookRunner::closeUninvited()
 {
@@ -145,7 +154,7 @@ void LookRunner::closeUninvited()
         if (!dialog || m_looks.front().name == QLatin1String(name))
             continue;
         m_complaints.append(QStringLiteral("it asked for a user, by %1").arg(QLatin1String(name)));
-        QMetaObject::invokeMethod(dialog, "finish", Q_ARG(QVariant, false));
+        finish({dialog});
     }
 }
 
@@ -157,7 +166,7 @@ void LookRunner::readThrough(QObject* seen)
     else if (!page) // a popup, with all its parts
         page = seen->property("contentItem").value<QQuickItem*>()->parentItem();
     // What stands behind a dialog is shaded.
-    if (page && page->window() && (page != seen || !hasModalPopup(page->window())))
+    if (page && page->window() && dialogsOver(page).isEmpty())
         m_complaints += Legibility::faults(Legibility::wholeItems(page), page->window()->grabWindow());
 }
 

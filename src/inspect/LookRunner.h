@@ -18,7 +18,8 @@ struct Look
         find; ///< the item, dialog or window that is to be seen; null while it isn't there
     std::function<void(QObject*)> close; ///< after the picture; not called for what never came
     bool isPictured = true;
-    int stillMs = 400; ///< how long it is there with nothing asked before it counts as still
+    int stillMs = 400;    ///< how long it is there with nothing asked before it counts as still
+    QString barring = {}; ///< an error with this text says that it isn't for this user; it needn't be seen then
 };
 
 /// Looks at one thing after the other while the pages live on. Each is looked at until it stands still; what
@@ -53,10 +54,12 @@ Q_SIGNALS:
 
 private:
     void tick();
+    void hear(const QString& error);
     void begin();
     void watch();
     void end(QObject* seen);
     void closeUninvited();
+    static void finish(const QObjectList& dialogs);
     bool isPictureSaved(const QString& name) const;
     void readThrough(QObject* seen);
 
@@ -70,6 +73,7 @@ private:
     int m_missingTicks = 0; ///< that it wasn't there, with nothing asked either
     bool m_countsMessages = true;
     bool m_isStrict = false;
+    bool m_isBarred = false;  ///< what is looked at isn't for this user
     QStringList m_complaints; ///< since it began
     QStringList m_remarks;    ///< what was said, but doesn't count
     int m_looked = 0;

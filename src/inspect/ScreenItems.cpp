@@ -89,6 +89,23 @@ QQuickItem* findPageItem(const QString& name)
     return nullptr;
 }
 
+QObjectList dialogsOver(const QQuickItem* item)
+{
+    QObjectList found;
+    for (QQuickWindow* window : windowsFromTheTop()) {
+        if (window != item->window() && window->property("dlgResult").isValid())
+            found.append(window);
+        for (QObject* popup : window->findChildren<QObject*>()) {
+            if (!popup->property("modal").toBool() || !popup->property("visible").toBool())
+                continue;
+            const auto* content = popup->property("contentItem").value<QQuickItem*>();
+            if (content && !content->isAncestorOf(item) && content != item && !item->isAncestorOf(content))
+                found.append(popup);
+        }
+    }
+    return found;
+}
+
 bool takesInput()
 {
     InputProbe probe;

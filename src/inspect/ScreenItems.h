@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QObject>
 #include <QString>
 
-class QObject;
 class QQuickItem;
 
 /// The visible item with this object name, in the window on top that has one; of a dialog its content. Null
@@ -11,6 +11,9 @@ QQuickItem* findPageItem(const QString& name);
 
 /// The dialog with this object name that is on the screen, be it a popup or a window of its own; null without.
 QObject* findDialog(const QString& name);
+
+/// The dialogs that stand in front of the item, be they popups or windows; the one that it lies in doesn't.
+QObjectList dialogsOver(const QQuickItem* item);
 
 /// Whether the user's input arrives: during a back-end call it doesn't.
 bool takesInput();

@@ -42,6 +42,8 @@ private:
     Look dialogLook(const QString& name, const QJSValue& opening, bool isOfModule);
     void planInside(const QString& name, QObject* dialog, const QJSValue& inside);
     QJSValue called(QJSValue function, QObject* argument = nullptr);
+    /// What an error tells when a module isn't for this user; empty when it is for everybody.
+    QString barringOf(const QString& folder);
     QJSValue asked(const char* function, const QString& argument);
 
     QQmlApplicationEngine& m_engine;

@@ -4,13 +4,21 @@
 
 #ifdef Q_OS_WIN
 
+#include <QDeadlineTimer>
 #include <QSharedMemory>
+#include <QThread>
 
 Claim claimSingleInstance(QString& cause)
 {
     static QSharedMemory segment(QStringLiteral("Kv_Panel_V2"));
-    if (segment.create(1, QSharedMemory::ReadWrite))
-        return Claim::Ours;
+    // The one that started this one in its place is on its way out.
+    const QDeadlineTimer end(qEnvironmentVariableIsSet("KV_PANEL_RESTART") ? 10000 : 0);
+    qunsetenv("KV_PANEL_RESTART");
+    do {
+        if (segment.create(1, QSharedMemory::ReadWrite))
+            return Claim::Ours;
+        QThread::msleep(end.hasExpired() ? 0 : 100);
+    } while (!end.hasExpired());
     cause = QStringLiteral("another terminal runs already");
     return Claim::Taken;
 }

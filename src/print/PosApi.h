@@ -27,6 +27,10 @@ enum PosPort : unsigned { PosPrinterName = 0x14, PosNetworkAddress = 0x15 };
 /// What POS_Open answers when there is no such printer.
 inline PosHandle posOpenFailed() { return reinterpret_cast<PosHandle>(-1); }
 
+/// Why our own library couldn't print last, which its further entry point KV_LastFault tells. The vendor's has
+/// none.
+enum PosFault : int { PosNoFault, PosNoPrinter, PosOutOfReach, PosRefused, PosTimedOut };
+
 /// The library's entry points in the order in which they are resolved: CALLED(name, type) for those that the
 /// terminal calls, UNUSED(name) for those that only have to be there.
 #define POS_ENTRY_POINTS(CALLED, UNUSED)                                                                       \

@@ -10,6 +10,8 @@
 #include <QDebug>
 #include <QTimer>
 
+#include <mutex>
+
 namespace {
 
 PosHandle printerHandle = nullptr; // written by each open
@@ -37,6 +39,13 @@ QString slipName(int kind)
     default:
         return {};
     }
+}
+
+/// The library serves one slip at a time.
+std::mutex& printing()
+{
+    static std::mutex mutex;
+    return mutex;
 }
 
 PosPrintDLL& terminalLibrary()
@@ -69,6 +78,47 @@ PrintSettings PrintSettings::ofTerminal()
     settings.isSinglePrint = Settings::isOn(QStringLiteral("is_single_print"));
     settings.isOpenRoomPrint = Settings::isOn(QStringLiteral("is_open_room_print"));
     return settings;
+}
+
+namespace {
+
+PrintOutcome outcomeOf(PosFault fault, bool isOpened)
+{
+    switch (fault) {
+    case PosNoPrinter:
+        return PrintOutcome::NoPrinter;
+    case PosOutOfReach:
+        return PrintOutcome::OutOfReach;
+    case PosRefused:
+        return PrintOutcome::Refused;
+    case PosTimedOut:
+        return PrintOutcome::TimedOut;
+    default:
+        return isOpened ? PrintOutcome::Done : PrintOutcome::NotOpened;
+    }
+}
+
+} // namespace
+
+PrintOutcome PosPrint::printTest(const QString& printerName, bool isIndent)
+{
+    const PosPrint* terminal = getInstance();
+    if (!terminal->m_isLoaded)
+        return PrintOutcome::NoLibrary;
+    if (printerName.isEmpty() || !installedPrinters().contains(printerName))
+        return PrintOutcome::NoPrinter;
+    PrintSettings settings;
+    settings.isIndent = isIndent;
+    settings.printerName = printerName;
+    settings.storeName = terminal->m_settings.storeName;
+    const std::lock_guard<std::mutex> lock(printing());
+    PosPrint test(terminal->m_library, true, settings);
+    const bool isOpened = test.openDevice({}, {});
+    if (isOpened) {
+        Slips::test(test.m_paper, settings.storeName);
+        terminal->m_library.POS_Close();
+    }
+    return outcomeOf(terminal->m_library.lastFault(), isOpened);
 }
 
 PosPrint::PosPrint() : PosPrint(terminalLibrary(), loadTerminalLibrary(), PrintSettings::ofTerminal()) {}
@@ -118,6 +168,7 @@ void PosPrint::print(int kind, const QVariant& data, const QString& address, con
         return;
     if (!m_isLoaded)
         return;
+    const std::lock_guard<std::mutex> lock(printing());
     if (!openDevice(address, port)) {
         tellFailure(kind, data, address, port);
         return;

@@ -24,6 +24,9 @@ enum PrintKind : int {
     PrintServiceEnd = 50,    ///< js_server_print
 };
 
+/// How a test slip ended.
+enum class PrintOutcome { Done, NoLibrary, NoPrinter, OutOfReach, Refused, TimedOut, NotOpened };
+
 /// What steers printing, read once; changed settings take effect at the next start.
 struct PrintSettings
 {
@@ -58,6 +61,10 @@ public:
     /// One line of 42 columns and a feed; width is 1, height 1 or 2.
     void posTextOut(const QString& text, unsigned width, unsigned height);
     void cutPaper();
+
+    /// Prints a slip that shows what the printer can do, on this printer and nothing else; what came of it. On
+    /// any thread, which it keeps for seconds when the printer doesn't answer; other slips wait meanwhile.
+    static PrintOutcome printTest(const QString& printerName, bool isIndent);
 
 private:
     friend class Singleton<PosPrint>;

@@ -6,6 +6,7 @@ bool PosPrintDLL::LoadPosdll(const QString& name)
         m_error = m_library.errorString();
         return false;
     }
+    m_library.resolve(m_lastFault, "KV_LastFault");
     if (resolveAll())
         return true;
     UnloadPosdll();
@@ -33,6 +34,7 @@ bool PosPrintDLL::resolveAll()
 
 void PosPrintDLL::UnloadPosdll()
 {
+    m_lastFault = nullptr;
 #define CALLED(name, Type) name = nullptr;
 #define UNUSED(name)
     POS_ENTRY_POINTS(CALLED, UNUSED)

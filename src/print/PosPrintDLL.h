@@ -13,6 +13,8 @@ public:
     /// Forgets the entry points; the library itself stays mapped to the end of the process.
     void UnloadPosdll();
     QString errorString() const { return m_error; }
+    /// Why the last slip wasn't printed, as far as the library tells.
+    PosFault lastFault() const { return m_lastFault ? static_cast<PosFault>(m_lastFault()) : PosNoFault; }
 
 #define CALLED(name, Type) Type name = nullptr;
 #define UNUSED(name)
@@ -25,4 +27,5 @@ private:
 
     DynamicLibrary m_library;
     QString m_error;
+    PosPlain m_lastFault = nullptr; ///< null with a library that doesn't tell
 };

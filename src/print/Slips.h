@@ -21,4 +21,7 @@ void technicianEnd(SlipPaper& paper, const end_server_print_struct& record);
 void salesReport(SlipPaper& paper, const sell_sum_print_struct& record);
 void transfer(SlipPaper& paper, const transfer_print_struct& record, const QString& storeName);
 
+/// What a printer can do: columns, characters, heights, the cut.
+void test(SlipPaper& paper, const QString& storeName);
+
 } // namespace Slips

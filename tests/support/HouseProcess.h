@@ -22,6 +22,8 @@ public:
 
     /// Faults, scripted answers and what was seen, over the control path.
     void fault(const QString& path, const QString& kind, int arg = 0, int count = -1);
+    /// One of the house's other orders, such as "meal".
+    void order(const QString& what, const QJsonObject& order) { control(what, order); }
     void answer(const QString& path, const QJsonValue& body, int count = -1);
     /// Settings of the store or the terminals: the house follows them at once, a terminal at its next start.
     void config(const QJsonObject& settings);

@@ -33,8 +33,8 @@ QString unlike(const QJsonObject& answer, const QString& expectedJson);
 class Terminal
 {
 public:
-    /// Starts the house and the pages and waits for the main page; isUp() tells whether it came. A house that is
-    /// spoilt before the pages begin is not waited for.
+    /// Starts the house and the pages and waits for the main page; isUp() tells whether it came. A house that
+    /// is spoilt before the pages begin is not waited for.
     explicit Terminal(const std::function<void(HouseProcess&)>& spoil = {});
     ~Terminal();
 

@@ -169,7 +169,8 @@ void tst_clock::timerFirst()
         login("NO_ITEM_SERVER", "811")
             .walk("+EndServerPage +item_1 bookButton =error|手牌号不能为空"
                   " cardField +numKeyDlg #8043 confirmButton -numKeyDlg bookButton =error|请选择需要录入的项目"
-                  " item_0 +newLine_0 item_0 item_1 +newLine_1 plus_1 minus_1"
+                  " item_0 +newLine_0 item_0 item_1 +newLine_1 newMenu_1 entry_delete -newLine_1"
+                  " item_1 +newLine_1 plus_1 minus_1"
                   " positionField +numKeyDlg #112 confirmButton -numKeyDlg"
                   " pushField +staffQueryDlg #802 confirmButton -staffQueryDlg ?pushFieldText.text=802")
             .picture("timer-end")

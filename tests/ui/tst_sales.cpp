@@ -259,14 +259,14 @@ void tst_sales::crowd()
         .walk("#" + m_card)
         .tap("confirmButton")
         .walk("-numKeyDlg");
-    for (int i = 0; i < 12; ++i)
+    for (int i = 0; i < 40; ++i)
         m_terminal->tap(QString("item_%1").arg(i)).walk(QString("+newLine_%1").arg(qMin(i, 2)));
     // A merging tap brings its line into sight, at the far end too.
     m_terminal->tap("oldMenu_0")
         .walk("+entry_refund")
         .picture("till-crowd")
         .tap("item_0")
-        .walk("+newLine_11")
+        .walk("+newLine_39")
         .picture("till-merged");
     m_terminal->tap("oldMenu_1")
         .tap("entry_refund")

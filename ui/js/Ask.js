@@ -7,9 +7,10 @@ function number(prompt) {
     return isGiven(answer) ? answer.inputText : undefined
 }
 
-// A hand card, typed or read: {cardNo, rfid}, of which one is empty.
-function card(prompt) {
-    const answer = Dlg.showDialog("numKeyDlg", {strText: prompt, isReadOk: true, readType: 1})
+// A hand card, typed or read: {cardNo, rfid}, of which one is empty. With a limit a prompt that nobody touches closes.
+function card(prompt, limitMs) {
+    const properties = {strText: prompt, isReadOk: true, readType: 1, limitMs: limitMs || 0}
+    const answer = Dlg.showDialog("numKeyDlg", properties)
     return isGiven(answer) ? {cardNo: answer.inputText, rfid: answer.cardUid} : undefined
 }
 

@@ -2,7 +2,8 @@ import QtQml 2.15
 import "DlgManager.js" as Dlg
 
 // What the terminal's own test opens, in the place of a user. A folder of pages tells how in a file Inspection.qml, with
-// a function openings(dialog). It returns nothing for a dialog that is opened as it is, else a list of
+// a function openings(dialog), and in barring what a module says to whom it is not for. The function returns nothing for a
+// dialog that is opened as it is, else a list of
 //   properties  what it is opened with
 //   label       where there are several
 //   missing     why it can't be opened now, if so
@@ -23,6 +24,12 @@ QtObject {
     function inspectionOf(folder) {
         const file = Qt.resolvedUrl(folder + "/Inspection.qml")
         return isBuilt(file) ? Qt.createComponent(file).createObject(opener, {test: test}) : null
+    }
+
+    // What the error says with which a module turns away who isn't meant to use it.
+    function barring(folder) {
+        const inspection = inspectionOf(folder)
+        return inspection && inspection.barring || ""
     }
 
     // How the dialogs of a folder are opened, all that have a page; each returns when the dialog has closed.

@@ -9,6 +9,14 @@
 
 namespace house {
 
+/// Which meal is served in place of the one that the clock says.
+struct MealSwitch
+{
+    bool isSet = false;
+    std::string mealId; ///< empty: none
+    Seconds endsAt = 0; ///< no meal from then on
+};
+
 /// The living part of the house: rooms, guests, orders, goods. Guarded by the house's mutex.
 struct State
 {
@@ -27,6 +35,7 @@ struct State
     Table<Clock> clocks; ///< one for each member of staff
     Table<Meal> meals;
     std::vector<MealEntry> mealEntries;
+    MealSwitch mealSwitch;
     CallQueue calls;
 
     Room* roomByCode(const std::string& code) { return rooms.findBy(&Room::code, code); }

@@ -1,6 +1,7 @@
 #include "vm/module4/Module4Vm.h"
 
 #include "services/Bca01Service.h"
+#include "vm/shared/CallText.h"
 #include "vm/shared/TapWatch.h"
 
 namespace {
@@ -235,6 +236,7 @@ void Module4Vm::announceNext()
 
 void Module4Vm::announce(const QString& key)
 {
+    const GlobalConfig* config = GlobalConfig::getInstance();
     const QPointer<Module4Vm> self(this);
     const auto reply = call(&Bca01Service::getMqttCallInfoDataByKey, {{"key", key}});
     if (!self)
@@ -247,21 +249,7 @@ void Module4Vm::announce(const QString& key)
     for (const CallInfoDataDto* card : reply->data()) {
         if (!card->cardNo().isEmpty() && !card->hardCardType().isEmpty() &&
             m_spokenKinds.contains(card->hardCardType()))
-            MainClass::getInstance()->ttsAddData(announcement(card->cardNo()),
-                                                 GlobalConfig::getInstance()->call_count);
+            MainClass::getInstance()->ttsAddData(callText(config->zyTtsText(), card->cardNo()),
+                                                 config->call_count);
     }
-}
-
-/// A blank behind every character has the number read digit by digit.
-QString Module4Vm::announcement(const QString& cardNo) const
-{
-    QString spelled;
-    for (const QChar character : cardNo) {
-        spelled += character;
-        spelled += QLatin1Char(' ');
-    }
-    const QString configured = GlobalConfig::getInstance()->zyTtsText();
-    QString text = configured.contains(QLatin1String("%1")) ? configured + QStringLiteral("      ")
-                                                            : QStringLiteral("请%1号贵宾前往助浴区");
-    return text.replace(QLatin1String("%1"), spelled);
 }

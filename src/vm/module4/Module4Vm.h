@@ -80,7 +80,6 @@ private:
     bool takeAssessment(const AssessListDto* found);
     void announceNext();
     void announce(const QString& key);
-    QString announcement(const QString& cardNo) const;
 
     QueneWaitModel* m_waiting;
     QueneWaitModel* m_called;

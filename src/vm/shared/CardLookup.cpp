@@ -22,6 +22,21 @@ Reply<GetHardCardDetail> lookUpCard(const QString& cardNo, const QString& rfid)
     return reply;
 }
 
+Reply<GetHardCardDetail> cardInUseOrSaid(const QJsonObject& asked)
+{
+    constexpr int inUse = 1;
+    auto reply = call(&Baa01Service::getHardCardDetail, asked);
+    if (!isOkOrShown(*reply))
+        return nullptr;
+    const char* refusal = !reply->data()                     ? "手牌不存在"
+                          : reply->data()->status() != inUse ? "手牌不处于可用状态"
+                                                             : nullptr;
+    if (!refusal)
+        return reply;
+    MyMessage::getInstance()->showError(QString::fromUtf8(refusal));
+    return nullptr;
+}
+
 bool isUsableOrSaid(const CardDetailDto& card)
 {
     constexpr int lastUsableStatus = 1;

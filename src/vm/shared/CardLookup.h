@@ -11,6 +11,9 @@
 /// The card with this number, or with this serial; null after a refusal, which has been shown.
 Reply<GetHardCardDetail> lookUpCard(const QString& cardNo, const QString& rfid);
 
+/// The card that these fields ask for, if it is in use; else null, and it has been said why.
+Reply<GetHardCardDetail> cardInUseOrSaid(const QJsonObject& asked);
+
 /// Whether a guest may use the card; if not, it has been said.
 bool isUsableOrSaid(const CardDetailDto& card);
 

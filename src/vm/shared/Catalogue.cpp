@@ -38,6 +38,7 @@ ItemModel::ItemModel(QObject* parent)
 void ItemModel::update(const Array<ItemDto*>& items)
 {
     QVector<item_struct> rows;
+    rows.reserve(items.size());
     for (const ItemDto* item : items) {
         if (item->is_pack_ticket() != 1)
             rows.append(rowOf(*item));

@@ -273,6 +273,7 @@ private Q_SLOTS:
                         {"stays, for him who has it", "+a ! =", "aa"},
                         {"stays, not for another", "+a ! +b = -a = !", "ab"},
                         {"stays, not for one behind who has gone", "+a +b ! xb = !", "ba"},
+                        {"stays, nobody there for a while", "+a ! xa = +b = !", "ab"},
                         {"stays, there before anybody", "! = +a = +b =", "a"},
                         {"lifted and presented again", "+a ! +b = ~ =", "ab"}});
     }

@@ -160,7 +160,7 @@ void RoomFixture::check(const QStringList& row)
 {
     const std::unique_ptr<QObject> page(this->page(row.at(0), row.at(1)));
     QCOMPARE(run(row.at(2)).toString(), row.value(3));
-    QCOMPARE(takeShown().join("; ").replace("\n", "\\n"), row.value(4));
+    QCOMPARE(takeShown().join("; ").replace("\r", "\\r").replace("\n", "\\n"), row.value(4));
     QVERIFY(page->property("isEnabled").toBool());
 }
 

@@ -38,6 +38,17 @@ void tst_sales_lines::catalogue()
     QTRY_COMPARE(m_vm->itemList()->rowCount(), 7);
     QCOMPARE(m_terminal->house().seen(itemPath), asked + 1);
     QCOMPARE(m_terminal->sent(itemPath).value("plucode"), QJsonValue("MJX"));
+
+    // An answer that comes after the field was emptied fills nothing.
+    m_terminal->house().fault(itemPath, "delay", 200, 1);
+    QTimer::singleShot(50, m_vm.get(), [this] { m_vm->typePlu({}); });
+    m_vm->queryPlu("MJ");
+    QCOMPARE(m_vm->itemList()->rowCount(), 0);
+    // An area that sells nothing leaves nothing of the one before.
+    m_vm->onSelectType("T1");
+    m_terminal->answer("/bca01/getTypeList", QJsonObject{{"typeList", QJsonArray()}});
+    m_vm->selectArea("A2", "bath");
+    QCOMPARE(m_vm->typeList()->rowCount() + m_vm->itemList()->rowCount(), 0);
 }
 
 void tst_sales_lines::tapRoads_data()

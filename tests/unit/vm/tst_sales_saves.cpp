@@ -13,12 +13,15 @@ class tst_sales_saves : public SalesTest
 private Q_SLOTS:
     void guests_data();
     void guests();
+    void roomsByTheirCards_data();
+    void roomsByTheirCards();
     void refusedGuestLeavesNone();
     void body();
     void bodyOfARoom();
     void failedSave_data();
     void failedSave();
     void slip();
+    void slipOfChargebacksAlone();
 };
 
 void tst_sales_saves::guests_data()
@@ -61,6 +64,37 @@ void tst_sales_saves::guests()
     QCOMPARE(m_vm->hasGuest(), refusal.isEmpty());
     QCOMPARE(m_vm->isCustMode(), refusal.isEmpty() && !asked[2].isEmpty());
     QCOMPARE(m_vm->cardNo() + m_vm->roomNo(), !refusal.isEmpty() ? "" : asked[2].isEmpty() ? "8001" : "101");
+}
+
+void tst_sales_saves::roomsByTheirCards_data()
+{
+    QTest::addColumn<QByteArray>("detail"); // empty: refused
+    QTest::addColumn<QString>("cardno");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("the first") << QByteArray(R"({"cardlist":[{"cardno":"8001"},{"cardno":"8002"}]})") << "8001"
+                               << "";
+    QTest::newRow("none") << QByteArray(R"({"cardlist":[]})") << "" << "error|当前房间无手牌";
+    QTest::newRow("refused") << QByteArray() << "" << "error|房间不存在 error|当前房间无手牌";
+}
+
+/// A house that doesn't book on rooms.
+void tst_sales_saves::roomsByTheirCards()
+{
+    QFETCH(QByteArray, detail);
+    QFETCH(QString, cardno);
+    SysConfigDto* store = GlobalConfig::getInstance()->sysConfig();
+    store->set_isCustRoom(0);
+    m_terminal->answer(guestPath, json(R"({"cardInfo":{"id":"C","cardno":"8001","status":1}})"));
+    if (detail.isEmpty())
+        m_terminal->refuse("/bba01/getRoomDetailNew", "房间不存在");
+    else
+        m_terminal->answer("/bba01/getRoomDetailNew", json(detail));
+    m_vm->addRoom("101");
+    store->set_isCustRoom(1);
+    QCOMPARE(m_terminal->sent("/bba01/getRoomDetailNew"), QJsonObject({{"roomNo", "101"}}));
+    QCOMPARE(m_terminal->sent(guestPath).value("cardno").toString(), cardno);
+    QCOMPARE(m_vm->hasGuest(), !cardno.isEmpty());
+    QTEST(m_terminal->takeShown().join(' '), "shown");
 }
 
 void tst_sales_saves::refusedGuestLeavesNone()
@@ -144,6 +178,8 @@ void tst_sales_saves::failedSave()
     QVERIFY(m_vm->isEnabled());
     QCOMPARE(m_vm->isSaveUnsure(), !fault.isEmpty());
     QCOMPARE(m_terminal->takeShown().size(), 1);
+    holdCard({}, "8002"); // what may have been booked twice isn't seen by looking at somebody else
+    QCOMPARE(m_vm->isSaveUnsure(), !fault.isEmpty());
     QVERIFY(m_vm->refreshGuest());
     QVERIFY(!m_vm->isSaveUnsure());
 }
@@ -172,6 +208,29 @@ void tst_sales_saves::slip()
             {"itemName", "毛巾"}, {"num", 2}, {"total", 40}, {"cardno", "8001"}, {"areaName", "浴区"}}});
     m_vm->reprint("L");
     QVERIFY(m_terminal->takePrinted().contains(" - <重印>"));
+}
+
+/// A terminal that prints only what was taken back; who allowed it stands on the slip.
+void tst_sales_saves::slipOfChargebacksAlone()
+{
+    TerminalDto* terminal = GlobalConfig::getInstance()->terminalInfo();
+    terminal->set_isChargebackPrint(true);
+    const QJsonObject reply{{"code", "200"}, {"data", QJsonObject{{"orderArea", "休息厅"}}},
+                            {"authNo", "1001"}, {"authName", "周国栋"}};
+    m_terminal->house().answer(cardSave, reply);
+    for (const bool isChargeback : {false, true}) {
+        m_vm->selectArea("A1", "hall");
+        holdCard({stored("L", 3)});
+        sell(0);
+        if (isChargeback)
+            m_vm->refund(0, 1, {});
+        QVERIFY(m_vm->save({}));
+        const QString printed = m_terminal->takePrinted();
+        QCOMPARE(!printed.isEmpty(), isChargeback);
+        QCOMPARE(printed.contains("周国栋"), isChargeback);
+        QCOMPARE(printed.contains("name of plain"), isChargeback);
+    }
+    terminal->set_isChargebackPrint(false);
 }
 
 QTEST_GUILESS_MAIN(tst_sales_saves)

@@ -13,9 +13,12 @@ Item {
     signal confirmed()
     signal cancelled()
 
-    // The text comes from outside in parts; nothing in it is markup.
+    // The text comes from outside in parts; nothing in it is markup, but for a bold figure in red and a new line.
     function styled(text) {
-        return text.replace(/&/g, "&amp;").replace(/</g, "&lt;").replace(/>/g, "&gt;").replace(/\n/g, "<br>")
+        const plain = text.replace(/&/g, "&amp;").replace(/</g, "&lt;").replace(/>/g, "&gt;")
+        return plain.replace(/&lt;font color='red'&gt;&lt;b&gt;(\d*)&lt;\/b&gt;&lt;\/font&gt;/g,
+                             "<font color='" + Theme.refusal + "'><b>$1</b></font>")
+                    .replace(/&lt;\/br&gt;|\r?\n/g, "<br>")
     }
 
     DialogHead {

@@ -11,6 +11,7 @@ Dialog {
     // Whether the dialog's controls take part; a page sets it false while it works.
     property bool isEnabled: true
     property bool isFinished: false
+    property int limitMs: 0 // closes by itself, with no result, when nobody touched it for so long; 0: never
 
     signal endSignal()
 
@@ -21,6 +22,11 @@ Dialog {
         // One that ends without a button of its own, with its window or the program, confirms nothing.
         if (!isFinished)
             dlgResult = false
+    }
+
+    function keepOpen() {
+        if (limit.running)
+            limit.restart()
     }
 
     function finish(result) {
@@ -47,6 +53,13 @@ Dialog {
     onVisibleChanged: {
         if (!visible)
             endSignal()
+    }
+
+    Timer {
+        id: limit
+        interval: frame.limitMs
+        running: frame.visible && frame.limitMs > 0
+        onTriggered: frame.finish(false)
     }
 
     QmlEventLoop {

@@ -14,6 +14,6 @@ Tappable {
     IconText {
         id: icon
         anchors.centerIn: parent
-        pixelSize: 28
+        pixelSize: Theme.px(28)
     }
 }

@@ -45,6 +45,7 @@ SaleLines {
         list: part.list
         place: index
         namePrefix: "new"
+        headRoom: Theme.px(30)
         entries: vm.newActions
         choose: part.choose
 

@@ -86,6 +86,7 @@ Rectangle {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 4
         clip: true
+        reuseItems: true
         boundsBehavior: Flickable.StopAtBounds
         onCountChanged: openRow = -1
         onMovementStarted: openRow = -1

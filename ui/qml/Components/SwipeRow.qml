@@ -11,6 +11,7 @@ Rectangle {
     property string namePrefix: "line"
     property var entries: null  // entries(index): [{key, text, isEnabled}]
     property var choose: null   // choose(key, index)
+    property int headRoom: 0    // what of the line's height stays in sight above its menu
     default property alias content: body.data
 
     readonly property bool isOpen: list.openRow === place
@@ -33,7 +34,7 @@ Rectangle {
         readonly property real across: active ? centroid.scenePosition.x - centroid.scenePressPosition.x : 0
 
         target: null
-        enabled: !row.list.moving
+        enabled: !row.list.dragging
         yAxis.enabled: false
         dragThreshold: row.swipe
         onAcrossChanged: {
@@ -67,10 +68,10 @@ Rectangle {
     }
 
     Rectangle {
-        anchors.left: parent.left
         anchors.right: menuKey.left
-        anchors.top: parent.top
         anchors.bottom: parent.bottom
+        width: Math.min(choices.width, row.width - menuKey.width)
+        height: parent.height - row.headRoom
         visible: row.isOpen
         color: Theme.toolGround
 
@@ -80,18 +81,20 @@ Rectangle {
         }
 
         Row {
+            id: choices
             anchors.right: parent.right
             anchors.verticalCenter: parent.verticalCenter
-            height: parent.height - 8
-            rightPadding: 4
-            spacing: 4
+            height: parent.height - 4
+            leftPadding: 3
+            rightPadding: 3
+            spacing: 3
 
             Repeater {
                 model: row.isOpen ? row.shown : []
 
                 PushButton {
                     objectName: "entry_" + modelData.key
-                    implicitWidth: Theme.px(76)
+                    implicitWidth: Theme.px(77)
                     implicitHeight: parent.height
                     enabled: modelData.isEnabled
                     role: modelData.key === "delete" || modelData.key === "refund" ? "danger" : "plain"

@@ -70,6 +70,9 @@ QtObject {
     readonly property color insetDark: "#30000000" // under a light text
     readonly property color insetLight: "#48FFFFFF"
 
+    // Answers that guests read from afar, under a white text
+    readonly property var answers: ({taken: "#1B7A33", again: "#8A5A00", refused: "#B3261E"})
+
     // The message window
     readonly property var messages: ({
         info: {back: "#FDF6EC", border: "#FAECD8", text: "#E6A23C"},

@@ -9,6 +9,7 @@ Window {
     property bool dlgResult: false
     property bool isEnabled: true
     property bool isFinished: false
+    property int limitMs: 0 // closes by itself, with no result, when nobody touched it for so long; 0: never
     // Centred on the root window, or on the screen when that one is smaller than the dialog.
     property bool isPlaced: true
 
@@ -20,6 +21,11 @@ Window {
         // One that ends without a button of its own, with its window or the program, confirms nothing.
         if (!isFinished)
             dlgResult = false
+    }
+
+    function keepOpen() {
+        if (limit.running)
+            limit.restart()
     }
 
     function finish(result) {
@@ -57,6 +63,13 @@ Window {
     }
 
     CallRing {}
+
+    Timer {
+        id: limit
+        interval: frame.limitMs
+        running: frame.visible && frame.limitMs > 0
+        onTriggered: frame.finish(false)
+    }
 
     QmlEventLoop {
         id: eventLoop

@@ -34,14 +34,16 @@ Rectangle {
             Dlg.showDialog(module.dialog, {})
         else if (module.url !== "")
             stackView.push(module.url, Modules.arguments(code, login))
-        else
-            stackView.push(unbuiltPage, {module: module.page})
     }
 
     function leaveModule() {
         if (stackView.depth <= 1)
             return
         if (GlobalConfig.isCurrentModeLocked && isLoggedIn(GlobalConfig.currentMod) === undefined)
+            return
+        // A page may have something to lose.
+        const open = stackView.currentItem
+        if (open.mayLeave !== undefined && !open.mayLeave())
             return
         stackView.pop()
         gc()
@@ -130,10 +132,5 @@ Rectangle {
             onChosen: page.begin(() => page.onSelectMenu(code))
             onLinesAsked: page.begin(() => Dlg.showDialog("cloudDlg", {}))
         }
-    }
-
-    Component {
-        id: unbuiltPage
-        ModulePage {}
     }
 }

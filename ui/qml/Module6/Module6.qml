@@ -26,7 +26,7 @@ Item {
 
     function show() {
         if (timer.operStatus === -1)
-            JsFunc.delay15(() => page && page.close())
+            page.close()
         else
             loader.setSource(pages[timer.operStatus], {staff: timer.pStaffWorkInfo, close: page.close})
     }
@@ -36,7 +36,7 @@ Item {
 
     Module6Vm {
         id: timer
-        onSetLoaderSignal: page.show()
+        onSetLoaderSignal: JsFunc.delay15(() => page && page.show()) // the catalogue is asked for as it appears
         onOnCloseSignal: JsFunc.delay15(() => page && page.close())
     }
 

@@ -49,6 +49,7 @@ DialogFrame {
     contentItem: KeyDialogBody {
         id: body
         prompt: dialog.strText
+        onTextChanged: dialog.keepOpen()
         onConfirmed: dialog.confirm()
         onAccepted: dialog.confirm()
         onCancelled: dialog.finish(false)

@@ -13,7 +13,7 @@ Item {
     property var close: null
 
     function askNum(itemId) {
-        const num = Math.floor(Number(Ask.count("请输入数量")))
+        const num = Number(Ask.count("请输入数量"))
         if (num > 0 && service)
             service.addServer(itemId, num)
     }
