@@ -6,7 +6,7 @@ cd "$(dirname "$0")"
 
 usage() {
     cat <<'HELP'
-usage: ./run.sh [--rooms N] [--items N] [--others N] [--room-mode] [--size WxH] [--shot FILE | --tour FOLDER]
+usage: ./run.sh [--rooms N] [--items N] [--others N] [--room-mode] [--two] [--size WxH] [--shot FILE | --tour FOLDER]
 
 Installs what is missing, builds, starts a mosquitto broker, the demo back end and the terminal on ports of their own,
 and ends all of it when the terminal ends. Without a display a virtual one is started.
@@ -15,6 +15,7 @@ and ends all of it when the terminal ends. Without a display a virtual one is st
   --items N    number of goods, where that is more than a shop's 300
   --others N   changes a second by the house's other terminals (0.2; 0 for none)
   --room-mode  a house without hand cards, in which a room's number is its card
+  --two        a second terminal beside it, in a window like the first: two stations at one call queue
   --size WxH   size of the virtual display (1920x1080), where there is no other
   --shot FILE  saves a picture of the screen after start-up and ends
   --tour DIR   walks the terminal by clicks like the front desk's evening, saves pictures of every step, then of
@@ -29,7 +30,7 @@ options=() tour=""
 while [ $# -gt 0 ]; do
     case $1 in
         --rooms | --items | --others | --size) options+=("$1" "${2:?$1 needs a value}"); shift 2 ;;
-        --room-mode) options+=("$1"); shift ;;
+        --room-mode | --two) options+=("$1"); shift ;;
         --tour) tour=1 options+=("$1" "$(realpath -m "${2:?--tour needs a folder}")"); shift 2 ;;
         --shot) options+=("$1" "$(realpath -m "${2:?--shot needs a file}")"); shift 2 ;;
         --help | -h) usage; exit 0 ;;

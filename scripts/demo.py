@@ -1,9 +1,10 @@
 #!/usr/bin/python3 -B
 """Runs the demonstration that run.sh has built; its options are told there.
 
-demo.py BUILD_FOLDER FOLDER [--rooms N] [--items N] [--others N] [--room-mode] [--size WIDTHxHEIGHT] [--shot FILE | --tour FOLDER]
+demo.py BUILD_FOLDER FOLDER [--rooms N] [--items N] [--others N] [--room-mode] [--two] [--size WIDTHxHEIGHT] [--shot FILE | --tour FOLDER]
 """
 import argparse
+import contextlib
 import pathlib
 import subprocess
 import sys
@@ -24,6 +25,7 @@ def options_of(arguments):
     parser.add_argument("--items")
     parser.add_argument("--others", default="0.2")
     parser.add_argument("--room-mode", action="store_true")
+    parser.add_argument("--two", action="store_true")
     parser.add_argument("--size", default="1920x1080")
     parser.add_argument("--shot", type=pathlib.Path)
     parser.add_argument("--tour", type=pathlib.Path)
@@ -44,7 +46,7 @@ def take_shot(stand, picture):
     say(f"Picture saved: {picture}")
 
 
-def run(stand, options):
+def run(stand, options, beside):
     house_options = [word for name in ("rooms", "items") if getattr(options, name)
                      for word in (f"--{name}", getattr(options, name))]
     stand.start_all(options.size, "--others", "0" if options.tour else options.others, *house_options)
@@ -57,7 +59,10 @@ def run(stand, options):
     print(f"   curl -d '{{\"perSecond\": 2}}' {stand.house_url}/_control/others     # and the other orders of README.md",
           flush=True)
     say("Starting the terminal")
-    terminal = stand.start_terminal(stdout=None)
+    terminal = stand.start_terminal(*(["--windowed"] if options.two else []), stdout=None)
+    if options.two:
+        second = beside.enter_context(Stand(options.build, pathlib.Path(options.folder) / "second", has_own_program=True))
+        second.start_beside(stand, "--windowed")
     if options.shot:
         take_shot(stand, options.shot.resolve())
         return 0
@@ -74,9 +79,9 @@ def run(stand, options):
 def main():
     options = options_of(sys.argv[1:])
     end_on_signals()
-    with Stand(options.build, options.folder) as stand:
+    with Stand(options.build, options.folder) as stand, contextlib.ExitStack() as beside:
         try:
-            return run(stand, options)
+            return run(stand, options, beside)
         except (Failed, Stuck) as failure:
             print(f"error: {failure}", file=sys.stderr)
             return 1

@@ -246,13 +246,14 @@ class Stand:
         until("the speech service", address.exists)
         self.environment["SPEECHD_ADDRESS"] = f"unix_socket:{address}"
 
-    def prepare_terminal(self, settings=None):
-        """Identity and settings, as a technician enters them once."""
+    def prepare_terminal(self, settings=None, number=1):
+        """Identity and settings, as a technician enters them once, of one of the house's terminals."""
         config, runtime = self.folder / "config", self.run / "runtime"
         config.mkdir(exist_ok=True)
         runtime.mkdir(mode=0o700, exist_ok=True)
         # A line that an earlier run chose is gone with its port.
-        (config / "KV_PANEL_V2.ini").write_text("authCode=KV-DEMO-0001\nsecretKey=demo-secret-key-0001\n")
+        (config / "KV_PANEL_V2.ini").write_text(
+            f"authCode=KV-DEMO-{number:04}\nsecretKey=demo-secret-key-{number:04}\n")
         self.environment.update(XDG_CONFIG_HOME=str(config), LC_ALL="C.UTF-8", KV_PANEL_API_URLS=self.house_url,
                                 KV_PANEL_PREVIEW_DIR=str(self.slips))
         self.environment.setdefault("XDG_RUNTIME_DIR", str(runtime))
@@ -285,6 +286,16 @@ class Stand:
         self.prepare_terminal()
         self.start_speech()
         self.start_readers()
+
+    def start_beside(self, first, *options):
+        """The house's second terminal, with readers and a voice of its own, on the screen of the first."""
+        self.house_url = first.house_url
+        if "DISPLAY" in first.environment:
+            self.environment["DISPLAY"] = first.environment["DISPLAY"]
+        self.prepare_terminal(number=2)
+        self.start_speech()
+        self.start_readers()
+        self.start_terminal(*options)
 
     # What is done to them from outside
 

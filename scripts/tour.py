@@ -252,19 +252,28 @@ def queue_action(hands, button, number=None):
         hands.gone("numKeyDlg")
 
 
-def log_in_helper(hands, number):
-    hands.tap("tile_HELP_BASH_WAIT")
+def identify(hands, number):
+    """At the login dialog, by a number that is the password too."""
     hands.see("loginDlg")
     for _ in ("number", "password"):
         hands.keys(number)
         hands.tap("confirmButton")
+    hands.gone("loginDlg")
+
+
+def log_in_helper(hands, number):
+    hands.tap("tile_HELP_BASH_WAIT")
+    identify(hands, number)
     hands.see("Module4", "call_8042")
 
 
-def call_queue(desk):
+def call_queue(desk, is_locked=True):
     """A guest queues by card, is called aloud, served, booked, evaluated; another one is passed over and called again."""
     hands, stand = desk.hands, desk.stand
     log_in_helper(hands, HELPER)
+    if is_locked:  # still, since the last module was left
+        hands.tap("lockButton")
+        identify(hands, HELPER)
     hands.picture("queue")
     stand.present_hand_card(QUEUE_CARD)
     hands.see(f"call_{QUEUE_NUMBER}")

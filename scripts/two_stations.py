@@ -36,9 +36,7 @@ class Station:
     def __init__(self, stand, number, pictures):
         self.stand, self.number = stand, number
         stand.start_display("1366x768")
-        stand.prepare_terminal()
-        (stand.folder / "config" / "KV_PANEL_V2.ini").write_text(
-            f"authCode=KV-DEMO-000{number + 1}\nsecretKey=demo-secret-key-000{number + 1}\n")
+        stand.prepare_terminal(number=number + 1)
         stand.start_speech()
         stand.start_readers()
         stand.start_terminal()

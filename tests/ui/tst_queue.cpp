@@ -64,9 +64,9 @@ again ; repeat_8050 ; repeatCallInfo ; {"id": "e50", "staffNo": "601", "staffPwd
 queue typed ; addQueneButton +numKeyDlg #8044 confirmButton ; addWaitCallInfos
     ; {"hardCardNo": "8044", "staffNo": "601", "staffPwd": "601"}
 queue read ; addQueneButton +numKeyDlg @49748974 ; addWaitCallInfos ; {"cardUid": "49748974"}
-swiped ; @49748974 ; addWaitCallInfos ; {"cardUid": "49748974"}
-finish ; complateButton +numKeyDlg @49748974 ; completeWaitCall
-    ; {"cardUid": "49748974", "staffNo": "601", "staffPwd": "601"}
+swiped ; @13911654 ; addWaitCallInfos ; {"cardUid": "13911654"}
+finish ; complateButton +numKeyDlg @61893583 ; completeWaitCall
+    ; {"cardUid": "61893583", "staffNo": "601", "staffPwd": "601"}
 grade ; assessButton +numKeyDlg #8044 confirmButton ; getHardCardAssessOrders
     ; {"hardCardNo": "8044", "staffNo": "601", "staffPwd": "601"}
 )";

@@ -9,6 +9,9 @@
 #include "vm/module1/RoomListModel.h"
 #include "vm/module1/RoomLookups.h"
 #include "vm/module1/RoomMenu.h"
+#include "vm/module4/AssessModels.h"
+#include "vm/module4/PassRecordVm.h"
+#include "vm/module4/QueneWaitModel.h"
 
 #include "common/FuncMenuModel.h"
 
@@ -194,6 +197,9 @@ void tst_list_models::concreteModels_data()
     MODEL(RoomStatusModel);
     MODEL(RoomTypeModel);
     MODEL(TempDataModel);
+    MODEL(QueneWaitModel);
+    MODEL(CallPassModel);
+    MODEL(AssessInfoModel);
 #undef MODEL
     row("CanMergeRoomModel",
         [] { exerciseOwner<CanMergeRoomModel>([] { return new CanMergeRoomVm("K", {{}}); }); });

@@ -39,11 +39,11 @@ qint64 s_nowMs = 0;
 
 // own text | kinds announced here | number/kind of those called | what is said, parted by ";"
 const char announcementTable[] = R"(
- | 1,2 | 0012/1 8001/2 | 请0 0 1 2 号贵宾前往助浴区;请8 0 0 1 号贵宾前往助浴区
+- | 1,2 | 0012/1 8001/2 | 请0 0 1 2 号贵宾前往助浴区;请8 0 0 1 号贵宾前往助浴区
 手牌%1请到二楼 | 2 | A7/2 | 手牌A 7 请到二楼______
 请到二楼 | 2 | 7/2 | 请7 号贵宾前往助浴区
- | 2 | 1/1 /2 3/ 4/2 5/22 | 请4 号贵宾前往助浴区
- | | 1/1 |
+- | 2 | 1/1 /2 3/ 4/2 5/22 | 请4 号贵宾前往助浴区
+- | | 1/1 |
 )";
 
 // what is done | the fields of the answer | what is shown | what the page is told
@@ -54,8 +54,8 @@ finish | staff | |
 grade | card staff orders grades | | H S 1 1
 grade | staff orders grades | |
 grade | card orders grades | |
-grade | card staff | error\|当前手牌无未评价订单 |
-grade | card staff orders | error\|未设置评价,请联系系统管理员 |
+grade | card staff | error|当前手牌无未评价订单 |
+grade | card staff orders | error|未设置评价,请联系系统管理员 |
 )";
 
 // the day's start | now | 1 today, 2 yesterday | from | to
@@ -120,7 +120,7 @@ void tst_queue_station::announcements()
 {
     QFETCH(QStringList, cells);
     const QStringList spoken = QString(cells[3]).replace('_', ' ').split(';', Qt::SkipEmptyParts);
-    config()->setZyTtsText(cells[0]);
+    config()->setZyTtsText(cells[0] == "-" ? QString() : cells[0]);
     config()->terminalInfo()->set_hardCardTypes(cells[1]);
     Module4Vm station;
     m_terminal->answer(speechPath, calls(cells[2]));
