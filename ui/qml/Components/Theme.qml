@@ -30,7 +30,7 @@ QtObject {
     // Actions
     readonly property color accent: "#2763D0"
     readonly property color accentPressed: "#1C4DA6"
-    readonly property color danger: "#C8411B"
+    readonly property color danger: "#BE3D19"
     readonly property color dangerPressed: "#A23212"
     readonly property color refusal: "#B3261E"
     readonly property color keyPressed: "#DCE6F2"
