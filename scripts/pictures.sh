@@ -7,13 +7,14 @@ cd "$(dirname "$0")/.."
 
 folder=$(realpath -m "${1:?a folder for the pictures}") size=${2:-1920x1080}
 install_missing "${build_packages[@]}" "${run_packages[@]}" "${demo_packages[@]}"
-tests=(tst_shell tst_dialogs tst_board tst_room_dialogs tst_sales tst_till tst_clock tst_queue)
+tests=(tst_shell tst_dialogs tst_board tst_room_dialogs tst_sales tst_till tst_clock tst_queue tst_counters tst_settings_page)
 build release "${tests[@]}" kv_house
 
 mkdir -p "$folder"
 runtime=$(mktemp -d)
 trap 'rm -rf "$runtime"' EXIT
 chmod 700 "$runtime"
+export QT_PLUGIN_PATH=$PWD/build/tests/plugins # a voice that is the same everywhere
 export KV_PICTURES=$folder XDG_RUNTIME_DIR=$runtime QT_QUICK_BACKEND=software LC_ALL=C.UTF-8
 for test in "${tests[@]}"; do
     say "Walking $test at $size"

@@ -3,9 +3,9 @@ import subprocess
 import sys
 import time
 
-import tour_counters
 from hands import new_slip
 from stand import MANAGER, MANAGER_CARD
+from tour_counters import counters
 from tour_clock import board_again, service_clock, timer_first
 from tour_till import evening_at_the_till
 
@@ -235,10 +235,7 @@ def walk(stand, hands):
     evening_at_the_till(stand, hands)
     open_board(stand, hands)
     for part in (massage_room, to_rest_and_back, group_of_rooms, rest_room, occupied_room, guests_leave,
-                 service_clock, timer_first, call_queue):
-        part(desk)
-    tour_counters.walk(stand, hands)
-    for part in (board_again, others_at_work, locked_module):  # what is locked stays so
+                 service_clock, timer_first, call_queue, counters, board_again, others_at_work, locked_module):
         part(desk)
 
 

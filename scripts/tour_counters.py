@@ -114,7 +114,8 @@ def settings(stand, hands):
         raise AssertionError("the setting wasn't kept")
 
 
-def walk(stand, hands):
+def counters(desk):
+    stand, hands = desk.stand, desk.hands
     first, second, third = guests(stand)
     self_entry(stand, hands, first)
     buffet(stand, hands, first, second)

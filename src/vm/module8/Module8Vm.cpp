@@ -7,6 +7,7 @@
 #include "vm/shared/TapWatch.h"
 
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -79,8 +80,18 @@ void Module8Vm::init()
 {
     const QPointer<Module8Vm> self(this);
     getMealTimes();
-    if (self)
-        getMealPersons();
+    if (!self)
+        return;
+    // What couldn't be read when the page opened is read with the first answer.
+    m_isLoadDue = !pollFailure().isEmpty();
+    if (!m_isLoadDue)
+        load();
+}
+
+void Module8Vm::load()
+{
+    const QPointer<Module8Vm> self(this);
+    getMealPersons();
     if (self && !mealId().isEmpty())
         getMealCards();
 }
@@ -108,6 +119,8 @@ void Module8Vm::getMealTimes()
         if (reply->data())
             takeMeal(*reply->data());
         m_timer.start(reply->data() ? msAfter(reply->data()->remainingTime()) : mealPollMs);
+        if (std::exchange(m_isLoadDue, false))
+            load();
     } else if (reply->code() == QLatin1String("BCA_ERR_0005")) {
         setMealName(noMealName());
         m_timer.start(mealPollMs);

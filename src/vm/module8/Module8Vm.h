@@ -52,6 +52,7 @@ protected:
     void take(const QString& cardNo, const QString& rfid) override { addMeal(cardNo, rfid); }
 
 private:
+    void load();
     void poll();
     void getMealTimes();
     void takeMeal(const MealTimeInfoDto& meal);
@@ -61,6 +62,7 @@ private:
     void takeEntry(const AddCardMealTimesDto& entry);
 
     MealCardsModel* m_cards;
-    QTimer m_timer{this};    ///< until it is asked again which meal runs
-    QTimer m_childEnd{this}; ///< until a child box that a guest left behind is cleared
+    bool m_isLoadDue = false; ///< the page opened while the line was gone
+    QTimer m_timer{this};     ///< until it is asked again which meal runs
+    QTimer m_childEnd{this};  ///< until a child box that a guest left behind is cleared
 };

@@ -29,6 +29,7 @@ HandCardOrderModel::HandCardOrderModel(QObject* parent)
                    {"orderModel", [](HandCardData* card) { return QVariant::fromValue(card->pOrderModel()); }}},
                   parent)
 {
+    setIsLoaded(true); // cards are chosen by hand
 }
 
 QStringList HandCardOrderModel::cardNos() const

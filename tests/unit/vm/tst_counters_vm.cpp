@@ -44,6 +44,7 @@ private Q_SLOTS:
     void rules();
     void mealThatChanges();
     void pollsAgainAfterAFailureOfTheLine();
+    void opensWhileTheLineIsGone();
     void transferOfSeveral();
     void slips();
     void lyingCard();
@@ -163,6 +164,18 @@ void tst_counters_vm::pollsAgainAfterAFailureOfTheLine()
     timer->start(0);
     QTRY_COMPARE(page->property("pollFailure").toString(), QString());
     QCOMPARE(m_terminal->run("rows() + p.isOnMealTime").toString(), QString("自助晚餐/1true"));
+}
+
+void tst_counters_vm::opensWhileTheLineIsGone()
+{
+    m_terminal->house().answer(mealTimes, QJsonObject{{"code", "-2"}, {"msg", "line gone"}}, 1);
+    const std::unique_ptr<QObject> page(m_terminal->page(
+        "Module8Vm",
+        "|| f.answer('/bca01/getMealCards', [{cardNo: '1', itemTime: 't', itemName: '甲'}]); p.init()"));
+    QCOMPARE(m_terminal->run("rows() + p.isOnMealTime").toString(), QString("/false"));
+    m_terminal->run("serve()");
+    page->findChild<QTimer*>("mealTimer")->start(0);
+    QTRY_COMPARE(m_terminal->run("rows() + p.isOnMealTime").toString(), QString("甲/0true"));
 }
 
 /// The house moves what was shown: the sources are empty then, and the target has it all.

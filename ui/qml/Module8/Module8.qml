@@ -51,6 +51,11 @@ CounterPage {
             list: cards
             text: "还没有手牌用餐"
         }
+
+        FailedLoad {
+            visible: counterVm.isLoadFailed && cards.count === 0
+            retry: () => counterVm.init()
+        }
     }
 
     Column {
