@@ -59,7 +59,6 @@ Item {
                 width: Math.min(implicitWidth, Theme.px(174))
                 text: "[" + vm.areaName + "]"
                 font.pixelSize: Theme.headSize
-                color: Theme.accentPressed
             }
         }
 

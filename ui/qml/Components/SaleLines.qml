@@ -42,7 +42,7 @@ Rectangle {
             verticalAlignment: Text.AlignVCenter
             text: "¥" + part.sum.toFixed(2)
             font.pixelSize: Theme.titleSize
-            color: Theme.danger
+            color: Theme.dangerPressed
         }
     }
 

@@ -63,7 +63,7 @@ Item {
             width: parent.width
             text: "总金额:¥" + vm.totalAmount.toFixed(2)
             font.pixelSize: Theme.titleSize
-            color: Theme.danger
+            font.bold: true
         }
     }
 
