@@ -77,10 +77,10 @@ def open_board(stand, hands):
     hands.see("roomGroups", "room_112")
     hands.picture("board-by-type")
     hands.tap("modeButton")
-    hands.tap("floor_三楼")
+    hands.tap("floor_二楼")
     hands.gone("room_112")
     hands.picture("board-one-floor")
-    hands.tap("floor_三楼")
+    hands.tap("floor_二楼")
     hands.see("room_112")
 
 
