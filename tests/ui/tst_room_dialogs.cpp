@@ -121,7 +121,12 @@ class tst_room_dialogs : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase()
+    {
+        m_terminal.reset(new Terminal);
+        QVERIFY(m_terminal->isUp());
+        WALKED(m_terminal->login("tile_ROOMINFO_CTRL", "1001", "1001").walk("+Module1"));
+    }
     void cleanupTestCase() { m_terminal.reset(); }
     void init()
     {
@@ -131,18 +136,107 @@ private Q_SLOTS:
     void cleanup() { QCOMPARE(m_terminal->takeMessages(), QStringList()); }
 
     void saves_data() { addRows(saveTable); }
-    void saves();
-    void refusals();
-    void withoutHandCards();
+    void saves()
+    {
+        QFETCH(QStringList, row);
+        const QString path = row.at(2);
+        dialog(row.at(1).toInt());
+        if (path != "/bba01/roomAddCard")
+            house().answer(path, ok({}));
+        WALKED(walk("menu_" + row.at(0) + " " + road(row.at(4), row.at(0))).returned());
+        QCOMPARE(m_terminal->result().toMap(), (QVariantMap{{"dlgResult", false}}));
+        QCOMPARE(house().seen(path), 1);
+        QCOMPARE(unlike(sent(path), row.at(3)), QString());
+    }
+    /// What is refused leaves the dialog as it is; a supervisor may vouch for it from above the dialog.
+    void refusals()
+    {
+        dialog(2);
+        house().answer("/bba01/setRemark", QJsonObject{{"code", "500"}, {"msg", "不行"}});
+        house().answer("/bba01/cancelRoom", QJsonObject{{"code", "AUTH_ERR_0002"}, {"msg", "没有权限"}});
+        WALKED(walk("menu_REMARK_ROOM !remarkArea.text=少冰 saveButton =error|不行 ?remarkArea.text=少冰 "
+                    "menu_CANCEL_ROOM +msgConfirmDlg confirmButton +authDlg")
+                   .act([this] { house().answer("/bba01/cancelRoom", ok({})); })
+                   .walk(road("#1001 confirmButton #1001 confirmButton DONE"))
+                   .returned());
+        QVERIFY(!sent("/bba01/cancelRoom").value("authOperater").toString().isEmpty());
+    }
+    /// The room's own card is taken; guests' cards are not asked for.
+    void withoutHandCards()
+    {
+        GlobalConfig::getInstance()->sysConfig()->set_usedRoomMod(1);
+        for (const QString code : {"MASS_ROOM", "REST_ROOM", "MASS_CHG_REST", "REST_CHG_MASS"}) {
+            house().reset();
+            WALKED(dialog(code.startsWith("REST_C")   ? 3
+                          : code.startsWith("MASS_C") ? 2
+                                                      : 1)
+                       .walk("menu_" + code + " +card_8009 -cardButton")
+                       .picture("room-mode-" + code)
+                       .walk("closeButton")
+                       .returned());
+            QCOMPARE(sent(cardPath).value("cardno"), QJsonValue("801"));
+        }
+    }
     void facts();
-    void notInUseAnyMore();
+    void notInUseAnyMore()
+    {
+        house().answer(detailPath, ok(QJsonObject{{"id", "r1"}, {"roomNo", "801"}, {"status", 1}}));
+        m_terminal->open("roomDetailDlg", {{"roomId", "r1"}});
+        WALKED(walk("=error|包房状态发生变化,请刷新后再试 ?fact_roomNo.text= closeButton").returned());
+        QCOMPARE(house().seen("/bba01/getRoomConsList"), 0);
+    }
     void consumption();
     void crowded_data() { addRows(crowdedTable); }
-    void crowded();
+    /// The last entry is reached all the same, and the entry chosen last stands out in the menu.
+    void crowded()
+    {
+        QFETCH(QStringList, row);
+        dialog(row.at(0).toInt(), 60);
+        QString before;
+        for (const QString& page : row.mid(1)) {
+            const QString code = page.section(' ', 0, 0), grid = page.section(' ', 1, 1);
+            walk(QString("menu_%1 ?menu_%1.color=#398fff +%2 ").arg(code, grid) + before)
+                .until("the entries", [=] { return m_terminal->property(grid, "count").toInt() > 0; })
+                .picture("room-crowded-" + code + row.at(0))
+                .act([=] { QMetaObject::invokeMethod(m_terminal->item(grid), "positionViewAtEnd"); })
+                .walk(page.section(' ', 2));
+            before = "?menu_" + code + ".color=#ebebeb";
+        }
+        WALKED(walk("closeButton").returned());
+    }
     void taps_data() { addRows(tapTable); }
-    void taps();
-    void pageGoneUnderACall();
-    void moduleLeftUnderADialog();
+    void taps()
+    {
+        QFETCH(QStringList, row);
+        const QString path = row.at(4);
+        dialog(2);
+        for (const char* saving : {"/bba01/cancelRoom", "/bba01/leaveRoomNew", "/caa04/callStaff"})
+            house().answer(saving, ok({}));
+        WALKED(walk(row.at(1)).tapTogether(row.at(2).split(' ')).walk(road(row.at(3))).returned());
+        QCOMPARE(house().seen(path.isEmpty() ? cardPath : path), path.isEmpty() ? 0 : 1);
+        if (path == "/bba01/leaveRoomNew")
+            QCOMPARE(sent(path).value("cardids").toArray(), QJsonArray{"c0"});
+    }
+    /// A choice fetches while another entry of the menu takes its page away.
+    void pageGoneUnderACall()
+    {
+        WALKED(dialog(3)
+                   .walk("menu_REST_CHG_ROOM ?plan_0.backColor=#398fff")
+                   .act([this] { house().fault(planPath, "delay", 400); })
+                   .tapTogether({"room_1", "menu_REMARK_ROOM"})
+                   .walk("?remarkArea.text=旧的")
+                   .until("the plans were asked for", [this] { return house().seen(planPath) == 2; })
+                   .walk("closeButton")
+                   .returned());
+    }
+    /// As when the tile and the return mark are tapped at once.
+    void moduleLeftUnderADialog()
+    {
+        WALKED(walk("roomSearchButton +numKeyDlg")
+                   .act([&] { QMetaObject::invokeMethod(m_terminal->item("mainPage"), "leaveModule"); })
+                   .walk("+tile_ROOMINFO_CTRL #1 confirmButton -numKeyDlg"));
+        WALKED(m_terminal->login("tile_ROOMINFO_CTRL", "1001", "1001").walk("+Module1"));
+    }
 
 private:
     HouseProcess& house() { return m_terminal->house(); }
@@ -154,13 +248,6 @@ private:
 
     std::unique_ptr<Terminal> m_terminal;
 };
-
-void tst_room_dialogs::initTestCase()
-{
-    m_terminal.reset(new Terminal);
-    QVERIFY(m_terminal->isUp());
-    WALKED(m_terminal->login("tile_ROOMINFO_CTRL", "1001", "1001").walk("+Module1"));
-}
 
 Terminal& tst_room_dialogs::dialog(int status, int length)
 {
@@ -179,50 +266,6 @@ Terminal& tst_room_dialogs::dialog(int status, int length)
     house().answer("/bba01/getCanMergeRoomList",
                    ok(list(length, R"({"roomId": "m%", "roomNo": "%", "hourseName": "~"})")));
     return m_terminal->open(status == 1 ? "openRoomDlg" : "roomDetailDlg", {{"roomId", "r1"}});
-}
-
-void tst_room_dialogs::saves()
-{
-    QFETCH(QStringList, row);
-    const QString path = row.at(2);
-    dialog(row.at(1).toInt());
-    if (path != "/bba01/roomAddCard")
-        house().answer(path, ok({}));
-    WALKED(walk("menu_" + row.at(0) + " " + road(row.at(4), row.at(0))).returned());
-    QCOMPARE(m_terminal->result().toMap(), (QVariantMap{{"dlgResult", false}}));
-    QCOMPARE(house().seen(path), 1);
-    QCOMPARE(unlike(sent(path), row.at(3)), QString());
-}
-
-/// What is refused leaves the dialog as it is; a supervisor may vouch for it from above the dialog.
-void tst_room_dialogs::refusals()
-{
-    dialog(2);
-    house().answer("/bba01/setRemark", QJsonObject{{"code", "500"}, {"msg", "不行"}});
-    house().answer("/bba01/cancelRoom", QJsonObject{{"code", "AUTH_ERR_0002"}, {"msg", "没有权限"}});
-    WALKED(walk("menu_REMARK_ROOM !remarkArea.text=少冰 saveButton =error|不行 ?remarkArea.text=少冰 "
-                "menu_CANCEL_ROOM +msgConfirmDlg confirmButton +authDlg")
-               .act([this] { house().answer("/bba01/cancelRoom", ok({})); })
-               .walk(road("#1001 confirmButton #1001 confirmButton DONE"))
-               .returned());
-    QVERIFY(!sent("/bba01/cancelRoom").value("authOperater").toString().isEmpty());
-}
-
-/// The room's own card is taken; guests' cards are not asked for.
-void tst_room_dialogs::withoutHandCards()
-{
-    GlobalConfig::getInstance()->sysConfig()->set_usedRoomMod(1);
-    for (const QString code : {"MASS_ROOM", "REST_ROOM", "MASS_CHG_REST", "REST_CHG_MASS"}) {
-        house().reset();
-        WALKED(dialog(code.startsWith("REST_C")   ? 3
-                      : code.startsWith("MASS_C") ? 2
-                                                  : 1)
-                   .walk("menu_" + code + " +card_8009 -cardButton")
-                   .picture("room-mode-" + code)
-                   .walk("closeButton")
-                   .returned());
-        QCOMPARE(sent(cardPath).value("cardno"), QJsonValue("801"));
-    }
 }
 
 void tst_room_dialogs::facts()
@@ -264,14 +307,6 @@ void tst_room_dialogs::facts()
     QCOMPARE(places.size(), 12);
 }
 
-void tst_room_dialogs::notInUseAnyMore()
-{
-    house().answer(detailPath, ok(QJsonObject{{"id", "r1"}, {"roomNo", "801"}, {"status", 1}}));
-    m_terminal->open("roomDetailDlg", {{"roomId", "r1"}});
-    WALKED(walk("=error|包房状态发生变化,请刷新后再试 ?fact_roomNo.text= closeButton").returned());
-    QCOMPARE(house().seen("/bba01/getRoomConsList"), 0);
-}
-
 void tst_room_dialogs::consumption()
 {
     // The page that stands when the dialog opens. Each cell lies under its title.
@@ -299,59 +334,6 @@ void tst_room_dialogs::consumption()
     QCOMPARE(cells.at(0).count('+'), 8);
     QCOMPARE(cells.at(1), cells.at(0));
     QCOMPARE(sent("/bba01/getRoomConsList").value("roomId"), QJsonValue("r1"));
-}
-
-/// The last entry is reached all the same, and the entry chosen last stands out in the menu.
-void tst_room_dialogs::crowded()
-{
-    QFETCH(QStringList, row);
-    dialog(row.at(0).toInt(), 60);
-    QString before;
-    for (const QString& page : row.mid(1)) {
-        const QString code = page.section(' ', 0, 0), grid = page.section(' ', 1, 1);
-        walk(QString("menu_%1 ?menu_%1.color=#398fff +%2 ").arg(code, grid) + before)
-            .until("the entries", [=] { return m_terminal->property(grid, "count").toInt() > 0; })
-            .picture("room-crowded-" + code + row.at(0))
-            .act([=] { QMetaObject::invokeMethod(m_terminal->item(grid), "positionViewAtEnd"); })
-            .walk(page.section(' ', 2));
-        before = "?menu_" + code + ".color=#ebebeb";
-    }
-    WALKED(walk("closeButton").returned());
-}
-
-void tst_room_dialogs::taps()
-{
-    QFETCH(QStringList, row);
-    const QString path = row.at(4);
-    dialog(2);
-    for (const char* saving : {"/bba01/cancelRoom", "/bba01/leaveRoomNew", "/caa04/callStaff"})
-        house().answer(saving, ok({}));
-    WALKED(walk(row.at(1)).tapTogether(row.at(2).split(' ')).walk(road(row.at(3))).returned());
-    QCOMPARE(house().seen(path.isEmpty() ? cardPath : path), path.isEmpty() ? 0 : 1);
-    if (path == "/bba01/leaveRoomNew")
-        QCOMPARE(sent(path).value("cardids").toArray(), QJsonArray{"c0"});
-}
-
-/// A choice fetches while another entry of the menu takes its page away.
-void tst_room_dialogs::pageGoneUnderACall()
-{
-    WALKED(dialog(3)
-               .walk("menu_REST_CHG_ROOM ?plan_0.backColor=#398fff")
-               .act([this] { house().fault(planPath, "delay", 400); })
-               .tapTogether({"room_1", "menu_REMARK_ROOM"})
-               .walk("?remarkArea.text=旧的")
-               .until("the plans were asked for", [this] { return house().seen(planPath) == 2; })
-               .walk("closeButton")
-               .returned());
-}
-
-/// As when the tile and the return mark are tapped at once.
-void tst_room_dialogs::moduleLeftUnderADialog()
-{
-    WALKED(walk("roomSearchButton +numKeyDlg")
-               .act([&] { QMetaObject::invokeMethod(m_terminal->item("mainPage"), "leaveModule"); })
-               .walk("+tile_ROOMINFO_CTRL #1 confirmButton -numKeyDlg"));
-    WALKED(m_terminal->login("tile_ROOMINFO_CTRL", "1001", "1001").walk("+Module1"));
 }
 
 QTEST_MAIN(tst_room_dialogs)

@@ -26,10 +26,58 @@ private Q_SLOTS:
         QFETCH(QStringList, cells);
         m_room->check(cells);
     }
-    void recordIsKept();
-    void laterChoiceWins();
+    /// The pages read it long after the reply has gone.
+    void recordIsKept()
+    {
+        const std::unique_ptr<QObject> page(
+            m_room->page("RoomDetailVm", "read({remark: '一', cardlist: [{cardno: '8001'}]})"));
+        const auto record = [&] { return page->property("pRoomDetail").value<RoomDetailDto*>(); };
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(record()->remark() + record()->cardlist().at(0)->cardno(), QStringLiteral("一8001"));
+        const QPointer<RoomDetailDto> first(record());
+        m_room->run("read({remark: '二'})");
+        QCOMPARE(record()->remark(), QStringLiteral("二"));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!first);
+    }
+    /// The answer for B comes when C has been chosen and has its plans.
+    void laterChoiceWins()
+    {
+        const std::unique_ptr<QObject> page(
+            m_room->page("RestChgRoomVm", "found(); f.answer(plans, ids('P3'), 1)"));
+        m_room->house().fault(plansPath, "delay", 300, 1);
+        QTimer::singleShot(50, page.get(), [&] {
+            QVERIFY(!m_room->run("p.save()").toBool());
+            m_room->run("f.answer(plans, ids('P4 P5'), 1); p.selectRoom(2); p.checkPlan(1)");
+        });
+        m_room->run("p.selectRoom(1)");
+        QCOMPARE(m_room->takeShown(), QStringList{"error|请选择新房间的计费方案"});
+        QCOMPARE(m_room->house().seen(plansPath), 3);
+        QCOMPARE(m_room->run("show('pEmptyRoomModel', 'tempId') + ' ' + show('pPlanListModel', 'planId')")
+                     .toString(),
+                 QStringLiteral("A B C* P4 P5*"));
+    }
     void slips_data();
-    void slips();
+    void slips()
+    {
+        QFETCH(QStringList, cells);
+        static const qint64 moment = QDateTime({2026, 3, 8}, {20, 5, 30}).toMSecsSinceEpoch();
+        Clock::setSource([] { return moment; });
+        GlobalConfig::getInstance()->leave_room_print_count = cells.at(1).contains("none") ? 0 : 2;
+        m_room->answer("/bba01/openMassRoom", {});
+        m_room->answer("/bba01/openRestRoom", {});
+        const std::unique_ptr<QObject> page(m_room->page(cells.at(0), cells.at(1)));
+        QVERIFY(m_room->run("p.save()").toBool());
+        QCOMPARE(m_room->takeShown(), QStringList{done});
+        const QString paper = m_room->takePrinted();
+        const int copies = cells.at(2).toInt();
+        QCOMPARE(paper.isEmpty(), copies == 0);
+        for (QString line : cells.value(3).split(',', Qt::SkipEmptyParts)) {
+            const int expected = line.startsWith('!') ? 0 : copies;
+            line.remove('!').replace('|', ',').replace('_', ' ');
+            QVERIFY2(paper.count(line) == expected, qPrintable(line + " in " + paper));
+        }
+    }
 
 private:
     std::unique_ptr<RoomFixture> m_room;
@@ -230,39 +278,6 @@ OpenMassVm | moving(); f.answerQuestions(0) | [p.save(), sent(opening)] | false,
 )");
 }
 
-/// The pages read it long after the reply has gone.
-void tst_room_pages::recordIsKept()
-{
-    const std::unique_ptr<QObject> page(
-        m_room->page("RoomDetailVm", "read({remark: '一', cardlist: [{cardno: '8001'}]})"));
-    const auto record = [&] { return page->property("pRoomDetail").value<RoomDetailDto*>(); };
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(record()->remark() + record()->cardlist().at(0)->cardno(), QStringLiteral("一8001"));
-    const QPointer<RoomDetailDto> first(record());
-    m_room->run("read({remark: '二'})");
-    QCOMPARE(record()->remark(), QStringLiteral("二"));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(!first);
-}
-
-/// The answer for B comes when C has been chosen and has its plans.
-void tst_room_pages::laterChoiceWins()
-{
-    const std::unique_ptr<QObject> page(
-        m_room->page("RestChgRoomVm", "found(); f.answer(plans, ids('P3'), 1)"));
-    m_room->house().fault(plansPath, "delay", 300, 1);
-    QTimer::singleShot(50, page.get(), [&] {
-        QVERIFY(!m_room->run("p.save()").toBool());
-        m_room->run("f.answer(plans, ids('P4 P5'), 1); p.selectRoom(2); p.checkPlan(1)");
-    });
-    m_room->run("p.selectRoom(1)");
-    QCOMPARE(m_room->takeShown(), QStringList{"error|请选择新房间的计费方案"});
-    QCOMPARE(m_room->house().seen(plansPath), 3);
-    QCOMPARE(
-        m_room->run("show('pEmptyRoomModel', 'tempId') + ' ' + show('pPlanListModel', 'planId')").toString(),
-        QStringLiteral("A B C* P4 P5*"));
-}
-
 // The page; the steps; how many slips; their lines, with "!" those that they haven't.
 void tst_room_pages::slips_data()
 {
@@ -280,27 +295,6 @@ LeaveRoomVm | leaving({allleave: false}) | 0
 LeaveRoomVm | leaving(null) | 0
 LeaveRoomVm | leaving({allleave: true}) /* none are set */ | 0
 )");
-}
-
-void tst_room_pages::slips()
-{
-    QFETCH(QStringList, cells);
-    static const qint64 moment = QDateTime({2026, 3, 8}, {20, 5, 30}).toMSecsSinceEpoch();
-    Clock::setSource([] { return moment; });
-    GlobalConfig::getInstance()->leave_room_print_count = cells.at(1).contains("none") ? 0 : 2;
-    m_room->answer("/bba01/openMassRoom", {});
-    m_room->answer("/bba01/openRestRoom", {});
-    const std::unique_ptr<QObject> page(m_room->page(cells.at(0), cells.at(1)));
-    QVERIFY(m_room->run("p.save()").toBool());
-    QCOMPARE(m_room->takeShown(), QStringList{done});
-    const QString paper = m_room->takePrinted();
-    const int copies = cells.at(2).toInt();
-    QCOMPARE(paper.isEmpty(), copies == 0);
-    for (QString line : cells.value(3).split(',', Qt::SkipEmptyParts)) {
-        const int expected = line.startsWith('!') ? 0 : copies;
-        line.remove('!').replace('|', ',').replace('_', ' ');
-        QVERIFY2(paper.count(line) == expected, qPrintable(line + " in " + paper));
-    }
 }
 
 QTEST_GUILESS_MAIN(tst_room_pages)
