@@ -3,25 +3,47 @@
 #include "RoomFixture.h"
 
 #include "common/GlobalConfig.h"
-#include "services/Bda02Service.h"
-#include "vm/module3/DownServerVm.h"
-#include "vm/module3/Module3Vm.h"
-#include "vm/module3/UpServerVm.h"
+#include "vm/module3/Module3Register.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
-#include <QSignalSpy>
-#include <QtTest>
 
 namespace {
 
-const QString infoPath = QStringLiteral("/bda02/getStaffInfo");
-const QString itemsPath = QStringLiteral("/bda02/getStaffItemList");
-const QString endPath = QStringLiteral("/bda02/endServer");
-
 QJsonObject json(const QString& text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
 
-QString compact(const QJsonObject& object) { return QJsonDocument(object).toJson(QJsonDocument::Compact); }
+/// What the steps may use.
+const char script[] = R"(
+var info = '/bda02/getStaffInfo', items = '/bda02/getStaffItemList', end = '/bda02/endServer'
+var m, loads, closes
+// The house's answer about a technician with two items and one running line.
+function staff(workStatus, fields) {
+    const staffInfo = Object.assign({id: 'S', staffNo: '801', workStatus}, fields)
+    f.answer(info, {staffInfo, itemList: [{orderId: 'L'}]})
+    f.answer(items, {itemlist: [{itemId: 'i1', times: 60}, {itemId: 'i2'}]})
+}
+function enter(staffNo) {
+    m = p
+    loads = closes = 0
+    m.setLoaderSignal.connect(() => ++loads)
+    m.onCloseSignal.connect(() => ++closes)
+    m.init(staffNo)
+}
+function open() {
+    p.init(m.pStaffDetail, m.pServerList, m.pOnServerList)
+    if (p.onCloseSignal)
+        p.onCloseSignal.connect(() => ++closes)
+}
+function start() {
+    if (!p.isAssigned)
+        p.pServerModel.onChecked(0)
+    const push = p.checkPushNo()
+    return push + ' ' + p.save(push == 2 ? '802' : '')
+}
+function stop(printlist, surplus) {
+    f.answer(end, {staffNo: '801', cardNo: '8001', roomNo: '101', surplus, printlist})
+    return p.stopServer()
+}
+)";
 
 } // namespace
 
@@ -30,292 +52,178 @@ class tst_clock_service : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void entry_data();
-    void entry();
-    void starts_data();
-    void starts();
-    void shift();
-    void changes_data();
-    void changes();
-    void refreshes();
-    void vouchers();
+    void initTestCase()
+    {
+        m_terminal.reset(new RoomFixture);
+        QVERIFY(m_terminal->isUp());
+        Module3Register().init();
+        m_terminal->run(script);
+    }
+    void init()
+    {
+        m_terminal->reset();
+        set({});
+    }
+
+    // The answer; the module's page, how often it is loaded and left, and what is said; the same of a running
+    // service's page after a change, which stands, though the page may not stay.
+    void entry_data()
+    {
+        addRows(R"(
+staff(1) | 1,1,0 | 1 error|当前技师状态发生变化; success|加钟成功
+staff(6) | 1,1,0 | 1 error|当前技师状态发生变化; success|加钟成功
+staff(2) | 2,1,0 | 0 success|加钟成功
+staff(3) | 0,0,1 error|工号【801】非[待钟/上钟]状态不允许操作 | 1 error|当前技师状态发生变化; success|加钟成功
+f.answer(info, {itemList: []}) | 0,0,1 error|未找到工号【801】信息 | 1 error|未找到工号【801】信息; success|加钟成功
+f.answer(info, null)           | 0,0,1 error|未找到工号【801】信息 | 1 error|未找到工号【801】信息; success|加钟成功
+f.refuse(info, 'no')           | 0,0,0 error|no | 1 error|no; success|加钟成功
+f.refuse(items, 'no')          | 0,0,0 error|no | 1 error|no; success|加钟成功)");
+    }
+    void entry()
+    {
+        QFETCH(QStringList, cells);
+        m_terminal->run("staff(2); " + cells[0]);
+        m_module.reset(m_terminal->page("Module3Vm", "enter('801')"));
+        QCOMPARE(told("[m.operStatus, loads, closes]"), cells[1]);
+        m_terminal->answer("/bda02/addServer", QJsonValue());
+        open("DownServerVm", "staff(2)");
+        QCOMPARE(told(cells[0] + "; p.addServer('i', 1); closes"), cells[2]);
+    }
+
+    // The technician; plan, store and terminal; the kinds, and whether they are his to choose; whether the
+    // pusher is asked for, whether it starts, and what is said; what is sent
+    void starts_data()
+    {
+        addRows(R"(
+staff(1) | {"cust":true} | 点  钟* 轮  钟 选  钟 false | 1 true success|起钟成功
+    | {"staffId":"S","itemId":"i1","cardNo":"","orderType":1}
+staff(1) | {"cust":true,"js":2} | 点  钟 轮  钟 选  钟* false | 1 true success|起钟成功
+    | {"staffId":"S","itemId":"i1","cardNo":"","orderType":2}
+staff(1) | {"cust":true,"js":7} | 点  钟* 轮  钟 选  钟 false | 1 true success|起钟成功
+    | {"staffId":"S","itemId":"i1","cardNo":"","orderType":1}
+staff(1) | {"cust":true,"kinds":"5,7,x, 2,1","push":1} | 轮  钟* 点  钟 true | 2 true success|起钟成功
+    | {"staffId":"S","itemId":"i1","cardNo":"","orderType":5,"pushNo":"802"}
+staff(1) | {"cust":true,"kinds":"9"} | true | 1 false error|起钟类别不能为空 | {"never":"sent"}
+staff(1) | {} | 点  钟* 轮  钟 选  钟 false | 0 false error|请输入手牌; error|请输入手牌 | {"never":"sent"}
+staff(6, {orderId: 'O', itemId: 'i2', type: 2, cardno: '8001', roomNo: '101'}) | {"kinds":"5","push":1}
+    | 点  钟 轮  钟 选  钟* false | 1 true
+    | {"staffId":"S","itemId":"i2","cardNo":"8001","orderType":2,"roomNo":"101","orderId":"O"}
+staff(6, {orderId: 'O', itemId: 'gone', type: 3}) | {"cust":true} | 点  钟* 轮  钟 选  钟 false
+    | 0 false error|请选择起钟项目; error|请选择起钟项目 | {"never":"sent"})");
+    }
+    void starts()
+    {
+        QFETCH(QStringList, cells);
+        set(json(cells[1]));
+        const bool isAssigned = cells[0].contains("orderId");
+        const QString path = isAssigned ? "/bda02/startServer" : "/bda02/startServerWithoutOrder";
+        m_terminal->answer(path, QJsonValue());
+        open("UpServerVm", cells[0]);
+        QCOMPARE(told("show('pTypeModel', 'typeName') + ' ' + p.isTypeEnabled"), cells[2]);
+        QCOMPARE(told("start()"), cells[3]);
+        QCOMPARE(m_terminal->sent(path), json(cells[4]));
+    }
+
+    /// The house itself: an assigned technician, whose lines are taken back, the last one with the page.
+    void shift()
+    {
+        open("UpServerVm", "", "808");
+        QCOMPARE(told("p.save('')"), QString("true"));
+        open("DownServerVm", "var planned, idOf = (list, role, row = 0) => show(list, role).split(' ')[row]",
+             "808");
+        m_terminal->run("planned = p.surplus; p.addServer(idOf('pServerModel', 'itemId'), 2)");
+        QCOMPARE(told("(p.surplus - planned) / parseInt(show('pServerModel', 'times'))"),
+                 QString("2 success|加钟成功"));
+        QCOMPARE(told("p.chgHandCard('8043'); p.cardNo"), QString("8043 success|加钟成功"));
+        QCOMPARE(told("p.chargeBack(idOf('pOnServerModel', 'orderId', 1)); closes"),
+                 QString("0 success|退钟成功"));
+        QCOMPARE(told("p.chargeBack(idOf('pOnServerModel', 'orderId')); closes"),
+                 QString("1 error|当前技师状态发生变化; success|退钟成功"));
+    }
+
+    void changes_data()
+    {
+        addRows(R"(
+addServer | p.addServer('i', 0) | {"staffId":"S","hardCardId":"H","itemId":"i","typeId":"T","onTypeId":"T",
+    "pushId":"P","num":1,"roomId":"R"} | 加钟成功
+changeServer | p.changeServer('i') | {"orderId":"L","itemId":"i","typeId":"T","onTypeId":"T"} | 换钟成功
+chgAssignType | [0, 7, -1, 1].map(p.chgAssignType) | {"newType":5,"orderId":"O"} | 更换成功
+changeCard | p.chgHandCard('8001') | {"staffId":"S","cardId":"H","cardNo":"8001","roomId":"R"} | 加钟成功
+chargeBack | p.chargeBack('L') | {"staffId":"S","orderIds":["L"]} | 退钟成功)");
+    }
+    /// A refusal changes nothing, and nothing is read again.
+    void changes()
+    {
+        QFETCH(QStringList, cells);
+        const QString path = "/bda02/" + cells[0];
+        m_terminal->answer(path, QJsonValue(), 1);
+        open("DownServerVm",
+             "staff(2, {orderId: 'O', hardCardId: 'H', pushId: 'P', roomId: 'R', workTypeId: 'T',"
+             "type: 1})");
+        const QString change = "p.onChecked(0);" + cells[1] + "; [p.isSelectedItem, p.isEnabled, f.seen(info)]";
+        QCOMPARE(told(change), "false,true,2 success|" + cells[3]);
+        QCOMPARE(m_terminal->sent(path), json(cells[2]));
+        m_terminal->refuse(path, "no");
+        QCOMPARE(told(change), QString("true,true,2 error|no"));
+    }
+
+    /// Lines of one item, kind and price are one, in the order of their texts; the period is that of the whole.
+    void vouchers()
+    {
+        open("DownServerVm", R"(staff(2, {orderId: 'O'}); var served = [
+            ['b', '轮钟', 128, 1, '19:30', '20:30'], ['a', '加钟', 98, 0.5, '20:00', '21:00'],
+            ['b', '轮钟', 128, 1, '20:10', '21:10'], ['b', '轮钟', 98, 1, '20:20', '21:20'],
+            ['a', '加钟', 98, 1, '20:30', '21:30']].map(([itemName, assignType, price, num, startTime, endTime]) =>
+            ({itemName, assignType, price, num, amount: num * price, startTime, endTime})))");
+        const auto printed = [&](int copies, const QString& steps) {
+            GlobalConfig::getInstance()->stop_server_print_count = copies;
+            const QString said = told(steps);
+            return said + m_terminal->takePrinted();
+        };
+        QCOMPARE(printed(0, "stop(served, 5)"), QString("true success|停钟成功"));
+        const QString slip = printed(2, "stop(served, 5)");
+        QCOMPARE(m_terminal->sent("/bda02/endServer"), json(R"({"orderId":"O","pageType":1})"));
+        QCOMPARE(slip.count("[801][技师工作凭证]"), 2);
+        const QRegularExpression lines(
+            "手牌: 8001.*房间: 101.*项目: a<加钟>.*数量: 2, 单价: 98.00, 金额: 147.00"
+            ".*项目: b<轮钟>.*数量: 2, 单价: 128.00, 金额: 256.00.*项目: b<轮钟>.*数量: 1, 单价: 98.00, 金额: "
+            "98.00"
+            ".*时间: 19:30-21:30<提前5分钟>.*数量: 5, 金额: 501.00.*工号:801.*\\[801\\]",
+            QRegularExpression::DotMatchesEverythingOption);
+        QVERIFY2(slip.contains(lines), qPrintable(slip));
+        const QString empty = printed(1, "stop([], -5)");
+        QVERIFY(empty.contains("[801][技师工作凭证]") && !empty.contains("项目"));
+        QCOMPARE(printed(1, "f.refuse(end, 'no'); p.stopServer() + ' ' + p.isEnabled"),
+                 QString("false true error|no"));
+    }
 
 private:
-    /// The house's answer about a technician with two items and one running line.
-    void tell(const QJsonObject& staff, const QJsonArray& lines = {QJsonObject{{"orderId", "L"}}})
+    void set(const QJsonObject& settings)
     {
-        m_terminal->answer(infoPath, QJsonObject{{"staffInfo", staff}, {"itemList", lines}});
-        m_terminal->answer(itemsPath, json(R"({"itemlist":[{"itemId":"i1","times":60},{"itemId":"i2"}]})"));
+        GlobalConfig* config = GlobalConfig::getInstance();
+        config->sysConfig()->set_custCanAssign(settings["cust"].toBool());
+        config->planConfig()->set_noAlarmType(settings["kinds"].toString());
+        config->planConfig()->set_isPush(settings["push"].toInt());
+        config->js_assign_type = settings["js"].toInt(1);
     }
-    /// Reads the technician and opens his page.
-    template <typename Page>
-    std::unique_ptr<Page> open(const QString& staffNo = "801")
+    /// Reads the technician, of whom the house tells this, and opens his page.
+    void open(const QString& type, const QString& staff, const QString& staffNo = "801")
     {
-        m_module.reset(new Module3Vm);
-        m_module->init(staffNo);
-        std::unique_ptr<Page> page(new Page);
-        if constexpr (std::is_same<Page, UpServerVm>::value)
-            page->init(m_module->pStaffDetail(), m_module->pServerList());
-        else
-            page->init(m_module->pStaffDetail(), m_module->pServerList(), m_module->pOnServerList());
-        return page;
+        m_terminal->run(staff);
+        m_module.reset(m_terminal->page("Module3Vm", "enter('" + staffNo + "')"));
+        m_page.reset(m_terminal->page(type, "open()"));
     }
-    QString shown() { return m_terminal->takeShown().join("; "); }
+    /// What the steps give, and what is said meanwhile.
+    QString told(const QString& steps)
+    {
+        const QString value = m_terminal->run(steps).toString();
+        return (value + " " + m_terminal->takeShown().join("; ")).trimmed();
+    }
 
     std::unique_ptr<RoomFixture> m_terminal;
-    std::unique_ptr<Module3Vm> m_module;
+    std::unique_ptr<QObject> m_module;
+    std::unique_ptr<QObject> m_page;
 };
-
-void tst_clock_service::initTestCase()
-{
-    m_terminal.reset(new RoomFixture);
-    QVERIFY(m_terminal->isUp());
-}
-
-void tst_clock_service::init()
-{
-    m_terminal->reset();
-    GlobalConfig* config = GlobalConfig::getInstance();
-    config->js_assign_type = 1;
-    config->stop_server_print_count = 0;
-    config->planConfig()->set_noAlarmType("");
-    config->planConfig()->set_isPush(0);
-    config->sysConfig()->set_custCanAssign(false);
-    config->setRights({"0303", "0304", "0314", "0316", "0319", "0324"});
-}
-
-void tst_clock_service::entry_data()
-{
-    addRows(R"(
-{"staffInfo":{"workStatus":1}} | 1 | 0 |
-{"staffInfo":{"workStatus":6}} | 1 | 0 |
-{"staffInfo":{"workStatus":2}} | 2 | 0 |
-{"staffInfo":{"workStatus":3}} | 0 | 1 | error|工号【801】非[待钟/上钟]状态不允许操作
-{"itemList":[]}                | 0 | 1 | error|未找到工号【801】信息
-null                           | 0 | 1 | error|未找到工号【801】信息
-refused                        | 0 | 0 | error|refused
-items refused                  | 0 | 0 | error|items)");
-}
-
-void tst_clock_service::entry()
-{
-    QFETCH(QStringList, cells);
-    if (cells[0] == "refused")
-        m_terminal->refuse(infoPath, "refused");
-    else if (cells[0] == "items refused")
-        m_terminal->refuse(itemsPath, "items"); // of one whom the house knows
-    else
-        m_terminal->answer(infoPath, cells[0] == "null" ? QJsonValue() : QJsonValue(json(cells[0])));
-    if (cells[0] != "items refused")
-        m_terminal->answer(itemsPath, QJsonObject{});
-    Module3Vm module;
-    QSignalSpy closes(&module, &Module3Vm::onCloseSignal);
-    QSignalSpy loads(&module, &Module3Vm::setLoaderSignal);
-    module.init("801");
-    QCOMPARE(QString::number(module.operStatus()), cells[1]);
-    QCOMPARE(loads.size(), cells[1] == "0" ? 0 : 1);
-    QCOMPARE(QString::number(closes.size()), cells[2]);
-    QCOMPARE(shown(), cells.value(3));
-}
-
-void tst_clock_service::starts_data()
-{
-    // The technician; plan, store and terminal; the kinds; whether the pusher is asked for; what is sent, what
-    // said
-    addRows(R"(
-{"workStatus":1} | {"cust":true} | 点  钟* 轮  钟 选  钟 | 1
-    | {"staffId":"S","itemId":"i1","cardNo":"","orderType":1} | success|起钟成功
-{"workStatus":1} | {"cust":true,"js":2} | 点  钟 轮  钟 选  钟* | 1
-    | {"staffId":"S","itemId":"i1","cardNo":"","orderType":2} | success|起钟成功
-{"workStatus":1} | {"cust":true,"js":7} | 点  钟* 轮  钟 选  钟 | 1
-    | {"staffId":"S","itemId":"i1","cardNo":"","orderType":1} | success|起钟成功
-{"workStatus":1} | {"cust":true,"kinds":"5,7,x, 2,1","push":1} | 轮  钟* 点  钟 | 2
-    | {"staffId":"S","itemId":"i1","cardNo":"","orderType":5,"pushNo":"802"} | success|起钟成功
-{"workStatus":1} | {"cust":true,"kinds":"9"} |  | 1 | {"never":"sent"} | error|起钟类别不能为空
-{"workStatus":1} | {} | 点  钟* 轮  钟 选  钟 | 0 | {"never":"sent"} | error|请输入手牌; error|请输入手牌
-{"workStatus":6,"orderId":"O","itemId":"i2","type":2,"cardno":"8001","roomNo":"101"} | {"kinds":"5","push":1}
-    | 点  钟 轮  钟 选  钟* | 1
-    | {"staffId":"S","itemId":"i2","cardNo":"8001","orderType":2,"roomNo":"101","orderId":"O"} |
-{"workStatus":6,"orderId":"O","itemId":"gone","type":3} | {"cust":true} | 点  钟* 轮  钟 选  钟 | 0
-    | {"never":"sent"} | error|请选择起钟项目; error|请选择起钟项目)");
-}
-
-void tst_clock_service::starts()
-{
-    QFETCH(QStringList, cells);
-    GlobalConfig* config = GlobalConfig::getInstance();
-    const QJsonObject settings = json(cells[1]);
-    config->sysConfig()->set_custCanAssign(settings["cust"].toBool());
-    config->planConfig()->set_noAlarmType(settings["kinds"].toString());
-    config->planConfig()->set_isPush(settings["push"].toInt());
-    config->js_assign_type = settings["js"].toInt(1);
-    QJsonObject staff = json(cells[0]);
-    staff["id"] = "S";
-    const bool isAssigned = staff.contains("orderId");
-    tell(staff);
-    const QString path = isAssigned ? "/bda02/startServer" : "/bda02/startServerWithoutOrder";
-    m_terminal->answer(path, QJsonValue());
-    const auto page = open<UpServerVm>();
-    QCOMPARE(m_terminal->listed(page->pTypeModel(), "typeName"), cells[2]);
-    QCOMPARE(page->isTypeEnabled(), !isAssigned && settings.contains("kinds"));
-    if (!isAssigned)
-        page->pServerModel()->onChecked(0);
-    const int push = page->checkPushNo();
-    QCOMPARE(QString::number(push), cells[3]);
-    QCOMPARE(page->save(push == 2 ? "802" : ""), !cells[4].contains("never"));
-    QCOMPARE(m_terminal->sent(path), json(cells[4]));
-    QCOMPARE(shown(), cells.value(5));
-}
-
-/// The house itself: an assigned technician whose last line is taken back, and one whom another terminal stops.
-void tst_clock_service::shift()
-{
-    for (const QString staffNo : {"808", "807"}) {
-        const auto start = open<UpServerVm>(staffNo);
-        if (!start->isAssigned()) {
-            start->pServerModel()->onChecked(0);
-            QVERIFY(start->getOrderInfo({}, "8042"));
-        }
-        QVERIFY(start->save({}));
-        const auto page = open<DownServerVm>(staffNo);
-        QCOMPARE(m_module->operStatus(), int(Module3Vm::EndPage));
-        const int planned = page->surplus();
-        const server_struct item = page->pServerModel()->row(0);
-        page->addServer(item.itemId, 2);
-        QCOMPARE(page->surplus(), planned + 2 * item.times);
-        page->chgHandCard("8043");
-        QCOMPARE(page->cardNo(), QString("8043"));
-        page->chargeBack(page->pOnServerModel()->row(1).orderId);
-        const QString left = page->pOnServerModel()->row(0).orderId;
-        QCOMPARE(shown().right(12), QString("success|退钟成功"));
-        QSignalSpy closes(page.get(), &DownServerVm::onCloseSignal);
-        if (staffNo == "808") {
-            page->chargeBack(left);
-            QCOMPARE(shown(), QString("error|当前技师状态发生变化; success|退钟成功"));
-        } else {
-            call(&Bda02Service::endServer, {{"orderId", left}, {"pageType", 1}});
-            QVERIFY(!page->stopServer() && page->isEnabled());
-        }
-        QCOMPARE(closes.size(), staffNo == "808" ? 1 : 0);
-    }
-}
-
-void tst_clock_service::changes_data()
-{
-    addRows(R"(
-addServer | {"staffId":"S","hardCardId":"H","itemId":"i","typeId":"T","onTypeId":"T","pushId":"P","num":1,"roomId":"R"}
-    | 加钟成功
-changeServer | {"orderId":"L","itemId":"i","typeId":"T","onTypeId":"T"} | 换钟成功
-chgAssignType | {"newType":5,"orderId":"O"} | 更换成功
-changeCard | {"staffId":"S","cardId":"H","cardNo":"8001","roomId":"R"} | 加钟成功
-chargeBack | {"staffId":"S","orderIds":["L"]} | 退钟成功)");
-}
-
-void tst_clock_service::changes()
-{
-    QFETCH(QStringList, cells);
-    const QString path = "/bda02/" + cells[0];
-    const auto change = [&](DownServerVm& page) {
-        page.onChecked(0);
-        if (cells[0] == "addServer")
-            page.addServer("i", 0);
-        else if (cells[0] == "changeServer")
-            page.changeServer("i");
-        else if (cells[0] == "changeCard")
-            page.chgHandCard("8001");
-        else if (cells[0] == "chargeBack")
-            page.chargeBack("L");
-        else
-            for (const int kind : {0, 7, -1, 1}) // the one in force, two that aren't there
-                page.chgAssignType(kind);
-    };
-    tell({{"workStatus", 2},
-          {"id", "S"},
-          {"orderId", "O"},
-          {"hardCardId", "H"},
-          {"pushId", "P"},
-          {"roomId", "R"},
-          {"workTypeId", "T"},
-          {"type", 1}});
-    m_terminal->answer(path, QJsonValue(), 1);
-    const auto page = open<DownServerVm>();
-    change(*page);
-    QCOMPARE(compact(m_terminal->sent(path)), compact(json(cells[1])));
-    QCOMPARE(shown(), "success|" + cells[2]);
-    QCOMPARE(m_terminal->seen(infoPath), 2);
-    QVERIFY(!page->isSelectedItem());
-    // A refusal changes nothing, and nothing is read again.
-    m_terminal->refuse(path, "no");
-    change(*page);
-    QCOMPARE(shown(), QString("error|no"));
-    QCOMPARE(m_terminal->seen(infoPath), 2);
-    QVERIFY(page->isSelectedItem() && page->isEnabled());
-}
-
-/// What was changed stands, but the page can't stay.
-void tst_clock_service::refreshes()
-{
-    const auto addAfter = [&](const std::function<void()>& spoil) {
-        tell({{"workStatus", 2}});
-        m_terminal->answer("/bda02/addServer", QJsonValue());
-        const auto page = open<DownServerVm>();
-        spoil();
-        QSignalSpy closes(page.get(), &DownServerVm::onCloseSignal);
-        page->addServer("i", 1);
-        return QString("%1 %2").arg(closes.size()).arg(shown());
-    };
-    QCOMPARE(addAfter([&] { m_terminal->refuse(infoPath, "no"); }), QString("1 error|no; success|加钟成功"));
-    QCOMPARE(addAfter([&] { m_terminal->answer(infoPath, QJsonObject{}); }),
-             QString("1 error|未找到工号【】信息; success|加钟成功"));
-    QCOMPARE(addAfter([&] {
-                 tell({{"workStatus", 1}});
-             }),
-             QString("1 error|当前技师状态发生变化; success|加钟成功"));
-    QCOMPARE(addAfter([&] { m_terminal->refuse(itemsPath, "no"); }), QString("1 error|no; success|加钟成功"));
-}
-
-/// Lines of one item, kind and price are one; the order is that of their texts, the period that of the whole.
-void tst_clock_service::vouchers()
-{
-    const QJsonArray lines = json(R"({"a":[
-        {"itemName":"b","assignType":"轮钟","price":128,"num":1,"amount":128,"startTime":"19:30","endTime":"20:30"},
-        {"itemName":"a","assignType":"加钟","price":98,"num":0.5,"amount":49,"startTime":"20:00","endTime":"21:00"},
-        {"itemName":"b","assignType":"轮钟","price":128,"num":1,"amount":128,"startTime":"20:10","endTime":"21:10"},
-        {"itemName":"b","assignType":"轮钟","price":98,"num":1,"amount":98,"startTime":"20:20","endTime":"21:20"},
-        {"itemName":"a","assignType":"加钟","price":98,"num":1,"amount":98,"startTime":"20:30","endTime":"21:30"}]})")
-                                 .value("a")
-                                 .toArray();
-    tell({{"workStatus", 2}, {"orderId", "O"}});
-    const auto stop = [&](int count, const QJsonArray& printed, int surplus) {
-        GlobalConfig::getInstance()->stop_server_print_count = count;
-        QJsonObject end = json(R"({"staffNo":"801","cardNo":"8001","roomNo":"101"})");
-        end["surplus"] = surplus;
-        end["printlist"] = printed;
-        m_terminal->answer(endPath, end);
-        return open<DownServerVm>()->stopServer();
-    };
-    QVERIFY(stop(0, lines, 5));
-    QCOMPARE(m_terminal->takePrinted(), QString());
-    QVERIFY(stop(2, lines, 5));
-    QCOMPARE(m_terminal->sent(endPath), QJsonObject({{"orderId", "O"}, {"pageType", 1}}));
-    const QString slip = m_terminal->takePrinted();
-    QCOMPARE(slip.count("[801][技师工作凭证]"), 2);
-    int at = 0;
-    for (const QString text :
-         {"手牌: 8001", "房间: 101", "项目: a<加钟>", "数量: 2, 单价: 98.00, 金额: 147.00", "项目: b<轮钟>",
-          "数量: 2, 单价: 128.00, 金额: 256.00", "项目: b<轮钟>", "数量: 1, 单价: 98.00, 金额: 98.00",
-          "时间: 19:30-21:30<提前5分钟>", "数量: 5, 金额: 501.00", "工号:801"}) {
-        at = slip.indexOf(text, at);
-        QVERIFY2(at >= 0, qPrintable(text + " in " + slip));
-        at += text.size();
-    }
-    QVERIFY(stop(1, {}, -5));
-    const QString empty = m_terminal->takePrinted();
-    QVERIFY(empty.contains("[801][技师工作凭证]") && !empty.contains("项目"));
-    QVERIFY(shown().endsWith("success|停钟成功"));
-}
 
 QTEST_GUILESS_MAIN(tst_clock_service)
 #include "tst_clock_service.moc"

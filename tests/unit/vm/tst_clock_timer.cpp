@@ -4,30 +4,49 @@
 
 #include "common/Clock.h"
 #include "common/GlobalConfig.h"
-#include "vm/module6/EndServerVm.h"
-#include "vm/module6/Module6Vm.h"
+#include "vm/module6/Module6Register.h"
 #include "vm/module6/ServiceSlip.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
-#include <QSignalSpy>
-#include <QtTest>
 
 namespace {
 
-const QString workPath = QStringLiteral("/bda02/getStaffWorkInfo");
-const QString statusPath = QStringLiteral("/bda02/updateStaffWorkStatus");
-const QString bookPath = QStringLiteral("/bca01/batchUpdateOrder");
-const QString startText = QStringLiteral("2026-11-23 20:00:00");
+const QDateTime start({2026, 11, 23}, {20, 0});
+qint64 passedMinutes = 0; // since then
 
-qint64 passedSeconds = 0; // since the clock was started
-
-qint64 fakeMs()
-{
-    return QDateTime::fromString(startText, "yyyy-MM-dd HH:mm:ss").toMSecsSinceEpoch() + passedSeconds * 1000;
+/// What the steps may use.
+const char script[] = R"(
+var status = '/bda02/updateStaffWorkStatus', book = '/bca01/batchUpdateOrder', m, loads, closes
+function began(time) { return {id: 'S', code: '801', serverStatus: 1, serverStartTime: '2026-11-23 ' + time} }
+function enter(data, staffId = 'S') {
+    f.answer('/bda02/getStaffWorkInfo', data)
+    m = p
+    loads = closes = 0
+    m.setLoaderSignal.connect(() => ++loads)
+    m.onCloseSignal.connect(() => ++closes)
+    m.init('801', staffId)
+    return [m.operStatus, loads, closes]
 }
-
-QJsonObject json(const QString& text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
+// An area whose items are a service, goods, and a dish at the day's price.
+function open() {
+    f.answer('/bca01/getTypeList', {typeList: [{id: 'T'}]})
+    f.answer('/bca01/getItemList', {itemList: [
+        {id: 's', name: '足疗', price: 128, server_type: 2, times: 60}, {id: 'g', name: '茶', price: 10, server_type: 1},
+        {id: 'm', name: '鱼', price: 0, server_type: 3, sell_flg: 2}]})
+    f.answer(status, null)
+    p.init(m.pStaffWorkInfo)
+    p.selectArea('A', 'hall')
+}
+function card() {
+    f.answer('/bca01/getCardOrderInfo', {cardInfo: {id: 'C', cardno: '8001', status: 1}})
+    return p.getOrderInfo('', '8001')
+}
+function sell(index, more) {
+    const line = p.tapItem(index)
+    if (!line.merged)
+        p.addNewItem(index, Object.assign(line, more))
+}
+)";
 
 } // namespace
 
@@ -40,185 +59,109 @@ private Q_SLOTS:
     {
         m_terminal.reset(new RoomFixture);
         QVERIFY(m_terminal->isUp());
+        Module6Register().init();
+        m_terminal->run(script);
     }
     void init()
     {
         m_terminal->reset();
-        GlobalConfig::getInstance()->stop_server_print_count = 0;
-        Clock::setSource(fakeMs);
+        passedMinutes = 0;
+        Clock::setSource([] { return start.addSecs(passedMinutes * 60).toMSecsSinceEpoch(); });
     }
     void cleanup() { Clock::setSource(nullptr); }
-    void entry();
-    void quit_data();
-    void quit();
-    void serviceTimes();
-    void booking();
-    void failedBooking_data();
-    void failedBooking();
+
+    // The answer; the module's page, how often it is loaded and left, and what is said; what can be done on the
+    // page of the end, how long the clock ran, whether it can be stopped without a booking, what was asked for.
+    void entry_data()
+    {
+        addRows(R"(
+null | -1,1,0 error|未能获取到技师信息 | false,,false,0,0 error|未能获取到技师信息
+{}, '' | 0,0,1 | false,,false,0,0 error|未能获取到技师信息
+{serverStatus: 0} | 1,1,0 | true,0分钟,false,0,0 error|未能获取到技师信息
+began('20:00:00') | 2,1,0 | true,0分钟,true,1,0 success|操作成功
+began('19:44:01') | 2,1,0 | true,15分钟,true,1,0 success|操作成功
+began('19:44:00') | 2,1,0 | true,16分钟,false,0,0 error|超过允许直接下钟时间
+began('?')        | 2,1,0 | true,0分钟,true,1,0 success|操作成功)");
+    }
+    void entry()
+    {
+        QFETCH(QStringList, cells);
+        m_module.reset(m_terminal->page("Module6Vm"));
+        QCOMPARE(told("enter(" + cells[0] + ")"), cells[1]);
+        m_page.reset(m_terminal->page("EndServerVm", "open()"));
+        QCOMPARE(told("[p.isEnabled, p.timeSpan, p.stopServer(), f.seen(status), f.seen(book)]"), cells[2]);
+    }
+
+    void serviceTimes()
+    {
+        QCOMPARE(serviceTimeText(3540, -60), QString("59分钟 -1"));
+        QCOMPARE(serviceTimeText(3599, -1), QString("59分钟 0"));
+        QCOMPARE(serviceTimeText(3600, 59), QString("1小时0分钟 0"));
+        QCOMPARE(serviceTimeText(9000, 5400), QString("2小时30分钟 90"));
+    }
+
+    void booking_data()
+    {
+        addRows("booked | p.roomNo = '101' | true,true,true,false,101 success|操作成功\n"
+                "refused | f.refuse(book, 'no') | false,true,true,false, error|no\n"
+                "lost | f.answer(book, null) | false,true,true,true, error|请求失败");
+    }
+    /// What goes out, and the slip of it: 60 minutes twice, ended a minute before they were over. When the
+    /// booking fails the clock stands; what is left to do is the booking, and the slip tells the true end.
+    void booking()
+    {
+        QFETCH(QStringList, cells);
+        GlobalConfig::getInstance()->stop_server_print_count = 2;
+        m_module.reset(m_terminal->page("Module6Vm", "enter(began('20:00:00'))"));
+        m_page.reset(m_terminal->page("EndServerVm", "open()"));
+        passedMinutes = 119;
+        QCOMPARE(told("[p.stopServer(2), card(), p.stopServer(2)]"),
+                 QString("false,true,false error|手牌号不能为空; error|请选择需要录入的项目"));
+        m_terminal->run("sell(0); sell(0); sell(1); sell(2, {price: 6.5, num: 1, remark: '清蒸'}); sell(9);"
+                        "p.addNum(1, 2); p.subNum(1, 1); p.pushNo = '802'; f.answer(book, null)");
+        if (cells[0] == "lost")
+            m_terminal->house().fault("/bca01/batchUpdateOrder", "drop");
+        QCOMPARE(told(cells[1] + "; [p.stopServer(2), p.isStopped, p.isEnabled, p.isBookingUnsure, "
+                                 "f.sent(book).items[0].roomNo]"),
+                 cells[2]);
+        QCOMPARE(told("JSON.stringify(f.sent(status))"), QString(R"({"serverStatus":0,"staffId":"S"})"));
+        if (cells[0] != "booked") {
+            QCOMPARE(m_terminal->takePrinted(), QString());
+            m_terminal->reset();
+            passedMinutes = 180;
+            QCOMPARE(told("f.answer(book, null); p.roomNo = '101'; [p.stopServer(2), f.seen(status)]"),
+                     QString("true,0 success|操作成功"));
+        }
+        QCOMPARE(told("p.newAmount"), QString("282.5"));
+        QCOMPARE(m_terminal->sent("/bca01/batchUpdateOrder"),
+                 QJsonDocument::fromJson(R"({"opType":2,"mode":0,"hardCardId":"C","items":[
+            {"areaId":"A","id":"s","status":1,"orderType":2,"num":2,"staffNo":"801","pushNo":"802","type":5,"overFlg":0,
+             "isNormal":true,"roomNo":"101"},
+            {"areaId":"A","id":"g","status":1,"orderType":1,"num":2,"achiNo":"801","isNormal":true,"roomNo":"101"},
+            {"areaId":"A","id":"m","status":1,"orderType":3,"num":1,"price":6.5,"achiNo":"801","remark":"清蒸",
+             "isNormal":true,"roomNo":"101"}]})")
+                     .object());
+        const QString slip = m_terminal->takePrinted();
+        QCOMPARE(slip.count("结钟单"), 2);
+        for (const QString text :
+             {"技师号: 801", "手牌号: 8001", "位置号: 101", "起钟时间: 2026-11-23 20:00:00",
+              "应停时间: 2026-11-23 22:00:00", "实际时间: 2026-11-23 21:59:00", "服务时长: 1小时59分钟 -1",
+              "总数量: 5", "总金额: 282.50"})
+            QVERIFY2(slip.contains(text), qPrintable(text + " in " + slip));
+    }
 
 private:
-    /// The page of a running clock, with an area whose items are a service, goods, and a dish at the day's
-    /// price.
-    std::unique_ptr<EndServerVm> page(const QString& start = startText)
+    /// What the steps give, and what is said meanwhile.
+    QString told(const QString& steps)
     {
-        m_terminal->answer("/bca01/getTypeList", json(R"({"typeList":[{"id":"T"}]})"));
-        m_terminal->answer("/bca01/getItemList", json(R"({"itemList":[
-            {"id":"s","name":"足疗","price":128,"server_type":2,"times":60},{"id":"g","name":"茶","price":10,"server_type":1},
-            {"id":"m","name":"鱼","price":0,"server_type":3,"sell_flg":2}]})"));
-        m_terminal->answer(statusPath, QJsonValue());
-        std::unique_ptr<EndServerVm> vm(new EndServerVm);
-        StaffWorkInfoDto staff;
-        staff.set_id("S");
-        staff.set_code("801");
-        staff.set_serverStartTime(start);
-        vm->init(&staff);
-        vm->selectArea("A", "hall");
-        return vm;
+        const QString value = m_terminal->run(steps).toString();
+        return (value + " " + m_terminal->takeShown().join("; ")).trimmed();
     }
-    void sell(EndServerVm& vm, int index, const QVariantMap& more = {})
-    {
-        QVariantMap line = vm.tapItem(index);
-        for (auto value = more.begin(); value != more.end(); ++value)
-            line.insert(value.key(), value.value());
-        if (!line.contains("merged"))
-            vm.addNewItem(index, line);
-    }
-    void takeCard(EndServerVm& vm)
-    {
-        m_terminal->answer("/bca01/getCardOrderInfo",
-                           json(R"({"cardInfo":{"id":"C","cardno":"8001","status":1}})"));
-        QVERIFY(vm.getOrderInfo({}, "8001"));
-    }
-    QString shown() { return m_terminal->takeShown().join("; "); }
 
     std::unique_ptr<RoomFixture> m_terminal;
+    std::unique_ptr<QObject> m_module;
+    std::unique_ptr<QObject> m_page;
 };
-
-/// The page follows from the answer; one without a technician closes the module, and so does a login without.
-void tst_clock_timer::entry()
-{
-    const auto entered = [&](const QJsonValue& data, const QString& staffId = "S") {
-        m_terminal->answer(workPath, data);
-        Module6Vm module;
-        QSignalSpy closes(&module, &Module6Vm::onCloseSignal);
-        QSignalSpy loads(&module, &Module6Vm::setLoaderSignal);
-        module.init("801", staffId);
-        return QString("%1 %2 %3 %4")
-            .arg(module.operStatus())
-            .arg(loads.size())
-            .arg(closes.size())
-            .arg(shown());
-    };
-    QCOMPARE(entered(QJsonObject{{"serverStatus", 0}}), QString("1 1 0 "));
-    QCOMPARE(entered(QJsonObject{{"serverStatus", 1}}), QString("2 1 0 "));
-    QCOMPARE(entered({}), QString("-1 1 0 error|未能获取到技师信息"));
-    QCOMPARE(entered(QJsonObject{}, ""), QString("0 0 1 "));
-}
-
-void tst_clock_timer::quit_data()
-{
-    addRows(R"(
-2026-11-23 20:00:00 | 0    | 0分钟  | allowed
-2026-11-23 20:00:00 | 959  | 15分钟 | allowed
-2026-11-23 20:00:00 | 960  | 16分钟 |
-yesterday           | 9999 | 0分钟  | allowed)");
-}
-
-void tst_clock_timer::quit()
-{
-    QFETCH(QStringList, cells);
-    const bool isAllowed = !cells[3].isEmpty();
-    passedSeconds = cells[1].toInt();
-    const auto vm = page(cells[0]);
-    QCOMPARE(vm->timeSpan(), cells[2]);
-    QCOMPARE(vm->stopServer(), isAllowed);
-    QCOMPARE(shown(), isAllowed ? "success|操作成功" : "error|超过允许直接下钟时间");
-    QCOMPARE(m_terminal->seen(statusPath), isAllowed ? 1 : 0);
-    QCOMPARE(m_terminal->seen(bookPath), 0);
-    EndServerVm unknown;
-    unknown.init(nullptr);
-    QVERIFY(!unknown.isEnabled() && !unknown.stopServer());
-}
-
-void tst_clock_timer::serviceTimes()
-{
-    QCOMPARE(serviceTimeText(3540, -60), QString("59分钟 -1"));
-    QCOMPARE(serviceTimeText(3599, -1), QString("59分钟 0"));
-    QCOMPARE(serviceTimeText(3600, 59), QString("1小时0分钟 0"));
-    QCOMPARE(serviceTimeText(9000, 5400), QString("2小时30分钟 90"));
-}
-
-/// What goes out, and the slip of it: 60 minutes twice, ended a minute before they were over.
-void tst_clock_timer::booking()
-{
-    passedSeconds = 119 * 60;
-    GlobalConfig::getInstance()->stop_server_print_count = 2;
-    const auto vm = page();
-    QVERIFY(!vm->stopServer(2));
-    takeCard(*vm);
-    QVERIFY(!vm->stopServer(2));
-    QCOMPARE(shown(), QString("error|手牌号不能为空; error|请选择需要录入的项目"));
-    sell(*vm, 0);
-    sell(*vm, 0);
-    sell(*vm, 1);
-    sell(*vm, 2, {{"price", 6.5}, {"num", 1.0}, {"remark", "清蒸"}});
-    sell(*vm, 9);
-    vm->addNum(1, 2);
-    vm->subNum(1, 1);
-    QCOMPARE(vm->newAmount(), 256 + 20 + 6.5);
-    QCOMPARE(vm->newItemList()->row(0).pushNo, QString());
-    vm->setPushNo("802");
-    vm->setRoomNo("101");
-    m_terminal->answer(bookPath, QJsonValue());
-    QVERIFY(vm->stopServer(2));
-    QCOMPARE(m_terminal->sent(statusPath), QJsonObject({{"staffId", "S"}, {"serverStatus", 0}}));
-    QCOMPARE(m_terminal->sent(bookPath), json(R"({"opType":2,"mode":0,"hardCardId":"C","items":[
-        {"areaId":"A","id":"s","status":1,"orderType":2,"num":2,"staffNo":"801","pushNo":"802","type":5,"overFlg":0,
-         "isNormal":true,"roomNo":"101"},
-        {"areaId":"A","id":"g","status":1,"orderType":1,"num":2,"achiNo":"801","isNormal":true,"roomNo":"101"},
-        {"areaId":"A","id":"m","status":1,"orderType":3,"num":1,"price":6.5,"achiNo":"801","remark":"清蒸",
-         "isNormal":true,"roomNo":"101"}]})"));
-    const QString slip = m_terminal->takePrinted();
-    QCOMPARE(slip.count("结钟单"), 2);
-    for (const QString text : {"技师号: 801", "手牌号: 8001", "位置号: 101", "起钟时间: 2026-11-23 20:00:00",
-                               "应停时间: 2026-11-23 22:00:00", "实际时间: 2026-11-23 21:59:00",
-                               "服务时长: 1小时59分钟 -1", "总数量: 5", "总金额: 282.50"})
-        QVERIFY2(slip.contains(text), qPrintable(text + " in " + slip));
-}
-
-void tst_clock_timer::failedBooking_data()
-{
-    QTest::addColumn<QString>("fault"); // empty: a refusal
-    QTest::newRow("refused") << "";
-    QTest::newRow("not answered") << "drop";
-}
-
-/// The clock stands; what is left to do is the booking, and the slip tells the true end.
-void tst_clock_timer::failedBooking()
-{
-    QFETCH(QString, fault);
-    passedSeconds = 3600;
-    GlobalConfig::getInstance()->stop_server_print_count = 1;
-    const auto vm = page();
-    takeCard(*vm);
-    sell(*vm, 1);
-    if (fault.isEmpty())
-        m_terminal->refuse(bookPath, "no");
-    else
-        m_terminal->house().fault(bookPath, fault);
-    QVERIFY(!vm->stopServer(2));
-    QVERIFY(vm->isStopped() && vm->isEnabled());
-    QCOMPARE(vm->isBookingUnsure(), !fault.isEmpty());
-    QCOMPARE(vm->newItemList()->rowCount(), 1);
-    QCOMPARE(m_terminal->takePrinted(), QString());
-    m_terminal->reset();
-    m_terminal->answer(bookPath, QJsonValue());
-    passedSeconds = 7200;
-    QVERIFY(vm->stopServer(2));
-    QCOMPARE(m_terminal->seen(statusPath), 0);
-    QVERIFY(m_terminal->takePrinted().contains("实际时间: 2026-11-23 21:00:00"));
-    QCOMPARE(m_terminal->sent(bookPath)["items"].toArray()[0].toObject().contains("roomNo"), false);
-}
 
 QTEST_GUILESS_MAIN(tst_clock_timer)
 #include "tst_clock_timer.moc"
