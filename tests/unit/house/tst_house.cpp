@@ -160,9 +160,12 @@ void tst_house::refusals_data()
 1001 /bba01/setRemark | fields | REQ_ERR_NONCE | {"nc":"0"}
 1001 /bba01/setRemark | wire | REQ_ERR_NONCE | nonce=0 > nonce= | nonce=0 > nonce=A
 1001 /bba01/setRemark | wire | REQ_ERR_ENCODING | %7B > %7b | %7B > { | kv_panel > kv%5Fpanel
-1001 /bba01/setRemark | json | REQ_ERR_JSON | ,"nc > , "nc | { > [{ | "remark" > "remark":"","remark" | "remark" > "zz":"","remark"
-1001 /bba01/setRemark | fields | REQ_ERR_FIELD | {"remark":null} | {"more":""} | {"remark":1} | {"soft_version":"kv_panel_v2"}
-1001 /bba01/setRemark | fields | REQ_ERR_STORE | {"storeId":"405800100000000102"} | {"storeId":"","compId":"","deviceId":""}
+1001 /bba01/setRemark | json | REQ_ERR_JSON | ,"nc > , "nc | { > [{
+1001 /bba01/setRemark | json | REQ_ERR_JSON | "remark" > "remark":"","remark" | "remark" > "zz":"","remark"
+1001 /bba01/setRemark | fields | REQ_ERR_FIELD | {"remark":null} | {"more":""}
+1001 /bba01/setRemark | fields | REQ_ERR_FIELD | {"remark":1} | {"soft_version":"kv_panel_v2"}
+1001 /bba01/setRemark | fields | REQ_ERR_STORE | {"storeId":"405800100000000102"}
+1001 /bba01/setRemark | fields | REQ_ERR_STORE | {"storeId":"","compId":"","deviceId":""}
 1001 /bba01/setRemark | fields | REQ_ERR_SESSION | {"deviceId":"405800120000000002"}
 1001 /bba01/setRemark | wire | REQ_ERR_SESSION | TOKEN
 1001 /bba01/setRemark | fields | REQ_ERR_OPERATOR | {"operator":"@1101"} | {"creater":"@1101"}

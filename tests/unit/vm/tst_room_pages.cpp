@@ -131,7 +131,9 @@ void tst_room_pages::initTestCase()
             const inOrder = all.filter(entry => offered.includes(entry)).join() == offered.filter(e => e != ' ').join()
             return inOrder ? all.filter(e => !offered.includes(e)).map(e => e.split(' ')[1]).join(' ') : offered
         }
-        function without(status, rights) { return rights.split(' ').map(code => (f.dropRight('01' + code), lacks(status))) })");
+        function without(status, rights) {
+            return rights.split(' ').map(code => (f.dropRight('01' + code), lacks(status)))
+        })");
 }
 
 // The page, "each" for all of them; the steps, on a page with the card 8001; the cards then; what is shown.
@@ -203,7 +205,8 @@ LeaveRoomVm | | p.init(null) | false
 RoomAddCardsVm | p.init('101', room('8001 8001 8000')) | show('pOldCardModel', 'cardNo') | 8001 8000
 RoomAddCardsVm | | p.init('101', null) | false
 RoomAddCardsVm | p.init('101', room('')); card('1'); f.answer('/bba01/roomAddCard', {flg: false, roomcard:
-    [{cardNo: '1', roomNo: '101'}, {cardNo: '2', roomNo: '102'}]}) | p.save() + show('pNewCardModel', 'cardNo') | false1
+    [{cardNo: '1', roomNo: '101'}, {cardNo: '2', roomNo: '102'}]}) | p.save() + show('pNewCardModel', 'cardNo')
+    | false1
     | error|[1]手牌已在[101]包房中[2]手牌已在[102]包房中
 RoomAddCardsVm | p.init('101', room('')); card('1')
     | [{flg: false, roomcard: []}, null].map(told => { f.answer('/bba01/roomAddCard', told); return p.save() })
@@ -212,7 +215,8 @@ RoomRemarkVm | p.init(null) | p.roomId |
 RoomCallVm | p.init(null) | show('pRoomCallModel', 'callId') |
 RoomConsumeVm | f.answer(lines, [{cardNo: '8009'}]); p.init('R1'); f.refuse(lines, '查询失败'); p.init('R1')
     | show('pRoomConsumeModel', 'cardNo') + sent(lines) | 8009{"roomId":"R1"} | error|查询失败
-MassChgRoomVm | found() | [show('pEmptyRoomModel', 'tempId'), show('pEmptyRoomModel', 'tempName'), sent(emptyRooms), sent(plans)]
+MassChgRoomVm | found()
+    | [show('pEmptyRoomModel', 'tempId'), show('pEmptyRoomModel', 'tempName'), sent(emptyRooms), sent(plans)]
     | A* B C,%1:A* %1:B %1:C,{"roomNo":""},{"never":"sent"}
 MassChgRoomVm | found(); [2, 3, -1].map(p.selectRoom); f.refuse(emptyRooms, '查询失败'); p.getRoomInfo('1')
     | show('pEmptyRoomModel', 'tempId') | A B C* | error|查询失败
@@ -254,7 +258,8 @@ OpenRoomVm | read({roomNo: '101', floorName: '一楼', roomName: '双人间'})
     | [p.roomId, p.roomNo, p.floorName, p.typeName, sent(detail)] | R1,101,一楼,双人间,{"roomId":"R0"}
 OpenRoomVm | f.answer(detail, null); var empty = [p.init('R1'), p.roomId]; f.refuse(detail, '查询失败')
     | [empty, p.init('R1'), p.roomId] | false,,false, | error|查询失败
-RoomDetailVm | 0 | [lacks(2), lacks(3), lacks(2, {group_key: ''}), lacks(2, {calllist: []})] | ,,LEAVE_TEAM,ROOM_CALLING
+RoomDetailVm | 0 | [lacks(2), lacks(3), lacks(2, {group_key: ''}), lacks(2, {calllist: []})]
+    | ,,LEAVE_TEAM,ROOM_CALLING
 RoomDetailVm | store.usedRoomMod = 1 | [lacks(2), lacks(3)] | ADD_CARD OUT_ROOM UNPACK_ROOM,ADD_CARD OUT_ROOM
 RoomDetailVm | 0 | without(2, '03 04 05 06 09 10 11 12 16 17')
     | CANCEL_ROOM,MASS_CHG_ROOM,ADD_CARD,MASS_CHG_REST,UNION_ROOM,LEAVE_TEAM,UNPACK_ROOM,OUT_ROOM,REMARK_ROOM,
