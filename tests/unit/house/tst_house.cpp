@@ -13,16 +13,56 @@ class tst_house : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init()
+    {
+        m_house = std::make_unique<FurnishedHouse>();
+        m_timestamp = now;
+        logIn("1001");
+    }
     void refusals_data();
-    void refusals();
+    void refusals()
+    {
+        QFETCH(QStringList, cells);
+        logIn(cells.at(0).section(' ', 0, 0));
+        for (const QString& change : cells.mid(3))
+            QCOMPARE(change + send(cells.at(0).section(' ', 1), cells.at(1), change), change + cells.at(2));
+    }
     void noncesAreUsedOnce();
-    void sessionsEnd();
-    void roles();
+    /// Sessions end; so does the time in which a request may be on its way.
+    void sessionsEnd()
+    {
+        const QString path = "/bba01/setRemark";
+        for (const auto& [offset, code] : {std::pair(-301, "REQ_ERR_TIMESTAMP"), std::pair(-300, "200"),
+                                           std::pair(300, "200"), std::pair(301, "REQ_ERR_TIMESTAMP")}) {
+            m_timestamp = now + offset;
+            QCOMPARE(send(path), code);
+        }
+        m_house->time = m_timestamp = now + 999;
+        QCOMPARE(send(path), "200");
+        m_house->time = m_timestamp = now + 1000;
+        QCOMPARE(send(path), "REQ_ERR_SESSION");
+        m_house->sessions.extend(m_session.token, now + 1001);
+        QCOMPARE(send(path), "200");
+    }
+    /// What a role's list gives: codes, words and ids, groups of codes, less some.
+    void roles()
+    {
+        const auto count = [](const std::vector<std::string>& list) {
+            return int(house::rightsOf(list).size());
+        };
+        QCOMPARE(count({"*"}), 206);
+        QCOMPARE(count({"0101", "PAY_CTRL", "418838253703270403", "405757793603424257"}), 3);
+        QCOMPARE(count({"02*", "-0203"}), 10);
+        QVERIFY_EXCEPTION_THROWN(count({"0101", "0516"}), std::runtime_error);
+    }
     void supervisorMustComeHimself();
 
 private:
-    void logIn(const QString& code);
+    void logIn(const QString& code)
+    {
+        const std::string device = m_house->seed.terminals.front().id;
+        m_session = m_house->sessions.open(m_house->staff(code).id, device, now + 1000);
+    }
     /// The code that a request gets that is right for its path, but for a change at a stage of its making:
     /// "from > to" in the "json", in what is signed ("sign"), or in what travels ("wire"), at its end where
     /// nothing is named; with "fields", the fields that differ, null taking one away.
@@ -33,19 +73,6 @@ private:
     qint64 m_timestamp = now;
     int m_nonce = 0;
 };
-
-void tst_house::init()
-{
-    m_house = std::make_unique<FurnishedHouse>();
-    m_timestamp = now;
-    logIn("1001");
-}
-
-void tst_house::logIn(const QString& code)
-{
-    const std::string device = m_house->seed.terminals.front().id;
-    m_session = m_house->sessions.open(m_house->staff(code).id, device, now + 1000);
-}
 
 QString tst_house::send(const QString& path, const QString& stage, QString change)
 {
@@ -133,9 +160,12 @@ void tst_house::refusals_data()
 1001 /bba01/setRemark | fields | REQ_ERR_NONCE | {"nc":"0"}
 1001 /bba01/setRemark | wire | REQ_ERR_NONCE | nonce=0 > nonce= | nonce=0 > nonce=A
 1001 /bba01/setRemark | wire | REQ_ERR_ENCODING | %7B > %7b | %7B > { | kv_panel > kv%5Fpanel
-1001 /bba01/setRemark | json | REQ_ERR_JSON | ,"nc > , "nc | { > [{ | "remark" > "remark":"","remark" | "remark" > "zz":"","remark"
-1001 /bba01/setRemark | fields | REQ_ERR_FIELD | {"remark":null} | {"more":""} | {"remark":1} | {"soft_version":"kv_panel_v2"}
-1001 /bba01/setRemark | fields | REQ_ERR_STORE | {"storeId":"405800100000000102"} | {"storeId":"","compId":"","deviceId":""}
+1001 /bba01/setRemark | json | REQ_ERR_JSON | ,"nc > , "nc | { > [{
+1001 /bba01/setRemark | json | REQ_ERR_JSON | "remark" > "remark":"","remark" | "remark" > "zz":"","remark"
+1001 /bba01/setRemark | fields | REQ_ERR_FIELD | {"remark":null} | {"more":""}
+1001 /bba01/setRemark | fields | REQ_ERR_FIELD | {"remark":1} | {"soft_version":"kv_panel_v2"}
+1001 /bba01/setRemark | fields | REQ_ERR_STORE | {"storeId":"405800100000000102"}
+1001 /bba01/setRemark | fields | REQ_ERR_STORE | {"storeId":"","compId":"","deviceId":""}
 1001 /bba01/setRemark | fields | REQ_ERR_SESSION | {"deviceId":"405800120000000002"}
 1001 /bba01/setRemark | wire | REQ_ERR_SESSION | TOKEN
 1001 /bba01/setRemark | fields | REQ_ERR_OPERATOR | {"operator":"@1101"} | {"creater":"@1101"}
@@ -162,14 +192,6 @@ void tst_house::refusals_data()
         QTest::newRow(qPrintable(row)) << row.split(" | ");
 }
 
-void tst_house::refusals()
-{
-    QFETCH(QStringList, cells);
-    logIn(cells.at(0).section(' ', 0, 0));
-    for (const QString& change : cells.mid(3))
-        QCOMPARE(change + send(cells.at(0).section(' ', 1), cells.at(1), change), change + cells.at(2));
-}
-
 void tst_house::noncesAreUsedOnce()
 {
     const QString post = "/bba01/setRemark";
@@ -191,23 +213,6 @@ void tst_house::noncesAreUsedOnce()
         m_house->time = m_timestamp = now + later;
         QCOMPARE(again(post), code);
     }
-}
-
-/// Sessions end; so does the time in which a request may be on its way.
-void tst_house::sessionsEnd()
-{
-    const QString path = "/bba01/setRemark";
-    for (const auto& [offset, code] : {std::pair(-301, "REQ_ERR_TIMESTAMP"), std::pair(-300, "200"),
-                                       std::pair(300, "200"), std::pair(301, "REQ_ERR_TIMESTAMP")}) {
-        m_timestamp = now + offset;
-        QCOMPARE(send(path), code);
-    }
-    m_house->time = m_timestamp = now + 999;
-    QCOMPARE(send(path), "200");
-    m_house->time = m_timestamp = now + 1000;
-    QCOMPARE(send(path), "REQ_ERR_SESSION");
-    m_house->sessions.extend(m_session.token, now + 1001);
-    QCOMPARE(send(path), "200");
 }
 
 void tst_house::supervisorMustComeHimself()
@@ -232,16 +237,6 @@ void tst_house::supervisorMustComeHimself()
     // One who has come but lacks the right himself: another is asked for.
     sessions.vouch(m_house->staff("601").id, m_session.deviceId, now);
     QCOMPARE(cancel("601"), "AUTH_ERR_0002");
-}
-
-/// What a role's list gives: codes, words and ids, groups of codes, less some.
-void tst_house::roles()
-{
-    const auto count = [](const std::vector<std::string>& list) { return int(house::rightsOf(list).size()); };
-    QCOMPARE(count({"*"}), 206);
-    QCOMPARE(count({"0101", "PAY_CTRL", "418838253703270403", "405757793603424257"}), 3);
-    QCOMPARE(count({"02*", "-0203"}), 10);
-    QVERIFY_EXCEPTION_THROWN(count({"0101", "0516"}), std::runtime_error);
 }
 
 QTEST_GUILESS_MAIN(tst_house)

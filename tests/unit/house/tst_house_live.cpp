@@ -16,8 +16,36 @@ private Q_SLOTS:
     void cleanupTestCase() { mosquitto_lib_cleanup(); }
 
     void faultsGoOnAndOff();
-    void changesAreHeard();
-    void fromOtherMachines();
+    /// The house starts before its broker, and loses it again; what other terminals change is published.
+    void changesAreHeard()
+    {
+        BrokerProcess broker;
+        broker.stop();
+        HouseProcess house({"--mqtt-url", broker.url(), "--mqtt-user", BrokerProcess::user(), "--mqtt-pwd",
+                            BrokerProcess::password(), "--others", "50"});
+        for (int round = 0; round < 2; ++round) {
+            QVERIFY(broker.start());
+            BrokerListener listener;
+            QTRY_VERIFY_WITH_TIMEOUT(listener.listen(broker.port()), 20000);
+            QTRY_VERIFY_WITH_TIMEOUT(listener.received().count("ROOMSTATUS_405800100000000101") >= 20, 30000);
+            broker.kill();
+        }
+        QVERIFY2(!house.log().contains("others:"), qPrintable(house.log()));
+    }
+    /// They may call it, and not steer it.
+    void fromOtherMachines()
+    {
+        HouseProcess house({"--no-publish", "--host", "0.0.0.0"});
+        QVERIFY(house.isReady());
+        QCOMPARE(status(house.url() + "/_control/clear", "{}"), 200);
+        for (const QHostAddress& address : QNetworkInterface::allAddresses()) {
+            if (address.isLoopback() || address.protocol() != QAbstractSocket::IPv4Protocol)
+                continue;
+            const QString url = QString(house.url()).replace("127.0.0.1", address.toString());
+            QCOMPARE(status(url + "/line/check"), 200);
+            QCOMPARE(status(url + "/_control/clear", "{}"), 403);
+        }
+    }
 
 private:
     /// The status of the answer to a POST of JSON, or to a GET without it; 0 when none came.
@@ -60,38 +88,6 @@ void tst_house_live::faultsGoOnAndOff()
          {std::pair(R"({"isCleaning":false,"nothing":1})", 400), std::pair(R"({"isCleaning":1})", 400),
           std::pair(R"({"isPush":1})", 200)})
         QCOMPARE(status(house.url() + "/_control/config", settings), code);
-}
-
-/// They may call it, and not steer it.
-void tst_house_live::fromOtherMachines()
-{
-    HouseProcess house({"--no-publish", "--host", "0.0.0.0"});
-    QVERIFY(house.isReady());
-    QCOMPARE(status(house.url() + "/_control/clear", "{}"), 200);
-    for (const QHostAddress& address : QNetworkInterface::allAddresses()) {
-        if (address.isLoopback() || address.protocol() != QAbstractSocket::IPv4Protocol)
-            continue;
-        const QString url = QString(house.url()).replace("127.0.0.1", address.toString());
-        QCOMPARE(status(url + "/line/check"), 200);
-        QCOMPARE(status(url + "/_control/clear", "{}"), 403);
-    }
-}
-
-/// The house starts before its broker, and loses it again; what other terminals change is published.
-void tst_house_live::changesAreHeard()
-{
-    BrokerProcess broker;
-    broker.stop();
-    HouseProcess house({"--mqtt-url", broker.url(), "--mqtt-user", BrokerProcess::user(), "--mqtt-pwd",
-                        BrokerProcess::password(), "--others", "50"});
-    for (int round = 0; round < 2; ++round) {
-        QVERIFY(broker.start());
-        BrokerListener listener;
-        QTRY_VERIFY_WITH_TIMEOUT(listener.listen(broker.port()), 20000);
-        QTRY_VERIFY_WITH_TIMEOUT(listener.received().count("ROOMSTATUS_405800100000000101") >= 20, 30000);
-        broker.kill();
-    }
-    QVERIFY2(!house.log().contains("others:"), qPrintable(house.log()));
 }
 
 QTEST_GUILESS_MAIN(tst_house_live)

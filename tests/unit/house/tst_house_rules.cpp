@@ -39,7 +39,8 @@ massage 112 "#8001" ,"isConn":1
     | {"101":{"cardnos":"8001,8002"},"117":{"status":1,"roomLock":true}}
 leave 105 "#8005","#8006" 2 | {"105":{"status":4,"groupRoom":""},"106":{"groupRoom":"106,107"}}
 leave 105 "#8005","#8005" 2 | {"105":{"status":2,"cardnos":"8006"}}
-!leave 101 "#8001" 2; !leave 105 "#8007" 2; !leave 105 "#8005" 3; !leave 308 "#8032","#6021" 3; !leave 308 "#8032" 3 #8033
+!leave 101 "#8001" 2; !leave 105 "#8007" 2; !leave 105 "#8005" 3;
+    !leave 308 "#8032","#6021" 3; !leave 308 "#8032" 3 #8033
     | {"308":{"cardnos":"8032,6021"}}
 leave 308 "#8032","#6021" 3 #6021 | {"308":{"status":4},"#6021":226}
 move 101 112 2; !move 112 102 2
@@ -55,10 +56,11 @@ rest305; addTime 305; !plan %双人间3小时; plan %单人间6小时 | {"305":{
 rest305; addTime 305; cancel 305 | {"305":{"status":1,"cardnos":""},"#8070":0}
 ~add 205 "#8003","#8005" | {"205":{"cardnos":"8021"},"105":{"cardnos":"8005,8006"}}
 add 205 "#8005","#8070" | {"205":{"cardnos":"8021,8005,8070"},"105":{"cardnos":"8006"}}
-!leave 328 - 3; !cancel 221; !merge "$328","$101"; !unpack 328; !add 328; !call 328; !cleaned 327; call 101; !call 112 | {}
+!leave 328 - 3; !cancel 221; !merge "$328","$101"; !unpack 328; !add 328; !call 328;
+    !cleaned 327; call 101; !call 112 | {}
 !transfer ,"x"; transfer - | {"#8001":294,"#8003":396}
 )";
-    for (const QString& row : QString(table).trimmed().replace("\n ", " ").split('\n'))
+    for (const QString& row : QString(table).trimmed().replace("\n    ", " ").split('\n'))
         QTest::newRow(qPrintable(row)) << row.split(" | ");
 }
 
