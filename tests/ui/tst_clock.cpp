@@ -17,6 +17,7 @@ namespace {
 
 const QString serviceTile = QStringLiteral("tile_STAFF_QTZ_CTRL");
 const QString timerTile = QStringLiteral("tile_NO_ITEM_SERVER");
+const QSet<QString> rights{"0324", "0303", "0314", "0319", "0316", "0304"}; // all on the clock
 const QString bookPath = QStringLiteral("/bca01/batchUpdateOrder");
 
 QJsonObject json(const QString& text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
@@ -119,9 +120,8 @@ private Q_SLOTS:
             " bookButton =success|操作成功 -Module6";
         WALKED(m_terminal->login(timerTile, "811", "811").walk(road));
         const QJsonArray lines = sent(bookPath)["items"].toArray();
-        QCOMPARE(lines.size(), 2);
         const char first[] = R"({"num":2,"staffNo":"811","pushNo":"802","type":5,"roomNo":"112"})";
-        QCOMPARE(unlike(lines[0].toObject(), first), QString());
+        QCOMPARE(unlike(lines[0].toObject(), first) + QString::number(lines.size()), QString("2"));
     }
 
     /// In a crowd, too, the time is the largest text there is, and the stop lies far from what adds.
@@ -132,14 +132,9 @@ private Q_SLOTS:
             const QString staff = R"({"staffInfo":{"id":"S","staffNo":"803","name":"张桂芳","surplus":-125,
                 "cardno":"8020","roomNo":"201","orderId":"0","type":1,"workStatus":%1},"itemList":%2})";
             m_terminal->house().answer("/bda02/getStaffInfo", ok(json(staff.arg(workStatus).arg(many(6)))));
-            const auto allow = [] {
-                GlobalConfig::getInstance()->setRights({"0324", "0303", "0314", "0319", "0316", "0304"});
-            };
-            WALKED(m_terminal->login(serviceTile, "803", "803")
-                       .walk("-loginDlg")
-                       .act(allow)
-                       .walk("+" + page + " +server_2 " + steps)
-                       .picture("clock-" + page));
+            m_terminal->login(serviceTile, "803", "803").walk("-loginDlg");
+            m_terminal->act([] { GlobalConfig::getInstance()->setRights(rights); });
+            WALKED(m_terminal->walk("+" + page + " +server_2 " + steps).picture("clock-" + page));
             look(page);
         };
         show(1, "UpServerPage", "server_1");
@@ -147,9 +142,8 @@ private Q_SLOTS:
         show(2, "DownServerPage", "+refund_0 running_0 +change_0 ?surplusText.text=已超125分");
 
         const QQuickItem* page = m_terminal->item("DownServerPage");
-        const double clearance = 20 * place(page).width() / 345; // mm, on the smallest panel that shops use
-        const QRectF stop =
-            place(m_terminal->item("stopButton")).adjusted(-clearance, -clearance, clearance, clearance);
+        const double gap = 20 * place(page).width() / 345; // mm, on the smallest panel that shops use
+        const QRectF stop = place(m_terminal->item("stopButton")).adjusted(-gap, -gap, gap, gap);
         QVERIFY(!stop.intersects(place(m_terminal->item("serverGrid"))));
         const double largest = m_terminal->property("surplusText", "paintedHeight").toDouble();
         for (const QQuickItem* text : page->findChildren<QQuickItem*>())

@@ -30,8 +30,7 @@ function enter(staffNo) {
 }
 function open() {
     p.init(m.pStaffDetail, m.pServerList, m.pOnServerList)
-    if (p.onCloseSignal)
-        p.onCloseSignal.connect(() => ++closes)
+    return p.onCloseSignal && p.onCloseSignal.connect(() => ++closes)
 }
 function start() {
     const push = (p.isAssigned || p.pServerModel.onChecked(0), p.checkPushNo())
@@ -188,8 +187,8 @@ chargeBack | p.chargeBack('L') | {"staffId":"S","orderIds":["L"]} | 退钟成功
         QVERIFY2(slip.contains(lines), qPrintable(slip));
         const QString empty = printed(1, "stop([], -5)");
         QVERIFY(empty.contains("[801][技师工作凭证]") && !empty.contains("项目"));
-        QCOMPARE(printed(1, "f.refuse(end, 'no'); p.stopServer() + ' ' + p.isEnabled"),
-                 QString("false true error|no"));
+        QCOMPARE(printed(1, "f.refuse(end, 'no'); [p.stopServer(), p.isEnabled]"),
+                 QString("false,true error|no"));
     }
 
 private:
