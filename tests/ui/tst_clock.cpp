@@ -89,9 +89,8 @@ private Q_SLOTS:
         QFETCH(QStringList, row);
         WALKED(m_terminal->login(serviceTile, "803", "803").walk("+add_0"));
         look("DownServerPage");
-        const QQuickItem* key = m_terminal->item("add_0");
-        QQuickWindow* window = key->window();
-        const QPoint at = place(key).center().toPoint();
+        QQuickWindow* window = m_terminal->item("add_0")->window();
+        const QPoint at = place(m_terminal->item("add_0")).center().toPoint();
         const QPoint end = at + QPoint(row[2].toInt(), 0);
         const auto press = [&] {
             QTest::touchEvent(window, m_touch).press(0, at, window);

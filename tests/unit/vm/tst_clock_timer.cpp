@@ -33,13 +33,10 @@ function open() {
     f.answer('/bca01/getItemList', {itemList: [
         {id: 's', name: '足疗', price: 128, server_type: 2, times: 60}, {id: 'g', name: '茶', price: 10, server_type: 1},
         {id: 'm', name: '鱼', price: 0, server_type: 3, sell_flg: 2}]})
+    f.answer('/bca01/getCardOrderInfo', {cardInfo: {id: 'C', cardno: '8001', status: 1}})
     f.answer(status, null)
     p.init(m.pStaffWorkInfo)
     p.selectArea('A', 'hall')
-}
-function card() {
-    f.answer('/bca01/getCardOrderInfo', {cardInfo: {id: 'C', cardno: '8001', status: 1}})
-    return p.getOrderInfo('', '8001')
 }
 function end() {
     const state = [p.stopServer(2), p.isStopped, p.isEnabled, p.isBookingUnsure, p.newAmount]
@@ -114,7 +111,7 @@ began('?')        | 2,1,0 | true,0分钟,true,1,0 success|操作成功)");
         m_module.reset(m_terminal->page("Module6Vm", "enter(began('20:00:00'))"));
         m_page.reset(m_terminal->page("EndServerVm", "open()"));
         passedMinutes = 119;
-        QCOMPARE(told("[p.stopServer(2), card(), p.stopServer(2)]"),
+        QCOMPARE(told("[p.stopServer(2), p.getOrderInfo('', '8001'), p.stopServer(2)]"),
                  QString("false,true,false error|手牌号不能为空; error|请选择需要录入的项目"));
         m_terminal->run("sell(0); sell(0); sell(1); sell(2, {price: 6.5, num: 1, remark: '清蒸'}); sell(9);"
                         "p.addNum(1, 2); p.subNum(1, 1); p.pushNo = '802'; f.answer(book, null)");
