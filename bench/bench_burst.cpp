@@ -1,16 +1,10 @@
 // The room board while the broker sends a thousand messages a second for ten seconds: time between frames
 // against the quiet board, and what becomes of the messages.
 
+#include "LiveTerminal.h"
 #include "Measure.h"
-#include "RoomFixture.h"
-#include "support/BrokerProcess.h"
-
-#include "app/MainClass.h"
-#include "common/GlobalConfig.h"
-#include "entry/Pages.h"
 
 #include <QEventLoop>
-#include <QGuiApplication>
 #include <QQmlComponent>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -87,47 +81,33 @@ void publishFor(BrokerProcess& broker, const QString& topic)
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-    QGuiApplication application(argc, argv);
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    BrokerProcess broker;
-    RoomFixture terminal;
-    if (!terminal.isUp() || !broker.isRunning()) {
-        std::fprintf(stderr, "no back end or no broker\n");
+    LiveTerminal live(argc, argv);
+    if (!live.isUp())
         return 1;
-    }
-    registerSingletons();
-    registerTypes();
-    GlobalConfig* config = GlobalConfig::getInstance();
-    config->setMqttUrl(QStringLiteral("127.0.0.1"));
-    config->setMqttPort(broker.port());
-    config->setMqttUser(BrokerProcess::user());
-    config->setMqttPwd(BrokerProcess::password());
-    MainClass::getInstance()->initMqtt(true);
+    const GlobalConfig* config = GlobalConfig::getInstance();
     int received = 0;
-    QObject::connect(MainClass::getInstance(), &MainClass::mqttSignal, &application, [&] { ++received; });
+    QObject::connect(MainClass::getInstance(), &MainClass::mqttSignal, qApp, [&] { ++received; });
 
     MovingBoard board;
     board.frameMs(2000); // first fetch and first frames
     const double quietMs = board.frameMs(seconds * 1000);
     const int quietFrames = board.frames();
-    terminal.house().reset();
-    std::thread publisher(publishFor, std::ref(broker), config->MQTT_ROOM_STATUS() + config->storeId());
+    live.terminal.house().reset();
+    std::thread publisher(publishFor, std::ref(live.broker), config->MQTT_ROOM_STATUS() + config->storeId());
     const double busyMs = board.frameMs(seconds * 1000);
     const int busyFrames = board.frames();
     publisher.join();
     board.frameMs(1000); // the last mark is served
     const QString last = QStringLiteral("/bba01/getOverTime");
-    const int refreshes = terminal.house().seen(last);
-    broker.publish(config->MQTT_ROOM_STATUS() + config->storeId(), {"one more"});
+    const int refreshes = live.terminal.house().seen(last);
+    live.broker.publish(config->MQTT_ROOM_STATUS() + config->storeId(), {"one more"});
     board.frameMs(1500);
 
     Measure::printRatio("from frame to frame: 1,000 broker messages a second / none", "ms", quietMs, busyMs,
                         1.5);
     const int sent = seconds * messagesPerSecond + 1;
     const int ticks = seconds * 2 + 2;
-    const int oneMore = terminal.house().seen(last) - refreshes;
+    const int oneMore = live.terminal.house().seen(last) - refreshes;
     Measure::printRatio("messages of the burst: received / sent", "", sent, received, 1);
     Measure::printRatio("board refreshes in it / ticks of 500 ms", "", ticks, refreshes, 1);
     Measure::printRatio("refreshes for one message more", "", 1, oneMore, 1);

@@ -1,17 +1,12 @@
 // The call queue: minutes that go up in a long list, against a model reset; a thousand messages a second for
 // ten seconds; a hundred announcements at once.
 
+#include "LiveTerminal.h"
 #include "Measure.h"
-#include "RoomFixture.h"
-#include "support/BrokerProcess.h"
 
-#include "app/MainClass.h"
-#include "common/GlobalConfig.h"
-#include "entry/Pages.h"
 #include "vm/module4/QueneWaitModel.h"
 
 #include <QElapsedTimer>
-#include <QGuiApplication>
 #include <QJsonArray>
 #include <QQmlComponent>
 #include <QQmlContext>
@@ -211,26 +206,11 @@ bool measureBursts(RoomFixture& terminal, BrokerProcess& broker)
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_QUICK_BACKEND", "software");
-    QGuiApplication application(argc, argv);
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    BrokerProcess broker;
-    RoomFixture terminal;
-    if (!terminal.isUp() || !broker.isRunning()) {
-        std::fprintf(stderr, "no back end or no broker\n");
+    LiveTerminal live(argc, argv);
+    if (!live.isUp())
         return 1;
-    }
-    registerSingletons();
-    registerTypes();
-    GlobalConfig* config = GlobalConfig::getInstance();
-    config->setMqttUrl(QStringLiteral("127.0.0.1"));
-    config->setMqttPort(broker.port());
-    config->setMqttUser(BrokerProcess::user());
-    config->setMqttPwd(BrokerProcess::password());
-    MainClass::getInstance()->initMqtt(true);
     const bool areShown = measureMinutes();
-    if (measureBursts(terminal, broker) && areShown)
+    if (measureBursts(live.terminal, live.broker) && areShown)
         return 0;
     std::fprintf(stderr, "what was to be measured didn't happen\n");
     return 1;

@@ -7,6 +7,7 @@ import time
 LIMIT_S = 15
 SETTLED_S = 0.06
 PRESS_S = 0.1  # a finger stays down that long
+PACE_S = 0.35  # from one press to the next
 HOLD_S = 0.9  # and that long when it means more
 
 
@@ -24,6 +25,7 @@ class Hands:
         self.count = 0
         self.taps = 0
         self.slips = 0  # that were waited for
+        self.pressed_at = 0
         self.again = 0  # of these those that had to be repeated
         self.places = places
         self.socket = None
@@ -113,6 +115,9 @@ class Hands:
         self.click(x + width // 2, y + height // 2, HOLD_S)
 
     def click(self, x, y, down_s=PRESS_S):
+        # Nobody taps faster, and what comes faster behind a dialog's end counts as meant for the dialog.
+        time.sleep(max(0, self.pressed_at + PACE_S - time.monotonic()))
+        self.pressed_at = time.monotonic()
         self.taps += 1
         subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", "1", "sleep", str(down_s), "mouseup", "1"],
                        check=True, env=self.environment)

@@ -77,10 +77,10 @@ def open_board(stand, hands):
     hands.see("roomGroups", "room_112")
     hands.picture("board-by-type")
     hands.tap("modeButton")
-    hands.tap("floor_三楼")
+    hands.tap("floor_二楼")
     hands.gone("room_112")
     hands.picture("board-one-floor")
-    hands.tap("floor_三楼")
+    hands.tap("floor_二楼")
     hands.see("room_112")
 
 
@@ -264,13 +264,10 @@ def log_in_helper(hands, number):
     hands.see("Module4", "call_8042")
 
 
-def call_queue(desk, is_locked=True):
+def call_queue(desk):
     """A guest queues by card, is called aloud, served, booked, evaluated; another one is passed over and called again."""
     hands, stand = desk.hands, desk.stand
     log_in_helper(hands, HELPER)
-    if is_locked:  # still, since the last module was left
-        hands.tap("lockButton")
-        identify(hands, HELPER)
     hands.picture("queue")
     stand.present_hand_card(QUEUE_CARD)
     hands.see(f"call_{QUEUE_NUMBER}")

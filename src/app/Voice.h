@@ -51,6 +51,6 @@ private:
     QTimer* m_timer;
     QTimer* m_patience; ///< runs while the engine is busy; one that comes to no end is replaced
     int m_handed = 0;   ///< texts that the engine was given since it was last seen ready
-    QMutex m_mutex; ///< guards the queue; never held across a call of the engine
+    QMutex m_mutex;     ///< guards the queue; never held across a call of the engine
     QList<tts_data> m_queue;
 };

@@ -110,7 +110,8 @@ void LookRunner::watch()
     } else if (m_stillTicks * tickMs > m_looks.front().stillMs) {
         end(seen);
     } else if (m_missingTicks > missingTicks) {
-        m_complaints.append(QStringLiteral("it didn't open"));
+        // With nobody logged in a module may close by itself.
+        (m_countsMessages ? m_complaints : m_remarks).append(QStringLiteral("it didn't open"));
         end(seen);
     } else if (++m_ticks > limitTicks) {
         m_complaints.append(QStringLiteral("it didn't come to rest"));

@@ -14,7 +14,6 @@ class tst_house : public QObject
 
 private Q_SLOTS:
     void init();
-
     void refusals_data();
     void refusals();
     void noncesAreUsedOnce();
@@ -24,10 +23,10 @@ private Q_SLOTS:
 
 private:
     void logIn(const QString& code);
-    /// The code that a request gets that is right for its path, but that `from` (empty: the end) has become
-    /// `to` at a stage of its making: in the "json", in what is signed ("sign"), or in what travels ("wire").
-    /// With "fields", `to` are fields that differ, null taking one away.
-    QString send(const QString& path, const char* stage = "", QString from = {}, const QString& to = {});
+    /// The code that a request gets that is right for its path, but for a change at a stage of its making:
+    /// "from > to" in the "json", in what is signed ("sign"), or in what travels ("wire"), at its end where
+    /// nothing is named; with "fields", the fields that differ, null taking one away.
+    QString send(const QString& path, const QString& stage = {}, QString change = {});
 
     std::unique_ptr<FurnishedHouse> m_house;
     house::Session m_session;
@@ -48,11 +47,10 @@ void tst_house::logIn(const QString& code)
     m_session = m_house->sessions.open(m_house->staff(code).id, device, now + 1000);
 }
 
-QString tst_house::send(const QString& path, const char* stage, QString from, const QString& to)
+QString tst_house::send(const QString& path, const QString& stage, QString change)
 {
     static const std::map<QString, QString> fields = {
         {"/bba01/setRemark", R"({"id":"$101","remark":"a \"b\""})"},
-        {"/bba01/getRoomConsList", R"({"roomId":"$101"})"},
         {"/bba01/openMassRoom", R"({"id":"$112","cardids":["#8070"],"hours":1})"},
         {"/baa01/getHardCardList", R"({"status":1})"},
         {"/kvsystem/common/getSysApiReqUrls",
@@ -61,12 +59,13 @@ QString tst_house::send(const QString& path, const char* stage, QString from, co
         {"/bba01/chgCleanRoom", R"({"id":"$112","isClean":1})"},
         {"/bba01/cancelRoom", R"({"id":"$101","authType":2})"},
     };
-    from.replace("TOKEN", m_session.token.c_str());
+    change.replace("TOKEN", m_session.token.c_str()).replace("\\n", "\n");
     const auto meddle = [&](const char* place, const QString& text) {
+        const QString from = change.section(" > ", 0, 0);
         const int at = from.isEmpty() ? text.size() : text.indexOf(from);
-        if (qstrcmp(stage, place) == 0 && at < 0)
+        if (stage == place && at < 0)
             qFatal("no %s in %s", qPrintable(from), qPrintable(text));
-        return qstrcmp(stage, place) == 0 ? QString(text).replace(at, from.size(), to) : text;
+        return stage == place ? QString(text).replace(at, from.size(), change.section(" > ", 1)) : text;
     };
     const house::Endpoint& endpoint = *m_house->endpoints.find(path.toStdString());
     const bool isGet = endpoint.verb == house::Verb::Get;
@@ -83,8 +82,8 @@ QString tst_house::send(const QString& path, const char* stage, QString from, co
                  {"operator", m_session.staffId},
                  {"creater", m_session.staffId}};
     body.merge_patch(m_house->filled(fields.at(path)));
-    if (qstrcmp(stage, "fields") == 0)
-        body.merge_patch(m_house->filled(to));
+    if (stage == "fields")
+        body.merge_patch(m_house->filled(change));
     const QString text = meddle("json", QString::fromStdString(body.dump()));
 
     // The first sign is what stands for a quotation mark.
@@ -121,97 +120,60 @@ QString tst_house::send(const QString& path, const char* stage, QString from, co
     }
 }
 
+// Who asks, and for what; the stage; the code; the changes, each in a request of its own.
 void tst_house::refusals_data()
 {
-    QTest::addColumn<QString>("staff");
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QByteArray>("stage");
-    QTest::addColumn<QString>("from");
-    QTest::addColumn<QString>("to");
-    QTest::addColumn<QString>("code");
-    QString path;
-    QString staff = "1001";
-    const auto meddle = [&](auto name, auto stage, auto from, auto to, auto code) {
-        QTest::newRow(name) << staff << path << QByteArray(stage) << from << to << code;
-    };
-    const auto change = [&](auto name, auto fields, auto code) { meddle(name, "fields", "", fields, code); };
-    path = "/bba01/setRemark";
-    change("right", "{}", "200");
-    meddle("wrong verb", "wire", "POST", "GET", "REQ_ERR_METHOD");
-    meddle("content type", "wire", ";charset=UTF-8", "", "REQ_ERR_CONTENT_TYPE");
-    meddle("time behind the nonce", "wire", "?timestamp", "?nonce=1&timestamp", "REQ_ERR_QUERY");
-    meddle("no nonce", "wire", "&nonce", "&once", "REQ_ERR_QUERY");
-    meddle("time is no number", "wire", "timestamp=", "timestamp=+", "REQ_ERR_TIMESTAMP");
-    change("time of the JSON differs", R"({"ts":"1770000001"})", "REQ_ERR_TIMESTAMP");
-    change("nonce of the JSON differs", R"({"nc":"0"})", "REQ_ERR_NONCE");
-    meddle("short nonce", "wire", "nonce=0", "nonce=", "REQ_ERR_NONCE");
-    meddle("nonce in capitals", "wire", "nonce=0", "nonce=A", "REQ_ERR_NONCE");
-    meddle("lower case escape", "wire", "%7B", "%7b", "REQ_ERR_ENCODING");
-    meddle("not escaped", "wire", "%7B", "{", "REQ_ERR_ENCODING");
-    meddle("escaped in vain", "wire", "kv_panel", "kv%5Fpanel", "REQ_ERR_ENCODING");
-    meddle("blank", "json", ",", ", ", "REQ_ERR_JSON");
-    meddle("broken", "json", "{", "[{", "REQ_ERR_JSON");
-    meddle("key twice", "json", "\"remark\"", "\"remark\":\"\",\"remark\"", "REQ_ERR_JSON");
-    meddle("keys out of order", "json", "\"remark\"", "\"zz\":\"\",\"remark\"", "REQ_ERR_JSON");
-    change("field missing", R"({"remark":null})", "REQ_ERR_FIELD");
-    change("field too many", R"({"more":""})", "REQ_ERR_FIELD");
-    change("another kind of field", R"({"remark":1})", "REQ_ERR_FIELD");
-    change("another program", R"({"soft_version":"kv_panel_v2"})", "REQ_ERR_FIELD");
-    change("another store", R"({"storeId":"405800100000000102"})", "REQ_ERR_STORE");
-    change("no ids", R"({"storeId":"","compId":"","deviceId":""})", "REQ_ERR_STORE");
-    change("another terminal's login", R"({"deviceId":"405800120000000002"})", "REQ_ERR_SESSION");
-    meddle("no login", "wire", "TOKEN", "", "REQ_ERR_SESSION");
-    change("another operator", R"({"operator":"@1101"})", "REQ_ERR_OPERATOR");
-    change("another creator", R"({"creater":"@1101"})", "REQ_ERR_OPERATOR");
-    meddle("not signed", "wire", "&signature=", "\n", "REQ_ERR_SIGNATURE");
-    meddle("signed in another order", "sign", "token timestamp", "timestamp token", "REQ_ERR_SIGNATURE");
-    meddle("quotation marks signed", "sign", "'", "\"", "REQ_ERR_SIGNATURE");
-    meddle("changed on the way", "wire", "remark%22%3A%22a", "remark%22%3A%22b", "REQ_ERR_SIGNATURE");
-    path = "/bba01/openMassRoom";
-    change("field that may be missing", R"({"isConn":1})", "200");
-    meddle("inner keys out of order", "json", "[\"", "[{\"b\":1,\"a\":2},\"", "REQ_ERR_JSON");
-    change("no list", R"({"cardids":"8070"})", "REQ_ERR_FIELD");
-    path = "/baa01/getHardCardList";
-    change("GET", "{}", "200");
-    meddle("GET with a body", "wire", "", "x", "REQ_ERR_BODY");
-    meddle("parameters out of order", "wire", "&limit=1&page=1", "&page=1&limit=1", "REQ_ERR_QUERY");
-    path = "/kvsystem/common/getSysApiReqUrls";
-    change("line list", R"({"storeId":"","compId":"","deviceId":""})", "200");
-    meddle("line list signed", "wire", "%7D\n", "%7D&signature=0123456789abcdef0123456789abcdef\n",
-           "REQ_ERR_SIGNATURE");
-    path = "/baa00/loginMod";
-    change("login", R"({"operator":"","creater":""})", "200");
-    meddle("login within a login", "wire", "POST\n", "POST\n0", "REQ_ERR_AUTHORIZATION");
-    path = "/bba01/cancelRoom";
-    const char* right = R"({"acode":["418838253703270403"]})";
-    change("right held", right, "200");
-    change("right not named", "{}", "REQ_ERR_ACODE");
-    change("another right named", R"({"acode":["405759234552369154"]})", "REQ_ERR_ACODE");
-    staff = "1101";
-    change("right not held", right, "AUTH_ERR_0002");
-    path = "/bba01/chgCleanRoom";
-    change("right by a field's value", R"({"acode":["405759234552369154"]})", "200");
-    change("right of its other value", R"({"isClean":0,"acode":["405759234552369154"]})", "REQ_ERR_ACODE");
-    staff = "901";
-    change("no right needed", R"({"isClean":2})", "200");
-    change("right named for nothing", R"({"isClean":2,"acode":[]})", "REQ_ERR_ACODE");
+    QTest::addColumn<QStringList>("cells");
+    const QString table = R"(
+1001 /bba01/setRemark | wire | REQ_ERR_METHOD | POST > GET
+1001 /bba01/setRemark | wire | REQ_ERR_CONTENT_TYPE | ;charset=UTF-8
+1001 /bba01/setRemark | wire | REQ_ERR_QUERY | ?timestamp > ?nonce=1&timestamp | &nonce > &once
+1001 /bba01/setRemark | wire | REQ_ERR_TIMESTAMP | timestamp= > timestamp=+
+1001 /bba01/setRemark | fields | REQ_ERR_TIMESTAMP | {"ts":"1770000001"}
+1001 /bba01/setRemark | fields | REQ_ERR_NONCE | {"nc":"0"}
+1001 /bba01/setRemark | wire | REQ_ERR_NONCE | nonce=0 > nonce= | nonce=0 > nonce=A
+1001 /bba01/setRemark | wire | REQ_ERR_ENCODING | %7B > %7b | %7B > { | kv_panel > kv%5Fpanel
+1001 /bba01/setRemark | json | REQ_ERR_JSON | ,"nc > , "nc | { > [{ | "remark" > "remark":"","remark" | "remark" > "zz":"","remark"
+1001 /bba01/setRemark | fields | REQ_ERR_FIELD | {"remark":null} | {"more":""} | {"remark":1} | {"soft_version":"kv_panel_v2"}
+1001 /bba01/setRemark | fields | REQ_ERR_STORE | {"storeId":"405800100000000102"} | {"storeId":"","compId":"","deviceId":""}
+1001 /bba01/setRemark | fields | REQ_ERR_SESSION | {"deviceId":"405800120000000002"}
+1001 /bba01/setRemark | wire | REQ_ERR_SESSION | TOKEN
+1001 /bba01/setRemark | fields | REQ_ERR_OPERATOR | {"operator":"@1101"} | {"creater":"@1101"}
+1001 /bba01/setRemark | wire | REQ_ERR_SIGNATURE | &signature= > \n | remark%22%3A%22a > remark%22%3A%22b
+1001 /bba01/setRemark | sign | REQ_ERR_SIGNATURE | token timestamp > timestamp token | ' > "
+1001 /bba01/openMassRoom | fields | 200 | {"isConn":1}
+1001 /bba01/openMassRoom | json | REQ_ERR_JSON | [" > [{"b":1,"a":2},"
+1001 /bba01/openMassRoom | fields | REQ_ERR_FIELD | {"cardids":"8070"}
+1001 /baa01/getHardCardList | wire | REQ_ERR_BODY |  > x
+1001 /baa01/getHardCardList | wire | REQ_ERR_QUERY | &limit=1&page=1 > &page=1&limit=1
+1001 /kvsystem/common/getSysApiReqUrls | fields | 200 | {"storeId":"","compId":"","deviceId":""}
+1001 /kvsystem/common/getSysApiReqUrls | wire | REQ_ERR_SIGNATURE | %7D\n > %7D&signature=0123456789abcdef0123456789abcdef\n
+1001 /baa00/loginMod | fields | 200 | {"operator":"","creater":""}
+1001 /baa00/loginMod | wire | REQ_ERR_AUTHORIZATION | POST\n > POST\n0
+1001 /bba01/cancelRoom | fields | 200 | {"acode":["418838253703270403"]}
+1001 /bba01/cancelRoom | fields | REQ_ERR_ACODE | {} | {"acode":["405759234552369154"]}
+1101 /bba01/cancelRoom | fields | AUTH_ERR_0002 | {"acode":["418838253703270403"]}
+1101 /bba01/chgCleanRoom | fields | 200 | {"acode":["405759234552369154"]}
+1101 /bba01/chgCleanRoom | fields | REQ_ERR_ACODE | {"isClean":0,"acode":["405759234552369154"]}
+901 /bba01/chgCleanRoom | fields | 200 | {"isClean":2}
+901 /bba01/chgCleanRoom | fields | REQ_ERR_ACODE | {"isClean":2,"acode":[]}
+)";
+    for (const QString& row : table.trimmed().split('\n'))
+        QTest::newRow(qPrintable(row)) << row.split(" | ");
 }
 
 void tst_house::refusals()
 {
-    QFETCH(QString, staff);
-    QFETCH(QString, path);
-    QFETCH(QByteArray, stage);
-    QFETCH(QString, from);
-    QFETCH(QString, to);
-    logIn(staff);
-    QTEST(send(path, stage, from, to), "code");
+    QFETCH(QStringList, cells);
+    logIn(cells.at(0).section(' ', 0, 0));
+    for (const QString& change : cells.mid(3))
+        QCOMPARE(change + send(cells.at(0).section(' ', 1), cells.at(1), change), change + cells.at(2));
 }
 
 void tst_house::noncesAreUsedOnce()
 {
     const QString post = "/bba01/setRemark";
-    const QString get = "/bba01/getRoomConsList";
+    const QString get = "/baa01/getHardCardList";
     const auto again = [&](const QString& path) { return --m_nonce, send(path); };
     QCOMPARE(send(post), "200");
     QVERIFY(m_house->holds.has(m_house->room("101").id, now)); // what it names is its caller's business
@@ -219,7 +181,7 @@ void tst_house::noncesAreUsedOnce()
     QCOMPARE(again(get), "REQ_ERR_NONCE");
     QCOMPARE(send(get), "200");
     QCOMPARE(again(get), "200"); // its answer got lost
-    QCOMPARE((--m_nonce, send(get, "fields", "", R"({"roomId":"$102"})")), "REQ_ERR_NONCE");
+    QCOMPARE((--m_nonce, send(get, "fields", R"({"status":2})")), "REQ_ERR_NONCE");
     m_house->nonces.markAnswered(QString::number(m_nonce).rightJustified(32, '0').toStdString());
     QCOMPARE(again(get), "REQ_ERR_NONCE");
     // A refused request hasn't used its nonce, and one whose time is refused by now need not be kept.
@@ -251,16 +213,15 @@ void tst_house::sessionsEnd()
 void tst_house::supervisorMustComeHimself()
 {
     logIn("1101");
-    const std::string device = m_session.deviceId;
     const QString asked = R"({"acode":["418838253703270403"],"authOperater":"@%1"})";
     const auto cancel = [&](const char* supervisor) {
-        return send("/bba01/cancelRoom", "fields", {}, asked.arg(supervisor));
+        return send("/bba01/cancelRoom", "fields", asked.arg(supervisor));
     };
     house::Sessions& sessions = m_house->sessions;
     QCOMPARE(cancel("1002"), "REQ_ERR_SUPERVISOR");
     sessions.vouch(m_house->staff("1002").id, "another terminal", now);
     QCOMPARE(cancel("1002"), "REQ_ERR_SUPERVISOR");
-    sessions.vouch(m_house->staff("1002").id, device, now - 301);
+    sessions.vouch(m_house->staff("1002").id, m_session.deviceId, now - 301);
     QCOMPARE(cancel("1002"), "REQ_ERR_SUPERVISOR");
     // He comes with a login of the kind that opens no session.
     const house::Reply reply =
@@ -269,7 +230,7 @@ void tst_house::supervisorMustComeHimself()
     QCOMPARE(cancel("1002"), "200");
     QCOMPARE(cancel("9999"), "REQ_ERR_SUPERVISOR");
     // One who has come but lacks the right himself: another is asked for.
-    sessions.vouch(m_house->staff("601").id, device, now);
+    sessions.vouch(m_house->staff("601").id, m_session.deviceId, now);
     QCOMPARE(cancel("601"), "AUTH_ERR_0002");
 }
 

@@ -2,8 +2,7 @@
 #include "src/Others.h"
 #include "src/state/RoomDesk.h"
 #include "src/state/ServiceClock.h"
-
-#include <QtTest>
+#include "support/Rows.h"
 
 #include <set>
 
@@ -16,9 +15,11 @@ class tst_house_services : public QObject
 {
     Q_OBJECT
 
+    using Queue = Rows<QString, QString, QString>;           ///< steps; who waits; who is called, "!" served
+    using Clocks = Rows<QString, int, QString, int, double>; ///< steps; state; lines; minutes left; booked
+
 private Q_SLOTS:
     void init() { m_house = std::make_unique<FurnishedHouse>(); }
-
     void queue_data();
     void queue();
     void clocks_data();
@@ -33,24 +34,19 @@ private:
     std::unique_ptr<FurnishedHouse> m_house;
 };
 
-void tst_house_services::queue_data()
+void tst_house_services::queue_data() // refused steps stand in brackets
 {
-    QTest::addColumn<QString>("steps"); // refused ones stand in brackets
-    QTest::addColumn<QString>("waiting");
-    QTest::addColumn<QString>("called"); // those being served with "!"
-    const auto row = [](const char* name, const char* steps, const char* waiting, const char* called) {
-        QTest::newRow(name) << steps << waiting << called;
-    };
-    row("order of call", "join 2,join 1,join 4,join 3,call 3,call 1,(call 1),(join 1),(cancel 1)", "2 4",
-        "3 1");
-    row("cancelled", "join 2,join 1,cancel 2,(cancel 2),(call 2)", "1", "");
-    row("a new call goes to the end", "join 1,join 2,(again 1),call 1,call 2,again 1", "", "2 1");
-    row("only the called pass", "join 1,(pass 1),call 1,pass 1,(pass 1),(again 1)", "", "");
-    row("passed and recalled", "join 1,(recall 1),call 1,pass 1,recall 1,(recall 1)", "", "1");
-    row("not done before served", "join 1,(serve 1),call 1,(done 1),serve 1,(pass 1),done 1,(done 1)", "", "");
-    row("own guest first", "join 1,join 2,call 1 601,call 2 602,serve next 602", "", "1 2!");
-    row("else the earliest",
-        "join 1,join 2,call 2 601,call 1 602,serve next 603,serve next 603,(serve next 603)", "", "2! 1!");
+    Queue::add({
+        {"order of call", "join 2,join 1,join 4,join 3,call 3,call 1,(call 1),(join 1),(cancel 1)", "2 4",
+         "3 1"},
+        {"cancelled", "join 2,join 1,cancel 2,(cancel 2),(call 2)", "1", ""},
+        {"a new call goes to the end", "join 1,join 2,(again 1),call 1,call 2,again 1", "", "2 1"},
+        {"passed", "join 1,(pass 1),(recall 1),call 1,pass 1,(pass 1),(again 1),recall 1,(recall 1)", "", "1"},
+        {"served", "join 1,(serve 1),call 1,(done 1),serve 1,(pass 1),done 1,(done 1)", "", ""},
+        {"own guest first", "join 1,join 2,call 1 601,call 2 602,serve next 602", "", "1 2!"},
+        {"else the earliest",
+         "join 1,join 2,call 2 601,call 1 602,serve next 603,serve next 603,(serve next 603)", "", "2! 1!"},
+    });
 }
 
 void tst_house_services::queue()
@@ -59,7 +55,7 @@ void tst_house_services::queue()
                                               {"again", "repeatCallInfo"},      {"cancel", "cacelWaitCall"},
                                               {"pass", "crossCallInfo"},        {"recall", "reCallHardCards"},
                                               {"serve", "startServerCallInfo"}, {"done", "completeWaitCall"}};
-    QFETCH(const QString, steps);
+    const auto& [name, steps, waiting, called] = Queue::current();
     m_house->state.calls = {};
     for (QString text : steps.split(',')) {
         const bool isRefused = text.startsWith('(');
@@ -79,38 +75,31 @@ void tst_house_services::queue()
         QCOMPARE(m_house->topics.filter("CALLDATA_").size(), reply.isGood() && isSpoken ? 1 : 0);
     }
     const json lists = m_house->told("/bca01/getHardCardCallList", json::object());
-    for (const auto& [name, column] :
-         {std::pair("waitCallInfos", "waiting"), std::pair("callInfos", "called")}) {
-        QStringList numbers;
-        for (const json& entry : lists[name])
-            numbers << QString(entry["cardNo"].get<std::string>().c_str()).right(1) +
-                           (entry["status"] == 3 ? "!" : "");
-        QTEST(numbers.join(' '), column);
+    for (const auto& [list, wanted] : {std::pair("waitCallInfos", waiting), std::pair("callInfos", called)}) {
+        QString numbers;
+        for (const json& entry : lists[list])
+            numbers +=
+                QString(" ") + entry["cardNo"].get<std::string>().back() + (entry["status"] == 3 ? "!" : "");
+        QCOMPARE(numbers.mid(1), wanted);
     }
 }
 
-void tst_house_services::clocks_data()
+void tst_house_services::clocks_data() // refused steps stand in brackets; lines count from 0, each minutes@kind
 {
-    QTest::addColumn<QString>("steps"); // refused ones stand in brackets; lines count from 0
-    QTest::addColumn<int>("workStatus");
-    QTest::addColumn<QString>("lines"); // minutes@kind of those that run
-    QTest::addColumn<int>("surplus");
-    QTest::addColumn<double>("amount"); // booked on the card beside what stood there
-    const auto row = [](auto name, auto steps, int status, auto lines, int surplus, double amount) {
-        QTest::newRow(name) << steps << status << lines << surplus << amount;
-    };
-    row("added after a while", "(add 60),start 60,wait 50,add 60", 2, "60@5 60@6", 70, 256);
-    row("overrun", "start 60,wait 75", 2, "60@5", -15, 128);
-    row("other item and kind", "start 60,add 60,change 1 90,kind 0 1", 2, "60@1 90@6", 150, 316);
-    row("back one", "start 60,add 90,back 0", 2, "90@6", 90, 188);
-    row("back all", "start 60,add 90,back 1,back 0,(back 0)", 1, "", 0, 0);
-    row("end", "start 60,add 90,end 0,(end 0),(back 0),(change 0 90),start 90", 2, "90@5", 90, 504);
-    row("card", "start 60,add 90,card,(card)", 2, "60@5 90@6", 150, 0);
+    Clocks::add({
+        {"added after a while", "(add 60),start 60,wait 50,add 60", 2, "60@5 60@6", 70, 256},
+        {"overrun", "start 60,wait 75", 2, "60@5", -15, 128},
+        {"other item and kind", "start 60,add 60,change 1 90,kind 0 1", 2, "60@1 90@6", 150, 316},
+        {"back one", "start 60,add 90,back 0", 2, "90@6", 90, 188},
+        {"back all", "start 60,add 90,back 1,back 0,(back 0)", 1, "", 0, 0},
+        {"end", "start 60,add 90,end 0,(end 0),(back 0),(change 0 90),start 90", 2, "90@5", 90, 504},
+        {"card", "start 60,add 90,card,(card)", 2, "60@5 90@6", 150, 0},
+    });
 }
 
 void tst_house_services::clocks()
 {
-    QFETCH(const QString, steps);
+    const auto& [name, steps, workStatus, wanted, surplus, amount] = Clocks::current();
     const double before = m_house->amountOn("8042");
     const Clock& clock = *m_house->state.clocks.find(m_house->staff("806").id);
     const std::map<QString, QString> paths = {{"start", "startServerWithoutOrder"},
@@ -143,10 +132,10 @@ void tst_house_services::clocks()
     QStringList running;
     for (const json& line : info["itemList"])
         running << QString("%1@%2").arg(line["times"].get<int>()).arg(line["type"].get<int>());
-    QTEST(info["staffInfo"]["workStatus"].get<int>(), "workStatus");
-    QTEST(running.join(' '), "lines");
-    QTEST(info["staffInfo"]["surplus"].get<int>(), "surplus");
-    QTEST(m_house->amountOn("8042") - before, "amount");
+    QCOMPARE(info["staffInfo"]["workStatus"].get<int>(), workStatus);
+    QCOMPARE(running.join(' '), wanted);
+    QCOMPARE(info["staffInfo"]["surplus"].get<int>(), surplus);
+    QCOMPARE(m_house->amountOn("8042") - before, amount);
 }
 
 void tst_house_services::meals()

@@ -73,8 +73,10 @@ void tst_sales_saves::roomsByTheirCards_data()
     QTest::addColumn<QString>("shown");
     QTest::newRow("the first") << QByteArray(R"({"cardlist":[{"cardno":"8001"},{"cardno":"8002"}]})") << "8001"
                                << "";
-    QTest::newRow("none") << QByteArray(R"({"cardlist":[]})") << "" << "error|当前房间无手牌";
-    QTest::newRow("refused") << QByteArray() << "" << "error|房间不存在 error|当前房间无手牌";
+    QTest::newRow("none") << QByteArray(R"({"cardlist":[]})") << ""
+                          << "error|当前房间无手牌";
+    QTest::newRow("refused") << QByteArray() << ""
+                             << "error|房间不存在 error|当前房间无手牌";
 }
 
 /// A house that doesn't book on rooms.
@@ -215,8 +217,10 @@ void tst_sales_saves::slipOfChargebacksAlone()
 {
     TerminalDto* terminal = GlobalConfig::getInstance()->terminalInfo();
     terminal->set_isChargebackPrint(true);
-    const QJsonObject reply{{"code", "200"}, {"data", QJsonObject{{"orderArea", "休息厅"}}},
-                            {"authNo", "1001"}, {"authName", "周国栋"}};
+    const QJsonObject reply{{"code", "200"},
+                            {"data", QJsonObject{{"orderArea", "休息厅"}}},
+                            {"authNo", "1001"},
+                            {"authName", "周国栋"}};
     m_terminal->house().answer(cardSave, reply);
     for (const bool isChargeback : {false, true}) {
         m_vm->selectArea("A1", "hall");

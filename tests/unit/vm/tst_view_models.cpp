@@ -76,7 +76,7 @@ private Q_SLOTS:
     void businessDay();
 
 private:
-    void present(bool isToStaff) const;
+    void present(bool isToStaff, const QByteArray& number) const;
 
     std::unique_ptr<RoomFixture> m_room;
     int m_staffLine = -1; ///< the other end of the staff reader's line
@@ -247,14 +247,14 @@ cards | 0 | staff
 }
 
 /// Presents a card to a reader.
-void tst_view_models::present(bool isToStaff) const
+void tst_view_models::present(bool isToStaff, const QByteArray& number) const
 {
     sockaddr_un hand{AF_UNIX, {}};
     qstrcpy(hand.sun_path, qgetenv("KV_SIM_HAND_SOCKET"));
     QTRY_VERIFY(QFile::exists(hand.sun_path)); // its thread has begun
     const int line = isToStaff ? ::dup(m_staffLine) : ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
     QVERIFY(isToStaff || ::connect(line, reinterpret_cast<sockaddr*>(&hand), sizeof hand) == 0);
-    const QByteArray card(isToStaff ? "0A1B2C3D\r\n" : "0A1B2C3D");
+    const QByteArray card = isToStaff ? number + "\r\n" : number;
     QCOMPARE(::write(line, card.data(), size_t(card.size())), ssize_t(card.size()));
     ::close(line);
 }
@@ -275,11 +275,11 @@ void tst_view_models::readers()
     {
         ReaderListener topReader(&top);
         (topReader.*listen)();
-        present(cells.at(2) == "staff");
+        present(cells.at(2) == "staff", "0A1B2C3D");
         QTRY_COMPARE(heard, QStringList{"top " + cells.at(2) + " 0A1B2C3D"});
     }
-    present(cells.at(2) == "staff");
-    QTRY_COMPARE(heard.mid(1), QStringList{" " + cells.at(2) + " 0A1B2C3D"});
+    present(cells.at(2) == "staff", "0A1B2C4E");
+    QTRY_COMPARE(heard.mid(1), QStringList{" " + cells.at(2) + " 0A1B2C4E"});
 }
 
 void tst_view_models::slipStamp()

@@ -2,13 +2,15 @@ import QtQuick 2.15
 import "../../js/Glyphs.js" as Glyphs
 
 // What became of a guest's card, to be read from two metres: a word, an icon, a colour, and whose it is or why. It fades
-// once there is none, and takes no taps.
+// once there is none; a tap sends it away.
 Rectangle {
     id: view
 
     property string answer: ""
     property string word: ""
     property string note: ""
+
+    signal dismissed()
 
     property string shown: "" // outlives the answer while it fades
 
@@ -27,6 +29,12 @@ Rectangle {
     Behavior on opacity {
         enabled: view.answer === ""
         NumberAnimation { duration: 400 }
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        enabled: view.answer !== ""
+        onClicked: view.dismissed()
     }
 
     Column {

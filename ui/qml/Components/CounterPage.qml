@@ -150,6 +150,7 @@ Item {
             answer: page.counter ? page.counter.answer : ""
             word: page.counter ? page.counter.answerWord : ""
             note: page.counter ? page.counter.answerText : ""
+            onDismissed: page.counter.clearAnswer()
         }
 
         PushButton {
