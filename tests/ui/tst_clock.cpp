@@ -17,6 +17,7 @@ namespace {
 
 const QString serviceTile = QStringLiteral("tile_STAFF_QTZ_CTRL");
 const QString timerTile = QStringLiteral("tile_NO_ITEM_SERVER");
+const QSet<QString> rights{"0324", "0303", "0314", "0319", "0316", "0304"}; // all on the clock
 const QString bookPath = QStringLiteral("/bca01/batchUpdateOrder");
 
 QJsonObject json(const QString& text) { return QJsonDocument::fromJson(text.toUtf8()).object(); }
@@ -24,13 +25,11 @@ QJsonObject json(const QString& text) { return QJsonDocument::fromJson(text.toUt
 /// So many items or running lines, with long names among them.
 QString many(int count)
 {
+    const QString row = R"({"name":"%1","itemName":"%1","itemId":"%2","orderId":"%2","times":60,"price":1288,
+        "unit":"钟","statusName":"轮  钟"})";
     QStringList rows;
     for (int i = 0; i < count; ++i)
-        rows.append(
-            QString(R"({"name":"%1","itemName":"%1","itemId":"%2","orderId":"%2","times":60,"price":1288,
-            "unit":"钟","statusName":"轮  钟"})")
-                .arg(i % 4 == 1 ? "至尊帝王足道草本熏蒸养生套餐" : "足疗90分钟")
-                .arg(i));
+        rows.append(row.arg(i % 4 == 1 ? "至尊帝王足道草本熏蒸养生套餐" : "足疗90分钟").arg(i));
     return '[' + rows.join(',') + ']';
 }
 
@@ -48,7 +47,6 @@ private Q_SLOTS:
         m_terminal.reset(new Terminal);
         QVERIFY(m_terminal->isUp());
     }
-    void cleanupTestCase() { m_terminal.reset(); }
     void cleanup()
     {
         m_terminal->house().reset();
@@ -90,9 +88,9 @@ private Q_SLOTS:
     {
         QFETCH(QStringList, row);
         WALKED(m_terminal->login(serviceTile, "803", "803").walk("+add_0"));
-        const QQuickItem* key = m_terminal->item("add_0");
-        QQuickWindow* window = key->window();
-        const QPoint at = place(key).center().toPoint();
+        look("DownServerPage");
+        QQuickWindow* window = m_terminal->item("add_0")->window();
+        const QPoint at = place(m_terminal->item("add_0")).center().toPoint();
         const QPoint end = at + QPoint(row[2].toInt(), 0);
         const auto press = [&] {
             QTest::touchEvent(window, m_touch).press(0, at, window);
@@ -121,28 +119,30 @@ private Q_SLOTS:
             " bookButton =success|操作成功 -Module6";
         WALKED(m_terminal->login(timerTile, "811", "811").walk(road));
         const QJsonArray lines = sent(bookPath)["items"].toArray();
-        QCOMPARE(lines.size(), 2);
         const char first[] = R"({"num":2,"staffNo":"811","pushNo":"802","type":5,"roomNo":"112"})";
-        QCOMPARE(unlike(lines[0].toObject(), first), QString());
+        QCOMPARE(unlike(lines[0].toObject(), first) + QString::number(lines.size()), QString("2"));
     }
 
-    void looks_data()
-    {
-        addRows("few ; 3 ; 1 ; 32 ; 剩余32分\n"
-                "many ; 60 ; 6 ; -125 ; 已超125分\n");
-    }
-    /// The time is the largest text there is, and the stop lies far from what adds.
+    /// In a crowd, too, the time is the largest text there is, and the stop lies far from what adds.
     void looks()
     {
-        QFETCH(QStringList, row);
-        showStaff(1, row, "UpServerPage", "server_1");
+        m_terminal->house().answer("/bda02/getStaffItemList", ok(json("{\"itemlist\":" + many(60) + "}")));
+        const auto show = [&](int workStatus, const QString& page, const QString& steps) {
+            const QString staff = R"({"staffInfo":{"id":"S","staffNo":"803","name":"张桂芳","surplus":-125,
+                "cardno":"8020","roomNo":"201","orderId":"0","type":1,"workStatus":%1},"itemList":%2})";
+            m_terminal->house().answer("/bda02/getStaffInfo", ok(json(staff.arg(workStatus).arg(many(6)))));
+            m_terminal->login(serviceTile, "803", "803").walk("-loginDlg");
+            m_terminal->act([] { GlobalConfig::getInstance()->setRights(rights); });
+            WALKED(m_terminal->walk("+" + page + " +server_2 " + steps).picture("clock-" + page));
+            look(page);
+        };
+        show(1, "UpServerPage", "server_1");
         WALKED(m_terminal->walk("returnButton -Module3"));
-        showStaff(2, row, "DownServerPage", "+refund_0 running_0 +change_0 ?surplusText.text=" + row[4]);
+        show(2, "DownServerPage", "+refund_0 running_0 +change_0 ?surplusText.text=已超125分");
 
         const QQuickItem* page = m_terminal->item("DownServerPage");
-        const double clearance = 20 * place(page).width() / 345; // mm, on the smallest panel that shops use
-        const QRectF stop =
-            place(m_terminal->item("stopButton")).adjusted(-clearance, -clearance, clearance, clearance);
+        const double gap = 20 * place(page).width() / 345; // mm, on the smallest panel that shops use
+        const QRectF stop = place(m_terminal->item("stopButton")).adjusted(-gap, -gap, gap, gap);
         QVERIFY(!stop.intersects(place(m_terminal->item("serverGrid"))));
         const double largest = m_terminal->property("surplusText", "paintedHeight").toDouble();
         for (const QQuickItem* text : page->findChildren<QQuickItem*>())
@@ -155,24 +155,9 @@ private Q_SLOTS:
 private:
     QJsonObject sent(const QString& path) { return m_terminal->house().lastRequest(path)["json"].toObject(); }
 
-    /// Shows the page to one who may do everything; all of it can be read and hit.
-    void showStaff(int workStatus, const QStringList& row, const QString& page, const QString& steps)
+    /// All of the page can be read and hit.
+    void look(const QString& page)
     {
-        const QString staff =
-            R"({"staffInfo":{"id":"S","staffNo":"803","name":"张桂芳","surplus":%1,"cardno":"8020",
-            "roomNo":"201","orderId":"0","type":1,"workStatus":%2},"itemList":%3})";
-        m_terminal->house().answer("/bda02/getStaffInfo",
-                                   ok(json(staff.arg(row[3]).arg(workStatus).arg(many(row[2].toInt())))));
-        m_terminal->house().answer("/bda02/getStaffItemList",
-                                   ok(json("{\"itemlist\":" + many(row[1].toInt()) + "}")));
-        const auto allow = [] {
-            GlobalConfig::getInstance()->setRights({"0324", "0303", "0314", "0319", "0316", "0304"});
-        };
-        WALKED(m_terminal->login(serviceTile, "803", "803")
-                   .walk("-loginDlg")
-                   .act(allow)
-                   .walk("+" + page + " +server_2 " + steps)
-                   .picture("clock-" + page + "-" + row[0]));
         const QQuickItem* item = m_terminal->item(page);
         const auto grab = item->window()->contentItem()->grabToImage();
         QVERIFY(grab && QSignalSpy(grab.data(), &QQuickItemGrabResult::ready).wait());
