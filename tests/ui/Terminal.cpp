@@ -11,7 +11,6 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QGuiApplication>
-#include <QJSValue>
 #include <QJsonDocument>
 #include <QQmlComponent>
 #include <QQmlContext>

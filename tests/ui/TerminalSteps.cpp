@@ -2,12 +2,9 @@
 
 #include "Terminal.h"
 
-#include "common/MyMessage.h"
 #include "inspect/ScreenItems.h"
 
-#include <QCoreApplication>
 #include <QJSValue>
-#include <QMouseEvent>
 #include <QProcess>
 #include <QQuickItem>
 #include <QQuickWindow>

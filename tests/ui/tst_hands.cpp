@@ -103,14 +103,12 @@ private Q_SLOTS:
     void messagesAreTapped()
     {
         int printed = 0;
-        const auto lose = [&] {
-            MyMessage::getInstance()->showErrorWithReprint("开房单打印失败", [&] { ++printed; });
-        };
+        const auto print = [&] { ++printed; };
         WALKED(m_terminal->ask("number", "请输入房间号")
                    .walk("+numKeyDlg")
                    .act([] { MyMessage::getInstance()->showError("请求失败"); })
                    .walk("messageText -messageText +numKeyDlg #7")
-                   .act(lose)
+                   .act([&] { MyMessage::getInstance()->showErrorWithReprint("打印失败", print); })
                    .tapTogether({"reprintButton", "reprintButton"})
                    .walk("-messageText ?inputLine.text=7 cancelButton -numKeyDlg")
                    .returned());

@@ -1,5 +1,6 @@
 // Whether the self-test notices what can't be read or hit.
 
+#include "Terminal.h"
 #include "inspect/Legibility.h"
 
 #include <QQmlComponent>
@@ -20,61 +21,43 @@ private Q_SLOTS:
     void faults();
 };
 
+// What stands on a white page ; what is found.
 void tst_legibility::faults_data()
 {
-    QTest::addColumn<QString>("item");
-    QTest::addColumn<QString>("fault");
-    QTest::newRow("readable") << "Text { text: 'abc'; font.pixelSize: 14; color: '#555' }"
-                              << "";
-    QTest::newRow("small") << "Text { text: 'abc'; font.pixelSize: 13 }"
-                           << "\"abc\" has 13 px";
-    QTest::newRow("shrunk") << "Text { text: 'abcdefgh'; width: 20; height: 30; font.pixelSize: 20; "
-                               "fontSizeMode: Text.Fit; minimumPixelSize: 2 }"
-                            << "\"abcdefgh\" has * px";
-    QTest::newRow("pale") << "Text { text: 'abc'; color: '#999' }"
-                          << "\"abc\" has a contrast of 2.8";
-    QTest::newRow("pale on a tile") << "Rectangle { width: 90; height: 40; color: '#27B2CA'; "
-                                       "Text { text: 'abc'; color: 'white' } }"
-                                    << "\"abc\" has a contrast of 2.5";
-    QTest::newRow("seen through") << "Text { text: 'abc'; color: '#333'; opacity: 0.55 }"
-                                  << "*has a contrast of *";
-    QTest::newRow("fading") << "Text { text: 'abc'; opacity: 0.2 }"
-                            << "";
-    QTest::newRow("of no use now") << "Text { text: 'abc'; color: '#999'; enabled: false }"
-                                   << "";
-    QTest::newRow("too wide") << "Text { text: 'abcdefgh'; width: 20 }"
-                              << "*is larger than its place";
-    QTest::newRow("too high") << "Text { text: 'ab cd ef gh'; width: 40; height: 20; wrapMode: Text.Wrap }"
-                              << "*is larger than its place";
-    QTest::newRow("cut off on purpose") << "Text { text: 'abcdefgh'; width: 40; elide: Text.ElideRight }"
-                                        << "";
-    QTest::newRow("glyph") << "Text { text: '\\ue800'; font.pixelSize: 9; color: '#eee' }"
-                           << "";
-    QTest::newRow("half off the screen") << "Text { x: 190; text: 'abc'; color: '#eee' }"
-                                         << "";
-    QTest::newRow("clipped") << "Item { width: 5; height: 5; clip: true; Text { text: 'abc'; color: '#eee' } }"
-                             << "";
-    QTest::newRow("target") << "MouseArea { objectName: 'key'; width: 47; height: 90 }"
-                            << "key is a target of 47 px";
-    QTest::newRow("reaching target")
-        << "Item { property bool isPressed; property int reach: 4; width: 40; height: 90 }"
-        << "";
-    QTest::newRow("target out of use") << "MouseArea { width: 9; height: 9; enabled: false }"
-                                       << "";
-    QTest::newRow("hidden") << "MouseArea { width: 9; height: 9; visible: false }"
-                            << "";
+    addRows(R"(
+readable ; Text { text: 'abc'; font.pixelSize: 14; color: '#555' } ;
+small ; Text { text: 'abc'; font.pixelSize: 13 } ; "abc" has 13 px
+shrunk ; Text { text: 'abcdefgh'; width: 20; height: 30; font.pixelSize: 20; fontSizeMode: Text.Fit; minimumPixelSize: 2 }
+    ; "abcdefgh" has * px
+pale ; Text { text: 'abc'; color: '#999' } ; "abc" has a contrast of 2.8
+pale on a tile ; Rectangle { width: 90; height: 40; color: '#27B2CA'; Text { text: 'abc'; color: 'white' } }
+    ; "abc" has a contrast of 2.5
+seen through ; Text { text: 'abc'; color: '#333'; opacity: 0.55 } ; *has a contrast of *
+fading ; Text { text: 'abc'; opacity: 0.2 } ;
+of no use now ; Text { text: 'abc'; color: '#999'; enabled: false } ;
+too wide ; Text { text: 'abcdefgh'; width: 20 } ; *is larger than its place
+too high ; Text { text: 'ab cd ef gh'; width: 40; height: 20; wrapMode: Text.Wrap } ; *is larger than its place
+cut off on purpose ; Text { text: 'abcdefgh'; width: 40; elide: Text.ElideRight } ;
+glyph ; Text { text: '\ue800'; font.pixelSize: 9; color: '#eee' } ;
+half off the screen ; Text { x: 190; text: 'abc'; color: '#eee' } ;
+clipped ; Item { width: 5; height: 5; clip: true; Text { text: 'abc'; color: '#eee' } } ;
+target ; MouseArea { objectName: 'key'; width: 47; height: 90 } ; key is a target of 47 px
+reaching target ; Item { property bool isPressed; property int reach: 4; width: 40; height: 90 } ;
+target out of use ; MouseArea { width: 9; height: 9; enabled: false } ;
+hidden ; MouseArea { width: 9; height: 9; visible: false } ;
+)");
 }
 
 void tst_legibility::faults()
 {
-    QFETCH(QString, item);
-    QFETCH(QString, fault);
+    QFETCH(QStringList, row);
+    const QString& fault = row.at(2);
     QQmlEngine engine;
     QQmlComponent component(&engine);
     component.setData(
         "import QtQuick 2.15\nimport QtQuick.Window 2.15\nWindow { width: 200; height: 200; visible: true\n"
         "Rectangle { anchors.fill: parent }\n" +
-            item.toUtf8() + " }",
+            row.at(1).toUtf8() + " }",
         {});
     const std::unique_ptr<QObject> made(component.create());
     auto* window = qobject_cast<QQuickWindow*>(made.get());

@@ -138,6 +138,34 @@ staff(6, {orderId: 'O', itemId: 'gone', type: 3}) | {"cust":true} | 点  钟* �
                  QString("1 error|当前技师状态发生变化; success|退钟成功"));
     }
 
+    /// The house books every kind, with a hand card and without; a technician who was stopped elsewhere is
+    /// told.
+    void kinds()
+    {
+        GlobalConfig* config = GlobalConfig::getInstance();
+        config->sysConfig()->set_custCanAssign(true);
+        m_terminal->house().config({{"custCanAssign", true}});
+        config->planConfig()->set_noAlarmType("1,2,3,4,5,6");
+        config->planConfig()->set_isPush(0);
+        config->js_assign_type = 1;
+        QStringList booked;
+        for (int number = 801, kind = 0; number <= 820 && kind < 6; ++number) {
+            const QString staffNo = QString::number(number);
+            open("UpServerVm", {}, staffNo);
+            if (told("[m.operStatus, p.isAssigned]") != "1,false")
+                continue;
+            const QString card = kind % 2 ? "p.getOrderInfo('', '8043');" : "";
+            QCOMPARE(told(QString("%1 p.pTypeModel.onChecked(%2); start()").arg(card).arg(kind)),
+                     QString("1 true success|起钟成功"));
+            open("DownServerVm", {}, staffNo);
+            booked.append(told("[show('pOnServerModel', 'typeName'), p.cardNo]"));
+            QCOMPARE(told("p.stopServer()"), QString("true success|停钟成功"));
+            QVERIFY(++kind < 6 || told("p.stopServer()").startsWith("false error|"));
+        }
+        m_terminal->house().config({{"custCanAssign", false}});
+        QCOMPARE(booked.join('|'), QString("点  钟,|选  钟,8043|CALL钟,|捡  钟,8043|轮  钟,|加  钟,8043"));
+    }
+
     void changes_data()
     {
         addRows(R"(
