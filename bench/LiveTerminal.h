@@ -18,7 +18,6 @@ class LiveTerminal
 public:
     LiveTerminal(int& argc, char** argv) : m_application(withoutScreen(argc), argv)
     {
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
         if (!isUp()) {
             std::fprintf(stderr, "no back end or no broker\n");
             return;
@@ -40,6 +39,7 @@ private:
     {
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qputenv("QT_QUICK_BACKEND", "software");
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
         return argc;
     }
 
