@@ -39,6 +39,12 @@ public:
     /// the fixture, store, user and terminal are the shared settings and the operator; the rest is in the
     /// script.
     QJSValue run(const QString& steps);
+    /// What the steps give, and what is shown meanwhile.
+    QString told(const QString& steps)
+    {
+        const QString value = run(steps).toString();
+        return (value + " " + takeShown().join("; ")).trimmed();
+    }
     /// The table's row: the page; the steps; what to look at in the end; what it says; what was shown.
     void check(const QStringList& row);
     /// Destroys p while the house works on this call, or while the user is asked when there is no path.

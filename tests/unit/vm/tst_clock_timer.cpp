@@ -84,9 +84,10 @@ began('?')        | 2,1,0 | true,0分钟,true,1,0 success|操作成功)");
         QFETCH(QStringList, cells);
         passedMinutes = 0;
         m_module.reset(m_terminal->page("Module6Vm"));
-        QCOMPARE(told("enter(" + cells[0] + ")"), cells[1]);
+        QCOMPARE(m_terminal->told("enter(" + cells[0] + ")"), cells[1]);
         m_page.reset(m_terminal->page("EndServerVm", "open()"));
-        QCOMPARE(told("[p.isEnabled, p.timeSpan, p.stopServer(), f.seen(status), f.seen(book)]"), cells[2]);
+        QCOMPARE(m_terminal->told("[p.isEnabled, p.timeSpan, p.stopServer(), f.seen(status), f.seen(book)]"),
+                 cells[2]);
     }
 
     void serviceTimes()
@@ -111,20 +112,21 @@ began('?')        | 2,1,0 | true,0分钟,true,1,0 success|操作成功)");
         m_module.reset(m_terminal->page("Module6Vm", "enter(began('20:00:00'))"));
         m_page.reset(m_terminal->page("EndServerVm", "open()"));
         passedMinutes = 119;
-        QCOMPARE(told("[p.stopServer(2), p.getOrderInfo('', '8001'), p.stopServer(2)]"),
+        QCOMPARE(m_terminal->told("[p.stopServer(2), p.getOrderInfo('', '8001'), p.stopServer(2)]"),
                  QString("false,true,false error|手牌号不能为空; error|请选择需要录入的项目"));
         m_terminal->run("sell(0); sell(0); sell(1); sell(2, {price: 6.5, num: 1, remark: '清蒸'}); sell(9);"
                         "p.addNum(1, 2); p.subNum(1, 1); p.pushNo = '802'; f.answer(book, null)");
         if (cells[0] == "lost")
             m_terminal->house().fault("/bca01/batchUpdateOrder", "drop");
-        QCOMPARE(told(cells[1] + "; end()"), cells[2]);
-        QCOMPARE(told("sent(status)"), QString(R"({"serverStatus":0,"staffId":"S"})"));
+        QCOMPARE(m_terminal->told(cells[1] + "; end()"), cells[2]);
+        QCOMPARE(m_terminal->told("sent(status)"), QString(R"({"serverStatus":0,"staffId":"S"})"));
         if (cells[0] != "booked") {
             QCOMPARE(m_terminal->takePrinted(), QString());
             m_terminal->reset();
             passedMinutes = 180;
-            QCOMPARE(told("f.answer(book, null); p.roomNo = '101'; [p.stopServer(2), f.seen(status)]"),
-                     QString("true,0 success|操作成功"));
+            QCOMPARE(
+                m_terminal->told("f.answer(book, null); p.roomNo = '101'; [p.stopServer(2), f.seen(status)]"),
+                QString("true,0 success|操作成功"));
         }
         QCOMPARE(m_terminal->sent("/bca01/batchUpdateOrder"),
                  QJsonDocument::fromJson(R"({"opType":2,"mode":0,"hardCardId":"C","items":[
@@ -144,13 +146,6 @@ began('?')        | 2,1,0 | true,0分钟,true,1,0 success|操作成功)");
     }
 
 private:
-    /// What the steps give, and what is said meanwhile.
-    QString told(const QString& steps)
-    {
-        const QString value = m_terminal->run(steps).toString();
-        return (value + " " + m_terminal->takeShown().join("; ")).trimmed();
-    }
-
     std::unique_ptr<RoomFixture> m_terminal;
     std::unique_ptr<QObject> m_module;
     std::unique_ptr<QObject> m_page;
